@@ -1,0 +1,62 @@
+#pragma once
+// The ".VT5" project file: one reader and one writer, exact mirrors of each other. The reader never
+// trusts a length or count beyond the bytes left, and returns an error text instead of throwing.
+#include "model/ProjectNode.h"
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+// The view's layout values stored at the head of the file.
+struct ProjectViewValues {
+    int32_t chartWidth1 = 200;
+    int32_t chartWidth2 = 200;
+    uint32_t maximized = 0;
+    std::array<int32_t, 4> windowRect{}; // left, top, right, bottom
+    uint32_t zoom = 20;
+};
+
+// Everything a project file holds. Owns its node list.
+struct ProjectContent {
+    ProjectViewValues view;
+    std::array<std::string, 10> assigneeHistory;
+    std::array<std::string, 10> remarkHistory;
+    CProjectNode* firstNode = nullptr;
+
+    ProjectContent() = default;
+    ~ProjectContent();
+    ProjectContent(ProjectContent&& other) noexcept;
+    ProjectContent& operator=(ProjectContent&& other) noexcept;
+    ProjectContent(const ProjectContent&) = delete;
+    ProjectContent& operator=(const ProjectContent&) = delete;
+
+    // Hands the node list to the caller, who then owns it.
+    CProjectNode* ReleaseNodes();
+};
+
+enum class ReadStatus {
+    Ok,
+    // Zoom outside 5..50 or no nodes: the content is the one-node replacement document, and the
+    // caller shows "Falsches Dateiformat!".
+    WrongFormat,
+    // The file ends early or holds a length/count beyond its size: nothing usable was read.
+    Error,
+};
+
+struct ReadResult {
+    ReadStatus status = ReadStatus::Ok;
+    std::string what;  // what was being read when the error happened, in German
+    uint64_t offset = 0;
+    // A German message naming the file, what was being read and the byte offset.
+    std::string Message(const std::string& path) const;
+};
+
+ReadResult ReadProject(std::span<const uint8_t> bytes, ProjectContent& out);
+std::vector<uint8_t> WriteProject(const ProjectContent& content);
+// Writes the same bytes for a list the caller owns (the document's own list).
+std::vector<uint8_t> WriteProject(const ProjectViewValues& view,
+                                  const std::array<std::string, 10>& assigneeHistory,
+                                  const std::array<std::string, 10>& remarkHistory,
+                                  const CProjectNode* firstNode);

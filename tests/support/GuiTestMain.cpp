@@ -1,0 +1,14 @@
+// Test entry point for the widget tests: one QApplication on the platform ctest selects (offscreen).
+#include <QApplication>
+#include <ctime>
+#include "support/TestEnvironment.h"
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    testenv::Pin();
+    QApplication app(argc, argv);
+    tzset();
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

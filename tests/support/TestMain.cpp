@@ -1,0 +1,15 @@
+// Test entry point for the Qt-free tests: pins the German locale and takes it as the application
+// does at start-up (Qt calls setlocale(LC_ALL, "")), so number and time code is tested under it.
+#include <clocale>
+#include <ctime>
+#include "support/TestEnvironment.h"
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    testenv::Pin();
+    std::setlocale(LC_ALL, "");
+    tzset();
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
