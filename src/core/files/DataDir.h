@@ -1,0 +1,10 @@
+#pragma once
+// Where "Feiertage.dat" and "Bearbeiter.dat" live: $VELTO_DATA_DIR when set, else the per-user
+// application data directory ($XDG_DATA_HOME/kolvarin/Velto5, by default ~/.local/share/kolvarin/Velto5).
+#include <string>
+
+std::string DataDirectory();
+// Creates the directory (and its parents) when missing; false when that fails.
+bool EnsureDataDirectory();
+std::string HolidayFilePath();  // DataDirectory() + "/Feiertage.dat"
+std::string AssigneeFilePath(); // DataDirectory() + "/Bearbeiter.dat"

@@ -1,0 +1,26 @@
+#pragma once
+// "Feiertage.dat": the user's holidays and vacation days, shared by all projects. A token file:
+// every value followed by a carriage return, no line feeds; blanks in names stored as "#~*".
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct CHoliday {
+    int day = 1;
+    int month = 1;
+    int year = 1970;
+    int color = 0xDCFFDC; // COLORREF of the day column, red in the low byte
+    std::string name;     // Windows-1252; an empty name comes back from the file as one blank
+    bool yearly = false;  // stored as "JA" / "NEIN"
+};
+
+// Parses the file's bytes. An entry cut short by the end of the file is dropped, as is the last
+// entry of a file whose last token has no separator after it.
+std::vector<CHoliday> ParseHolidays(std::string_view bytes);
+// The file's bytes for these entries, in the given order.
+std::string FormatHolidays(const std::vector<CHoliday>& entries);
+
+// Reads the file; a missing or unreadable file gives an empty list.
+std::vector<CHoliday> LoadHolidays(const std::string& path);
+// Moves the old file to "Feiertage.bak" (replacing it) and writes the new one. False on failure.
+bool SaveHolidays(const std::string& path, const std::vector<CHoliday>& entries);
