@@ -47,9 +47,13 @@ enum class ReadStatus {
 
 struct ReadResult {
     ReadStatus status = ReadStatus::Ok;
-    std::string what;  // what was being read when the error happened, in German
-    uint64_t offset = 0;
-    // A German message naming the file, what was being read and the byte offset.
+    std::string what;    // what was being read when the error happened, in German
+    uint64_t offset = 0; // where that field begins
+    // Bytes after the last node record. The program has always ignored them; they do not survive
+    // a save.
+    uint64_t trailingBytes = 0;
+    // Error: a German message naming the file, what was being read and the byte offset.
+    // WrongFormat: "Falsches Dateiformat!". Ok: empty.
     std::string Message(const std::string& path) const;
 };
 

@@ -1,0 +1,483 @@
+#include "document/ProjectFile.h"
+
+#include "model/Cp1252.h"
+#include "model/NodeList.h"
+#include "text/DefaultNote.h"
+
+#include <bit>
+#include <cstring>
+#include <utility>
+
+namespace {
+
+// Smallest encoded sizes of the repeated records; a count that the bytes left cannot hold is
+// refused before anything is built. A node has 32 four-byte fields (its three list counts
+// included) and five strings of at least one byte.
+constexpr uint64_t kMinNodeBytes = 32 * 4 + 5;
+constexpr uint64_t kMinHoursBytes = 3 * 4 + 2;
+constexpr uint64_t kMinCostBytes = 4 * 4 + 2;
+
+// The order of the fields, written once for both directions: the reader's archive fills the
+// fields, the writer's archives measure or store them. The names are the reader's, for its error
+// texts.
+template <class Archive, class View> void ViewFields(Archive& ar, View& view) {
+    ar.Field(view.chartWidth1, "Diagrammbreite 1");
+    ar.Field(view.chartWidth2, "Diagrammbreite 2");
+    ar.Field(view.maximized, "Maximiert-Kennzeichen");
+    ar.Field(view.windowRect[0], "Fensterposition links");
+    ar.Field(view.windowRect[1], "Fensterposition oben");
+    ar.Field(view.windowRect[2], "Fensterposition rechts");
+    ar.Field(view.windowRect[3], "Fensterposition unten");
+    ar.Field(view.zoom, "Zoomstufe");
+}
+
+template <class Archive, class Node> void NodeFields(Archive& ar, Node& node) {
+    ar.Field(node.m_nKind, "Knotenart");
+    ar.Field(node.m_strTitle, "Titel");
+    ar.Field(node.m_nLevel, "Ebene");
+    ar.Field(node.m_bDone, "Erledigt-Kennzeichen");
+    ar.Field(node.m_bSelected, "Auswahl-Kennzeichen");
+    ar.Field(node.m_bVisible, "Sichtbar-Kennzeichen");
+    ar.Field(node.m_bExpanded, "Aufgeklappt-Kennzeichen");
+    ar.Field(node.m_timeStart, "Startzeit");
+    ar.Field(node.m_timeDue, "Fälligkeit");
+    ar.Field(node.m_strNote, "Notiz");
+    ar.Field(node.m_timeReminder, "Erinnerungszeit");
+    ar.Field(node.m_strFontName, "Schriftart");
+    ar.Field(node.m_crColor, "Farbe");
+    ar.Field(node.m_bStrikeOut, "Durchgestrichen-Kennzeichen");
+    ar.Field(node.m_bBold, "Fett-Kennzeichen");
+    ar.Field(node.m_bItalic, "Kursiv-Kennzeichen");
+    ar.Field(node.m_bUnderline, "Unterstrichen-Kennzeichen");
+    ar.Field(node.m_fHoursPlanned, "Kalkulierte Stunden");
+    ar.Field(node.m_fHoursNeeded, "Benötigte Stunden");
+    ar.Field(node.m_fHourlyRate, "Stundensatz");
+    ar.Field(node.m_fCostPlanned, "Kalkulierte Kosten");
+    ar.Field(node.m_fCostNeeded, "Benötigte Kosten");
+    ar.Field(node.m_timeCreated, "Erstellt");
+    ar.Field(node.m_timeChanged, "Letzte Änderung");
+    ar.Field(node.m_timeDone, "Erledigt am");
+    ar.Field(node.m_nRemind1, "Erinnerungswert 1");
+    ar.Field(node.m_nRemind2, "Erinnerungswert 2");
+    ar.Field(node.m_nRemind3, "Erinnerungswert 3");
+    ar.Field(node.m_nRemind4, "Erinnerungswert 4");
+    ar.Field(node.m_nRemind5, "Erinnerungswert 5");
+    ar.Field(node.m_timeRemind1, "Erinnerungszeit 1");
+    ar.Field(node.m_timeRemind2, "Erinnerungszeit 2");
+    ar.Field(node.m_strText2, "Text 2");
+    ar.Field(node.m_strResponsible, "Verantwortlich");
+}
+
+struct HoursFields {
+    template <class Archive, class Entry> void operator()(Archive& ar, Entry& entry) const {
+        ar.Field(entry.m_time1, "Tag");
+        ar.Field(entry.m_time2, "Beginn");
+        ar.Field(entry.m_time3, "Ende");
+        ar.Field(entry.m_str1, "Bearbeiter");
+        ar.Field(entry.m_str2, "Bemerkung");
+    }
+};
+
+// Quantity before unit price: the file has always had them in this order.
+struct CostFields {
+    template <class Archive, class Entry> void operator()(Archive& ar, Entry& entry) const {
+        ar.Field(entry.m_timeDate, "Datum");
+        ar.Field(entry.m_fQuantity, "Anzahl");
+        ar.Field(entry.m_fUnitPrice, "Einzelpreis");
+        ar.Field(entry.m_fAmount, "Summe");
+        ar.Field(entry.m_str1, "Bearbeiter");
+        ar.Field(entry.m_str2, "Bemerkung");
+    }
+};
+
+template <class Link> uint32_t CountLinks(const Link* head) {
+    uint32_t count = 0;
+    for (; head; head = head->m_pNext)
+        ++count;
+    return count;
+}
+
+// ---- Reading ----
+
+// Where the reader is, for the error text: a header field, a field of node n, or a field of an
+// entry of some list (a history pair, an hours or cost entry), inside node n or not.
+struct Place {
+    uint32_t node = 0; // 1-based; 0 outside the node records
+    const char* list = nullptr;
+    uint32_t entry = 0; // 1-based
+};
+
+std::string Describe(const char* field, const Place& place) {
+    std::string text = field;
+    if (place.list)
+        text += std::string(" von ") + place.list + " " + std::to_string(place.entry);
+    if (place.node)
+        text += (place.list ? " in Knoten " : " von Knoten ") + std::to_string(place.node);
+    return text;
+}
+
+// Windows-1252 has no character beyond the Basic Multilingual Plane, so a surrogate pair, like a
+// lone surrogate, becomes one "?".
+std::string Utf16ToCp1252(const uint8_t* data, uint64_t units) {
+    std::string text;
+    text.reserve(units);
+    for (uint64_t i = 0; i < units; ++i) {
+        const char16_t unit = char16_t(data[2 * i] | data[2 * i + 1] << 8);
+        const bool high = unit >= 0xD800 && unit <= 0xDBFF;
+        if (high && i + 1 < units) {
+            const char16_t next = char16_t(data[2 * i + 2] | data[2 * i + 3] << 8);
+            if (next >= 0xDC00 && next <= 0xDFFF)
+                ++i;
+        }
+        text += char(cp1252::FromUnicode(unit).value_or('?'));
+    }
+    return text;
+}
+
+// Reads little-endian values from the bytes of a file. A failed read records the first failure
+// (what was being read and where it began) and moves to the end, so that every later read fails
+// too and the caller can finish its loops without checking each field.
+class ArchiveReader {
+public:
+    explicit ArchiveReader(std::span<const uint8_t> bytes) : m_data(bytes.data()), m_size(bytes.size()) {}
+
+    Place place;
+
+    bool Failed() const { return m_failed; }
+    uint64_t Left() const { return m_size - m_pos; }
+    const std::string& What() const { return m_what; }
+    uint64_t FailedAt() const { return m_failedAt; }
+
+    void Field(uint32_t& value, const char* name) { value = U32(name); }
+    void Field(int32_t& value, const char* name) { value = int32_t(U32(name)); }
+    void Field(float& value, const char* name) { value = std::bit_cast<float>(U32(name)); }
+    void Field(CTime& value, const char* name) { value = CTime(U32(name)); }
+    void Field(std::string& value, const char* name);
+
+    // A count of records that each take at least minRecordBytes; 0 after a failure.
+    uint32_t Count(const char* name, uint64_t minRecordBytes) {
+        const uint64_t start = m_pos;
+        const uint32_t count = U32(name);
+        if (count > Left() / minRecordBytes) {
+            Fail(name, start);
+            return 0;
+        }
+        return count;
+    }
+
+    // Also used for a check made after the fact: the node count is weighed against the bytes left
+    // only once the histories behind it are read.
+    void Fail(const char* name, uint64_t at) {
+        if (!m_failed) {
+            m_failed = true;
+            m_what = Describe(name, place);
+            m_failedAt = at;
+        }
+        m_pos = m_size;
+    }
+    uint64_t Offset() const { return m_pos; }
+
+private:
+    template <class T> bool Take(T& value) {
+        if (Left() < sizeof(T))
+            return false;
+        uint64_t assembled = 0;
+        for (size_t i = 0; i < sizeof(T); ++i)
+            assembled |= uint64_t(m_data[m_pos + i]) << (8 * i);
+        value = T(assembled);
+        m_pos += sizeof(T);
+        return true;
+    }
+
+    uint32_t U32(const char* name) {
+        const uint64_t start = m_pos;
+        uint32_t value = 0;
+        if (!Take(value))
+            Fail(name, start);
+        return value;
+    }
+
+    bool TakeLength(uint64_t& length, bool& wide);
+
+    const uint8_t* m_data;
+    uint64_t m_size;
+    uint64_t m_pos = 0;
+    bool m_failed = false;
+    std::string m_what;
+    uint64_t m_failedAt = 0;
+};
+
+// The archive's length prefix: one byte below 0xFF; else a 16-bit length below 0xFFFF; else a
+// 32-bit length below 0xFFFFFFFF; else a 64-bit length. A 16-bit 0xFFFE in place of the length
+// marks a UTF-16 string: a second prefix of the same kind follows and counts 16-bit units; in
+// that second prefix 0xFFFE is an ordinary length.
+bool ArchiveReader::TakeLength(uint64_t& length, bool& wide) {
+    uint8_t byte = 0;
+    if (!Take(byte))
+        return false;
+    if (byte < 0xFF) {
+        length = byte;
+        return true;
+    }
+    uint16_t word = 0;
+    if (!Take(word))
+        return false;
+    if (word == 0xFFFE && !wide) {
+        wide = true;
+        return TakeLength(length, wide);
+    }
+    if (word < 0xFFFF) {
+        length = word;
+        return true;
+    }
+    uint32_t dword = 0;
+    if (!Take(dword))
+        return false;
+    if (dword < 0xFFFFFFFF) {
+        length = dword;
+        return true;
+    }
+    return Take(length);
+}
+
+void ArchiveReader::Field(std::string& value, const char* name) {
+    const uint64_t start = m_pos;
+    uint64_t length = 0;
+    bool wide = false;
+    if (!TakeLength(length, wide) || length > (wide ? Left() / 2 : Left())) {
+        Fail(name, start);
+        return;
+    }
+    const uint8_t* data = m_data + m_pos;
+    if (wide) {
+        value = Utf16ToCp1252(data, length);
+        m_pos += 2 * length;
+    } else {
+        value.assign(reinterpret_cast<const char*>(data), length);
+        m_pos += length;
+    }
+}
+
+template <class Entry, class Fields>
+Entry* LoadEntries(ArchiveReader& reader, const char* countName, const char* listName, uint64_t minBytes,
+                   Fields fields) {
+    const uint32_t count = reader.Count(countName, minBytes);
+    Entry* head = nullptr;
+    Entry** tail = &head;
+    reader.place.list = listName;
+    for (uint32_t i = 0; i < count && !reader.Failed(); ++i) {
+        reader.place.entry = i + 1;
+        *tail = new Entry;
+        fields(reader, **tail);
+        tail = &(*tail)->m_pNext;
+    }
+    reader.place.list = nullptr;
+    return head;
+}
+
+void LoadHistories(ArchiveReader& reader, ProjectContent& content) {
+    reader.place.list = "Verlaufseintrag";
+    for (size_t i = 0; i < content.assigneeHistory.size(); ++i) {
+        reader.place.entry = uint32_t(i + 1);
+        reader.Field(content.assigneeHistory[i], "Bearbeiter");
+        reader.Field(content.remarkHistory[i], "Bemerkung");
+    }
+    reader.place.list = nullptr;
+}
+
+void LoadNodes(ArchiveReader& reader, uint32_t count, ProjectContent& content) {
+    // Asking the C library for local time per node would dominate a large load.
+    const NodeDefaults defaults = NodeDefaults::Current();
+    CProjectNode* last = nullptr;
+    for (uint32_t i = 0; i < count && !reader.Failed(); ++i) {
+        reader.place.node = i + 1;
+        auto* node = new CProjectNode(defaults);
+        // Linked before it is filled, so that a failure part-way frees it with the rest.
+        node->m_pPrev = last;
+        (last ? last->m_pNext : content.firstNode) = node;
+        last = node;
+        NodeFields(reader, *node);
+        node->m_pHours = LoadEntries<CHoursEntry>(reader, "Anzahl der Stundeneinträge", "Stundeneintrag",
+                                                  kMinHoursBytes, HoursFields{});
+        node->m_pCosts = LoadEntries<CCostEntry>(reader, "Anzahl der kalkulierten Kosteneinträge",
+                                                 "Kosteneintrag (kalkuliert)", kMinCostBytes, CostFields{});
+        node->m_pCosts2 = LoadEntries<CCostEntry>(reader, "Anzahl der benötigten Kosteneinträge",
+                                                  "Kosteneintrag (benötigt)", kMinCostBytes, CostFields{});
+    }
+    reader.place.node = 0;
+}
+
+// What a file with an implausible header opens as: one root node with the raw note template.
+void MakeReplacementDocument(ProjectContent& content) {
+    content.view.zoom = 20;
+    content.view.chartWidth1 = 200;
+    content.view.chartWidth2 = 200;
+    auto* root = new CProjectNode(NodeDefaults::Current());
+    root->m_strNote = DefaultNoteTemplate("Arial");
+    content.firstNode = root;
+}
+
+// ---- Writing ----
+
+uint64_t LengthPrefixSize(uint64_t length) {
+    if (length < 0xFF)
+        return 1;
+    if (length < 0xFFFE)
+        return 3;
+    if (length < 0xFFFFFFFF)
+        return 7;
+    return 15;
+}
+
+// Measures what StoreArchive will write, so that the output is allocated once.
+class SizeArchive {
+public:
+    uint64_t size = 0;
+    template <class Scalar> void Field(const Scalar&, const char* = nullptr) { size += 4; }
+    void Field(const std::string& value, const char* = nullptr) {
+        size += LengthPrefixSize(value.size()) + value.size();
+    }
+};
+
+class StoreArchive {
+public:
+    explicit StoreArchive(uint8_t* out) : m_out(out) {}
+
+    void Field(uint32_t value, const char* = nullptr) { Put(value); }
+    void Field(int32_t value, const char* = nullptr) { Put(uint32_t(value)); }
+    void Field(float value, const char* = nullptr) { Put(std::bit_cast<uint32_t>(value)); }
+    void Field(CTime value, const char* = nullptr) { Put(value.GetTime()); }
+    void Field(const std::string& value, const char* = nullptr) {
+        const uint64_t length = value.size();
+        if (length < 0xFF) {
+            Put(uint8_t(length));
+        } else if (length < 0xFFFE) {
+            Put(uint8_t(0xFF));
+            Put(uint16_t(length));
+        } else if (length < 0xFFFFFFFF) {
+            Put(uint8_t(0xFF));
+            Put(uint16_t(0xFFFF));
+            Put(uint32_t(length));
+        } else {
+            Put(uint8_t(0xFF));
+            Put(uint16_t(0xFFFF));
+            Put(uint32_t(0xFFFFFFFF));
+            Put(length);
+        }
+        std::memcpy(m_out, value.data(), length);
+        m_out += length;
+    }
+
+private:
+    template <class T> void Put(T value) {
+        for (size_t i = 0; i < sizeof(T); ++i)
+            *m_out++ = uint8_t(uint64_t(value) >> (8 * i));
+    }
+    uint8_t* m_out;
+};
+
+template <class Archive, class Entry, class Fields>
+void StoreEntries(Archive& ar, const Entry* head, Fields fields) {
+    ar.Field(CountLinks(head));
+    for (; head; head = head->m_pNext)
+        fields(ar, *head);
+}
+
+template <class Archive>
+void StoreProject(Archive& ar, const ProjectViewValues& view,
+                  const std::array<std::string, 10>& assigneeHistory,
+                  const std::array<std::string, 10>& remarkHistory, const CProjectNode* firstNode) {
+    ViewFields(ar, view);
+    ar.Field(CountLinks(firstNode));
+    for (size_t i = 0; i < assigneeHistory.size(); ++i) {
+        ar.Field(assigneeHistory[i]);
+        ar.Field(remarkHistory[i]);
+    }
+    for (const CProjectNode* node = firstNode; node; node = node->m_pNext) {
+        NodeFields(ar, *node);
+        StoreEntries(ar, node->m_pHours, HoursFields{});
+        StoreEntries(ar, node->m_pCosts, CostFields{});
+        StoreEntries(ar, node->m_pCosts2, CostFields{});
+    }
+}
+
+} // namespace
+
+ProjectContent::~ProjectContent() {
+    FreeNodeList(firstNode);
+}
+
+ProjectContent::ProjectContent(ProjectContent&& other) noexcept
+    : view(other.view), assigneeHistory(std::move(other.assigneeHistory)),
+      remarkHistory(std::move(other.remarkHistory)), firstNode(other.ReleaseNodes()) {}
+
+ProjectContent& ProjectContent::operator=(ProjectContent&& other) noexcept {
+    if (this != &other) {
+        FreeNodeList(firstNode);
+        view = other.view;
+        assigneeHistory = std::move(other.assigneeHistory);
+        remarkHistory = std::move(other.remarkHistory);
+        firstNode = other.ReleaseNodes();
+    }
+    return *this;
+}
+
+CProjectNode* ProjectContent::ReleaseNodes() {
+    return std::exchange(firstNode, nullptr);
+}
+
+std::string ReadResult::Message(const std::string& path) const {
+    switch (status) {
+    case ReadStatus::Ok:
+        return {};
+    case ReadStatus::WrongFormat:
+        return "Falsches Dateiformat!";
+    case ReadStatus::Error:
+        break;
+    }
+    return "Die Datei \"" + path + "\" kann nicht geöffnet werden: sie ist unvollständig oder beschädigt.\n" +
+           "Fehler beim Lesen von: " + what + " (Byte " + std::to_string(offset) + ").";
+}
+
+ReadResult ReadProject(std::span<const uint8_t> bytes, ProjectContent& out) {
+    ArchiveReader reader(bytes);
+    ProjectContent content;
+    ReadResult result;
+    ViewFields(reader, content.view);
+    const uint64_t countAt = reader.Offset();
+    uint32_t nodeCount = 0;
+    reader.Field(nodeCount, "Knotenanzahl");
+    if (!reader.Failed() && (nodeCount == 0 || content.view.zoom < 5 || content.view.zoom > 50)) {
+        MakeReplacementDocument(content);
+        result.status = ReadStatus::WrongFormat;
+    } else {
+        LoadHistories(reader, content);
+        if (nodeCount > reader.Left() / kMinNodeBytes)
+            reader.Fail("Knotenanzahl", countAt);
+        LoadNodes(reader, nodeCount, content);
+        result.trailingBytes = reader.Left();
+    }
+    if (reader.Failed()) {
+        // Nothing of a damaged file is kept: the document is not opened.
+        out = ProjectContent{};
+        return {ReadStatus::Error, reader.What(), reader.FailedAt(), 0};
+    }
+    out = std::move(content);
+    return result;
+}
+
+std::vector<uint8_t> WriteProject(const ProjectViewValues& view,
+                                  const std::array<std::string, 10>& assigneeHistory,
+                                  const std::array<std::string, 10>& remarkHistory,
+                                  const CProjectNode* firstNode) {
+    SizeArchive measure;
+    StoreProject(measure, view, assigneeHistory, remarkHistory, firstNode);
+    std::vector<uint8_t> bytes(measure.size);
+    StoreArchive store(bytes.data());
+    StoreProject(store, view, assigneeHistory, remarkHistory, firstNode);
+    return bytes;
+}
+
+std::vector<uint8_t> WriteProject(const ProjectContent& content) {
+    return WriteProject(content.view, content.assigneeHistory, content.remarkHistory, content.firstNode);
+}
