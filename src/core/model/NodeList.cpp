@@ -1,0 +1,354 @@
+#include "model/NodeList.h"
+
+#include "document/Prompter.h"
+#include "model/Cp1252.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+#include <vector>
+
+namespace {
+
+// Level arithmetic on levels read from a file must not overflow; an out-of-range result sticks to
+// the nearest int.
+int ShiftedLevel(int level, int64_t delta) {
+    return int(std::clamp<int64_t>(int64_t(level) + delta, INT_MIN, INT_MAX));
+}
+
+CProjectNode* LastNode(CProjectNode* node) {
+    while (node && node->m_pNext)
+        node = node->m_pNext;
+    return node;
+}
+
+// The nearest node before node whose row is shown; the head when none is.
+CProjectNode* NearestVisiblePredecessor(CProjectNode* first, CProjectNode* node) {
+    for (CProjectNode* p = node->m_pPrev; p; p = p->m_pPrev) {
+        if (p->m_bVisible)
+            return p;
+    }
+    return first;
+}
+
+// Unlinks the run from..last out of its list; the run keeps its inner links.
+void UnlinkRun(CProjectNode* from, CProjectNode* last) {
+    if (from->m_pPrev)
+        from->m_pPrev->m_pNext = last->m_pNext;
+    if (last->m_pNext)
+        last->m_pNext->m_pPrev = from->m_pPrev;
+    from->m_pPrev = nullptr;
+    last->m_pNext = nullptr;
+}
+
+std::string ToUtf8(const std::string& bytes) {
+    return cp1252::ToUtf8(bytes);
+}
+
+void SetProjectNodesExpanded(CProjectNode* first, int expanded) {
+    for (CProjectNode* p = first; p; p = p->m_pNext) {
+        if (p->m_nKind == KIND_PROJECT)
+            p->m_bExpanded = expanded;
+    }
+    RecomputeVisibility(first);
+}
+
+} // namespace
+
+int CountNodes(const CProjectNode* first) {
+    int count = 0;
+    for (; first; first = first->m_pNext)
+        ++count;
+    return count;
+}
+
+CProjectNode* CurrentNode(CProjectNode* first) {
+    for (; first; first = first->m_pNext) {
+        if (first->m_bSelected)
+            return first;
+    }
+    return nullptr;
+}
+
+bool HasChildren(const CProjectNode* node) {
+    return node && node->m_pNext && node->m_pNext->m_nLevel > node->m_nLevel;
+}
+
+CProjectNode* SubtreeEnd(CProjectNode* node) {
+    if (!node)
+        return nullptr;
+    CProjectNode* p = node->m_pNext;
+    while (p && p->m_nLevel > node->m_nLevel)
+        p = p->m_pNext;
+    return p;
+}
+
+CProjectNode* SubtreeLast(CProjectNode* node) {
+    CProjectNode* last = node;
+    while (last && last->m_pNext && last->m_pNext->m_nLevel > node->m_nLevel)
+        last = last->m_pNext;
+    return last;
+}
+
+void FreeNodeList(CProjectNode* first) {
+    while (first) {
+        CProjectNode* next = first->m_pNext;
+        delete first;
+        first = next;
+    }
+}
+
+CProjectNode* DeepCopyList(const CProjectNode* first) {
+    CProjectNode* head = nullptr;
+    CProjectNode* tail = nullptr;
+    for (; first; first = first->m_pNext) {
+        CProjectNode* copy = first->CloneUnlinked();
+        copy->m_pPrev = tail;
+        (tail ? tail->m_pNext : head) = copy;
+        tail = copy;
+    }
+    return head;
+}
+
+void RecomputeVisibility(CProjectNode* first) {
+    // The chain of open ancestors, shallowest first, with whether each one shows its children.
+    struct Ancestor {
+        int level;
+        bool showsChildren;
+    };
+    std::vector<Ancestor> ancestors;
+    for (CProjectNode* p = first; p; p = p->m_pNext) {
+        while (!ancestors.empty() && ancestors.back().level >= p->m_nLevel)
+            ancestors.pop_back();
+        const bool visible = ancestors.empty() || ancestors.back().showsChildren;
+        p->m_bVisible = visible ? 1 : 0;
+        ancestors.push_back({p->m_nLevel, visible && p->m_bExpanded});
+    }
+}
+
+void ExpandAncestors(CProjectNode* first, CProjectNode* node) {
+    if (!node)
+        return;
+    int level = node->m_nLevel;
+    for (CProjectNode* p = node->m_pPrev; p; p = p->m_pPrev) {
+        if (p->m_nLevel < level) {
+            p->m_bExpanded = 1;
+            level = p->m_nLevel;
+        }
+    }
+    RecomputeVisibility(first);
+}
+
+void SelectOnly(CProjectNode* first, CProjectNode* node) {
+    for (CProjectNode* p = first; p; p = p->m_pNext)
+        p->m_bSelected = (p == node) ? 1 : 0;
+}
+
+void CollapseAllProjects(CProjectNode* first) {
+    SetProjectNodesExpanded(first, 0);
+    SelectOnly(first, first);
+}
+
+void ExpandAllProjects(CProjectNode* first) {
+    SetProjectNodesExpanded(first, 1);
+}
+
+CProjectNode* CreateChildNode(CProjectNode* first, const std::string& defaultNote, Prompter& prompter,
+                              const std::function<void()>& beforeChange) {
+    CProjectNode* parent = CurrentNode(first);
+    if (!parent)
+        return nullptr;
+    if (parent->m_nKind != KIND_PROJECT) {
+        prompter.Tell("Neue Knoten sind nur unter Projektknoten möglich.", ToUtf8(parent->m_strTitle),
+                      PromptIcon::Warning);
+        return nullptr;
+    }
+    if (beforeChange)
+        beforeChange();
+    parent->m_bExpanded = 1;
+    parent->m_bSelected = 0;
+
+    auto* child = new CProjectNode(NodeDefaults::Current());
+    child->m_nLevel = ShiftedLevel(parent->m_nLevel, 1);
+    child->m_strNote = defaultNote;
+    child->m_pPrev = parent;
+    child->m_pNext = parent->m_pNext;
+    if (parent->m_pNext)
+        parent->m_pNext->m_pPrev = child;
+    parent->m_pNext = child;
+    // Expanding a collapsed parent shows its older children again.
+    RecomputeVisibility(first);
+    return child;
+}
+
+bool DeleteCurrentNode(CProjectNode* first, Prompter& prompter, const std::function<void()>& beforeChange) {
+    CProjectNode* node = CurrentNode(first);
+    if (!node)
+        return false;
+    if (node == first) {
+        prompter.Tell("Erster Knoten kann nicht gelöscht werden!", Prompter::kCaption, PromptIcon::Warning);
+        return false;
+    }
+    const std::string title = ToUtf8(node->m_strTitle);
+    const std::string question =
+        HasChildren(node) ? "Möchten Sie den Knoten '" + title + "' inkl. aller Unterknoten löschen?"
+                          : "Möchten Sie den Knoten '" + title + "' löschen?";
+    if (!prompter.AskYesNo("Löschen bestätigen", question))
+        return false;
+    if (beforeChange)
+        beforeChange();
+
+    CProjectNode* successor = NearestVisiblePredecessor(first, node);
+    UnlinkRun(node, SubtreeLast(node));
+    SelectOnly(first, successor);
+    FreeNodeList(node);
+    return true;
+}
+
+void SpliceChainBefore(CProjectNode*& first, CProjectNode* target, CProjectNode* chainFirst) {
+    if (!target || !chainFirst)
+        return;
+    const int64_t delta = int64_t(target->m_nLevel) - chainFirst->m_nLevel;
+    for (CProjectNode* p = chainFirst; p; p = p->m_pNext)
+        p->m_nLevel = ShiftedLevel(p->m_nLevel, delta);
+
+    CProjectNode* chainLast = LastNode(chainFirst);
+    CProjectNode* before = target->m_pPrev;
+    chainFirst->m_pPrev = before;
+    chainLast->m_pNext = target;
+    target->m_pPrev = chainLast;
+    if (before)
+        before->m_pNext = chainFirst;
+    if (target == first)
+        first = chainFirst;
+}
+
+// The sort works on positions in the list. A sibling group is every node of one level up to the
+// next shallower node; its members' subtrees tile one contiguous segment of the list, and sorting
+// the group only permutes those subtrees. Groups nest (a group lies inside one member's subtree of
+// an enclosing group) or are disjoint, so every group can be sorted on its own: the step-by-step
+// sort the program always had moves the first later sibling with a strictly better key in front of
+// the current node and restarts, which is an insertion of strictly better keys only, hence a
+// stable sort of each group, and it reaches the same order.
+namespace {
+
+struct SortPlan {
+    std::vector<CProjectNode*> nodes;
+    std::vector<size_t> subtreeEnd; // position after each node's subtree
+    std::vector<size_t> groupOf;    // each node's sibling group
+    std::vector<size_t> groupStart; // members of group g: members[groupStart[g] .. groupStart[g + 1])
+    std::vector<size_t> members;    // positions, grouped, sorted within each group
+    std::vector<size_t> segmentEnd; // position after the last member's subtree, per group
+};
+
+std::vector<size_t> SubtreeEnds(const std::vector<CProjectNode*>& nodes) {
+    // The first later position whose level is not deeper, found with a stack of candidates.
+    std::vector<size_t> end(nodes.size());
+    std::vector<size_t> candidates;
+    for (size_t i = nodes.size(); i-- > 0;) {
+        while (!candidates.empty() && nodes[candidates.back()]->m_nLevel > nodes[i]->m_nLevel)
+            candidates.pop_back();
+        end[i] = candidates.empty() ? nodes.size() : candidates.back();
+        candidates.push_back(i);
+    }
+    return end;
+}
+
+// Numbers the sibling groups in order of their first member; returns the number of groups.
+size_t AssignGroups(SortPlan& plan) {
+    struct OpenGroup {
+        int level;
+        size_t group;
+    };
+    std::vector<OpenGroup> open; // strictly increasing levels
+    size_t count = 0;
+    plan.groupOf.resize(plan.nodes.size());
+    for (size_t i = 0; i < plan.nodes.size(); ++i) {
+        const int level = plan.nodes[i]->m_nLevel;
+        while (!open.empty() && open.back().level > level)
+            open.pop_back();
+        if (open.empty() || open.back().level != level)
+            open.push_back({level, count++});
+        plan.groupOf[i] = open.back().group;
+    }
+    return count;
+}
+
+void CollectMembers(SortPlan& plan, size_t groupCount) {
+    plan.groupStart.assign(groupCount + 1, 0);
+    for (size_t g : plan.groupOf)
+        ++plan.groupStart[g + 1];
+    for (size_t g = 0; g < groupCount; ++g)
+        plan.groupStart[g + 1] += plan.groupStart[g];
+    std::vector<size_t> fill(plan.groupStart.begin(), plan.groupStart.end() - 1);
+    plan.members.resize(plan.nodes.size());
+    for (size_t i = 0; i < plan.nodes.size(); ++i)
+        plan.members[fill[plan.groupOf[i]]++] = i;
+    plan.segmentEnd.resize(groupCount);
+    for (size_t g = 0; g < groupCount; ++g)
+        plan.segmentEnd[g] = plan.subtreeEnd[plan.members[plan.groupStart[g + 1] - 1]];
+}
+
+void SortGroups(SortPlan& plan, bool byDue, bool ascending) {
+    std::vector<uint32_t> key(plan.nodes.size());
+    for (size_t i = 0; i < plan.nodes.size(); ++i)
+        key[i] = (byDue ? plan.nodes[i]->m_timeDue : plan.nodes[i]->m_timeStart).GetTime();
+    const auto before = [&](size_t a, size_t b) { return ascending ? key[a] < key[b] : key[a] > key[b]; };
+    for (size_t g = 0; g + 1 < plan.groupStart.size(); ++g) {
+        const auto begin = plan.members.begin() + std::ptrdiff_t(plan.groupStart[g]);
+        const auto end = plan.members.begin() + std::ptrdiff_t(plan.groupStart[g + 1]);
+        std::stable_sort(begin, end, before);
+    }
+}
+
+// The positions in their new order. Walks the tree with an explicit stack, because a file may
+// nest deeper than the call stack could follow.
+std::vector<size_t> NewOrder(const SortPlan& plan) {
+    std::vector<size_t> order;
+    order.reserve(plan.nodes.size());
+    std::vector<size_t> pending; // positions still to emit, next on top
+    std::vector<size_t> groups;
+    const auto pushSegment = [&](size_t begin, size_t end) {
+        groups.clear();
+        for (size_t p = begin; p < end; p = plan.segmentEnd[plan.groupOf[p]])
+            groups.push_back(plan.groupOf[p]);
+        for (auto g = groups.rbegin(); g != groups.rend(); ++g) {
+            for (size_t m = plan.groupStart[*g + 1]; m-- > plan.groupStart[*g];)
+                pending.push_back(plan.members[m]);
+        }
+    };
+    pushSegment(0, plan.nodes.size());
+    while (!pending.empty()) {
+        const size_t i = pending.back();
+        pending.pop_back();
+        order.push_back(i);
+        pushSegment(i + 1, plan.subtreeEnd[i]);
+    }
+    return order;
+}
+
+void Relink(CProjectNode*& first, const SortPlan& plan, const std::vector<size_t>& order) {
+    CProjectNode* prev = nullptr;
+    for (size_t i : order) {
+        CProjectNode* node = plan.nodes[i];
+        node->m_pPrev = prev;
+        (prev ? prev->m_pNext : first) = node;
+        prev = node;
+    }
+    if (prev)
+        prev->m_pNext = nullptr;
+}
+
+} // namespace
+
+void SortSiblingsByDate(CProjectNode*& first, bool byDue, bool ascending) {
+    SortPlan plan;
+    for (CProjectNode* p = first; p; p = p->m_pNext)
+        plan.nodes.push_back(p);
+    if (plan.nodes.size() < 2)
+        return;
+    plan.subtreeEnd = SubtreeEnds(plan.nodes);
+    CollectMembers(plan, AssignGroups(plan));
+    SortGroups(plan, byDue, ascending);
+    Relink(first, plan, NewOrder(plan));
+}
