@@ -1,0 +1,176 @@
+#pragma once
+// The chart window of a project: draws the timeline of the host's document into a back buffer,
+// and handles selection, editing, divider and node drags, scrolling and the node clipboard.
+#include "chart/ChartCalendar.h"
+#include "chart/ChartHost.h"
+#include "chart/ChartLayout.h"
+#include "chart/ChartRows.h"
+#include "document/CVeltoDoc.h"
+
+#include <QPixmap>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+class QPushButton;
+class QScrollBar;
+
+class CGrafik : public QWidget, public CDocObserver {
+    Q_OBJECT
+
+public:
+    // Codes of the vertical scroll handler; SB_REFRESH only recounts the rows and redraws.
+    enum ScrollCode {
+        SB_LINEUP = 0,
+        SB_LINEDOWN = 1,
+        SB_PAGEUP = 2,
+        SB_PAGEDOWN = 3,
+        SB_THUMBPOSITION = 4,
+        SB_REFRESH = 10,
+    };
+    // What the left button is dragging (m_dragMode).
+    enum DragMode {
+        DRAG_NONE = -1,
+        DRAG_HORIZONTAL_DIVIDER = 0,
+        DRAG_VERTICAL_DIVIDER = 1,
+        DRAG_PRESSED = 2,  // a row was pressed; the next move turns this into DRAG_HELD
+        DRAG_ROW_LINE = 3, // the mouse left the pressed row: the line marks where the node would land
+        DRAG_HELD = 4,     // the button is held on the pressed row
+        DRAG_MOVING = 5,   // the undo copy is taken and the node is being moved
+    };
+    static constexpr int kCalendarRange = 730;
+    static constexpr int kCalendarToday = 365;
+    static constexpr int kTimerMs = 250;
+
+    explicit CGrafik(QWidget* parent = nullptr);
+    ~CGrafik() override;
+
+    // Attaches the chart to the host's document (the chart observes it to know when to reindex).
+    void SetHost(CChartHost* host);
+    // Stops observing the document; call it before the document goes away if the chart outlives it.
+    void DetachDocument();
+    void SetOptions(const ChartOptions& options) { m_options = options; }
+    const ChartOptions& Options() const { return m_options; }
+    void SetHolidays(const std::vector<CHoliday>& holidays) {
+        m_holidays = chartcal::HolidayCalendar(holidays);
+    }
+    // The clock that decides today and late tasks; tests fix it.
+    void SetClock(std::function<CTime()> clock);
+    // The host's note pane: placed below the horizontal divider and moved with it.
+    void SetNotePane(QWidget* pane);
+    // While set, the chart is drawn for paper: from the selected node on, without the selection frame.
+    void SetPrinting(bool printing) { m_printing = printing; }
+
+    // The view values stored in the project file. Chart width 1 is the x of the vertical divider
+    // (the width of the row text column), chart width 2 the height of the note area below the
+    // horizontal divider. Neither is bounded here; drawing clamps them to the window.
+    int ChartWidth1() const { return m_chartWidth1; }
+    void SetChartWidth1(int width) { m_chartWidth1 = width; }
+    int ChartWidth2() const { return m_chartWidth2; }
+    void SetChartWidth2(int width) { m_chartWidth2 = width; }
+    // Row height and indentation unit (the zoom); kept within the 5..50 a project file may hold.
+    int FontSize() const { return m_fontSize; }
+    void SetFontSize(int fontSize);
+    int FirstRow() const { return m_firstRow; }
+    int CalendarPos() const { return m_calendarPos; }
+    void SetCalendarPos(int position);
+    int DragMode() const { return m_dragMode; }
+    bool ClickPending() const { return m_clickPending; }
+    ChartLayout Layout() const { return LayoutFor(size()); }
+
+    // Rebuilds the back buffer from the document and schedules a paint that copies it.
+    void ZeichneAllesNeu();
+    // Draws the timeline for a target of this size; false (after "Fehler Drucken!") when printing
+    // finds no selected node.
+    bool RenderTimeline(QPainter& painter, QSize size);
+    const QPixmap& BackBuffer() const { return m_buffer; }
+
+    void OnVScroll(int code, int thumbPosition = 0);
+    // Scrolls the row list so that the selected node's row is shown (after a go-to-node).
+    void ScrollToSelection();
+    // Forgets the row index; the next redraw rebuilds it. Called on every document update.
+    void InvalidateRows() { m_rows.Invalidate(); }
+    // One step of the drag timer: scrolls while a node is held above the first or below the last row.
+    void OnDragTimer();
+
+    void OnDocumentUpdated(CVeltoDoc& doc) override;
+
+public slots:
+    void OnEditCopy();
+    void OnEditCut();
+    void OnEditPaste();
+    void OnJumpToToday();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    ChartLayout LayoutFor(QSize size) const;
+    CProjectNode* First() const;
+    void RefreshRows();
+    int Today() const;
+    void PlaceChildren(const ChartLayout& layout);
+    void ShowChartControls();
+    void Tell(const char* text);
+
+    void PressAt(QPoint pos);
+    bool PressOnDivider(const ChartLayout& layout, QPoint pos);
+    void PressOnRow(const ChartLayout& layout, QPoint pos);
+    void FollowDrag(const ChartLayout& layout, QPoint pos);
+    void ApplyDrag();
+    void DropNode(int lineY);
+    void UpdateHoverCursor(const ChartLayout& layout, QPoint pos);
+    struct RowHit {
+        CProjectNode* node = nullptr;
+        int row = -1;          // index in the row index
+        bool onMarker = false; // on the expand/collapse marker of a node with children
+    };
+    RowHit HitRow(const ChartLayout& layout, QPoint pos) const;
+
+    void ToggleExpanded(CProjectNode* node);
+    void MoveSelection(bool down);
+    void SelectAndShow(CProjectNode* node);
+    void ScrollRowIntoView(int row);
+    void AfterSelectionChange();
+    void AfterTreeChange();
+    void PublishOutline(const CProjectNode* chain);
+
+    CChartHost* m_host = nullptr;
+    CVeltoDoc* m_doc = nullptr;
+    ChartOptions m_options;
+    chartcal::HolidayCalendar m_holidays;
+    std::function<CTime()> m_clock;
+    ChartRows m_rows;
+    QPixmap m_buffer;
+
+    QScrollBar* m_rowScroll = nullptr;      // 131
+    QScrollBar* m_calendarScroll = nullptr; // 132
+    QPushButton* m_todayButton = nullptr;   // 136
+    QPointer<QWidget> m_notePane;
+    QTimer m_dragTimer;
+
+    int m_fontSize = 20;
+    int m_chartWidth1 = 200;
+    int m_chartWidth2 = 200;
+    int m_firstRow = 0;
+    int m_calendarPos = kCalendarToday;
+    bool m_printing = false;
+
+    int m_dragMode = DRAG_NONE;
+    int m_dragLinePos = -1;
+    int m_pressedRow = -1;
+    bool m_clickPending = false;
+    bool m_leftDown = false;
+    QPoint m_lastMouse;
+    int m_wheelRemainder = 0;
+};

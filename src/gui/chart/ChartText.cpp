@@ -1,0 +1,48 @@
+#include "chart/ChartText.h"
+
+#include "model/Cp1252.h"
+
+namespace {
+
+// " «» " in Windows-1252.
+constexpr std::string_view kResponsibleSeparator = "\x20\xAB\xBB\x20";
+
+} // namespace
+
+std::string ChartDatePrefix(const CProjectNode& node, int mode) {
+    switch (mode) {
+    case DATE_PREFIX_START:
+        return node.m_timeStart.Format("%d.%m.%Y: ");
+    case DATE_PREFIX_DUE:
+        return node.m_timeDue.Format("%d.%m.%y: ");
+    case DATE_PREFIX_BOTH:
+        return node.m_timeStart.Format("%d.%m.%y-") + node.m_timeDue.Format("%d.%m.%y: ");
+    default:
+        return {};
+    }
+}
+
+std::string ResponsibleShortCode(const std::string& responsible) {
+    const size_t separator = responsible.rfind(kResponsibleSeparator);
+    if (separator == std::string::npos)
+        return responsible;
+    return responsible.substr(separator + kResponsibleSeparator.size());
+}
+
+std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool showResponsible) {
+    std::string text = ChartDatePrefix(node, datePrefixMode);
+    if (showResponsible) {
+        const std::string code = ResponsibleShortCode(node.m_strResponsible);
+        if (!code.empty())
+            text += "[" + code + "] ";
+    }
+    return text + node.m_strTitle;
+}
+
+QString ChartQString(std::string_view cp1252Bytes) {
+    QString text;
+    text.reserve(qsizetype(cp1252Bytes.size()));
+    for (const char byte : cp1252Bytes)
+        text += QChar(char16_t(cp1252::ToUnicode(static_cast<unsigned char>(byte))));
+    return text;
+}

@@ -1,0 +1,24 @@
+#pragma once
+// The texts the chart shows for a node, built in Windows-1252 like the model, and their conversion
+// to QString at the boundary.
+#include "model/ProjectNode.h"
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+// Date prefix modes of the setting "Datum".
+enum : int { DATE_PREFIX_NONE = 0, DATE_PREFIX_START = 1, DATE_PREFIX_DUE = 2, DATE_PREFIX_BOTH = 3 };
+
+// "15.11.2026: " (start alone, four-digit year on purpose), "20.11.26: " (due alone) or
+// "15.11.26-20.11.26: " (both); empty for any other mode.
+std::string ChartDatePrefix(const CProjectNode& node, int mode);
+// The short code of a responsible person stored as name + " «» " + short code: the text after the
+// last separator; a text without the separator is all short code.
+std::string ResponsibleShortCode(const std::string& responsible);
+// The row text: date prefix, then "[short code] " when shown and set, then the title.
+std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool showResponsible);
+
+// Windows-1252 bytes to a QString, lossless for all 256 byte values.
+QString ChartQString(std::string_view cp1252Bytes);
