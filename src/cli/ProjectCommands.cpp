@@ -1,0 +1,147 @@
+#include "ProjectCommands.h"
+
+#include "CliFiles.h"
+#include "ProjectJson.h"
+#include "document/ProjectFile.h"
+#include "model/ProjectNode.h"
+
+#include <array>
+#include <ostream>
+
+namespace {
+
+// Reads a project as the program opens it and tells err what went wrong. Returns kExitOk,
+// kExitFileError (content empty) or kExitWrongFormat (content is the replacement document).
+int LoadProject(const std::string& path, ProjectContent& content, ReadResult& result, std::ostream& err) {
+    std::vector<uint8_t> bytes;
+    std::string error;
+    if (!ReadWholeFile(path, bytes, error)) {
+        err << error << '\n';
+        return kExitFileError;
+    }
+    result = ReadProject(bytes, content);
+    switch (result.status) {
+    case ReadStatus::Ok:
+        return kExitOk;
+    case ReadStatus::WrongFormat:
+        err << path << ": " << result.Message(path) << '\n';
+        return kExitWrongFormat;
+    case ReadStatus::Error:
+        break;
+    }
+    err << result.Message(path) << '\n';
+    return kExitFileError;
+}
+
+int Save(const ProjectContent& content, const std::string& path, std::ostream& err) {
+    std::string error;
+    if (!WriteFileSafely(path, WriteProject(content), error)) {
+        err << error << '\n';
+        return kExitFileError;
+    }
+    return kExitOk;
+}
+
+struct Totals {
+    std::array<int, 4> kinds{}; // project nodes, tasks, notes, milestones
+    int otherKinds = 0;
+    int nodes = 0;
+    int doneTasks = 0;
+    int hours = 0;
+    int costsCalculated = 0;
+    int costsNeeded = 0;
+};
+
+template <class Entry> int CountEntries(const Entry* head) {
+    int count = 0;
+    for (; head; head = head->m_pNext)
+        ++count;
+    return count;
+}
+
+Totals Count(const CProjectNode* first) {
+    Totals totals;
+    for (const CProjectNode* node = first; node; node = node->m_pNext) {
+        ++totals.nodes;
+        if (node->m_nKind >= 0 && node->m_nKind < int(totals.kinds.size()))
+            ++totals.kinds[node->m_nKind];
+        else
+            ++totals.otherKinds;
+        if (node->m_nKind == KIND_TASK && node->m_bDone)
+            ++totals.doneTasks;
+        totals.hours += CountEntries(node->m_pHours);
+        totals.costsCalculated += CountEntries(node->m_pCosts);
+        totals.costsNeeded += CountEntries(node->m_pCosts2);
+    }
+    return totals;
+}
+
+void PrintInfo(const std::string& path, const ProjectContent& content, const ReadResult& result,
+               std::ostream& out) {
+    const ProjectViewValues& view = content.view;
+    const Totals totals = Count(content.firstNode);
+    out << "Datei: " << path << '\n';
+    out << "Diagrammbreiten: " << view.chartWidth1 << ", " << view.chartWidth2 << '\n';
+    out << "Fenster (links, oben, rechts, unten): " << view.windowRect[0] << ", " << view.windowRect[1]
+        << ", " << view.windowRect[2] << ", " << view.windowRect[3]
+        << "; maximiert: " << (view.maximized ? "ja" : "nein") << '\n';
+    out << "Zoomstufe: " << view.zoom << '\n';
+    out << "Knoten: " << totals.nodes << " (Projektknoten " << totals.kinds[KIND_PROJECT] << ", Aufgaben "
+        << totals.kinds[KIND_TASK] << ", Notizen " << totals.kinds[KIND_NOTE] << ", Meilensteine "
+        << totals.kinds[KIND_MILESTONE];
+    if (totals.otherKinds)
+        out << ", unbekannte Art " << totals.otherKinds;
+    out << ")\n";
+    out << "Erledigte Aufgaben: " << totals.doneTasks << '\n';
+    out << "Stundeneinträge: " << totals.hours << '\n';
+    out << "Kosteneinträge: " << totals.costsCalculated << " kalkuliert, " << totals.costsNeeded
+        << " benötigt\n";
+    if (result.trailingBytes)
+        out << "Ungelesene Bytes am Dateiende: " << result.trailingBytes << '\n';
+}
+
+} // namespace
+
+int RunInfo(const std::string& path, std::ostream& out, std::ostream& err) {
+    ProjectContent content;
+    ReadResult result;
+    const int status = LoadProject(path, content, result, err);
+    if (status != kExitFileError)
+        PrintInfo(path, content, result, out);
+    return status;
+}
+
+int RunDump(const std::string& path, std::ostream& out, std::ostream& err) {
+    ProjectContent content;
+    ReadResult result;
+    const int status = LoadProject(path, content, result, err);
+    if (status != kExitFileError)
+        out << ProjectToJson(content);
+    return status;
+}
+
+int RunBuild(const std::string& jsonPath, const std::string& outPath, std::ostream&, std::ostream& err) {
+    std::vector<uint8_t> text;
+    std::string error;
+    if (!ReadWholeFile(jsonPath, text, error)) {
+        err << error << '\n';
+        return kExitFileError;
+    }
+    ProjectContent content;
+    if (!ProjectFromJson(std::string_view(reinterpret_cast<const char*>(text.data()), text.size()), content,
+                         error)) {
+        err << jsonPath << ": " << error << '\n';
+        return kExitFileError;
+    }
+    return Save(content, outPath, err);
+}
+
+int RunResave(const std::string& inPath, const std::string& outPath, std::ostream&, std::ostream& err) {
+    ProjectContent content;
+    ReadResult result;
+    const int status = LoadProject(inPath, content, result, err);
+    if (status == kExitFileError)
+        return status;
+    const int saved = Save(content, outPath, err);
+    return saved == kExitOk ? status : saved;
+}
