@@ -43,6 +43,9 @@ public:
     // The first half of "save as": releases the lock of the current path (unless read-only) and
     // lets a read-only document be saved under the name the user picks next.
     void PrepareSaveAs();
+    // When the user cancels the file dialog of "save as": clears m_bSaveAsPending, which would
+    // otherwise let a plain save overwrite a file opened read-only, and takes the lock back.
+    void CancelSaveAs();
     // True when the document may be closed; false when running clocks were clocked out and the
     // document stays open so that the new hours can be saved.
     bool OnCloseDocument();
@@ -80,6 +83,23 @@ public:
     bool m_bSaveAsPending = false;
 
 private:
+    enum class LockState {
+        Held,     // this document created the lock file
+        NotHeld,  // the lock file could not be created (told); the file opens for writing anyway
+        ReadOnly, // someone else holds the lock and the user chose read-only
+        Declined, // someone else holds the lock and the user chose not to open
+    };
+    LockState AcquireLock(const std::string& path);
+    LockState AskAboutForeignLock(const std::string& path, const std::string& lockPath,
+                                  const std::string& holder);
+    // (Re)writes the lock file of path; false after telling the user why it failed.
+    bool WriteLock(const std::string& path);
+    // After a failed "save as": the lock written for the new name goes, the old one comes back.
+    void AbandonSaveAs(const std::string& failedPath);
+    void TakeContent(ProjectContent&& content);
+    void DeleteContents();
+    void TellError(const std::string& text);
+
     Prompter& m_prompter;
     FileSystem* m_fs;
     std::unique_ptr<FileSystem> m_ownFs;

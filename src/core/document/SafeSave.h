@@ -1,0 +1,30 @@
+#pragma once
+// Saving a project so that the last good state survives any single failure: the new content goes
+// to a temporary file beside the project and onto the disk first; only then do the backups rotate
+// (.BK3 → .BK4 … .BK0 → .BK1, the project → .BK0) and the temporary file take the project's place.
+#include "document/FileSystem.h"
+
+#include <span>
+#include <string>
+
+struct SaveResult {
+    enum class Outcome {
+        Saved,
+        // The new content could not be written, or the project could not be moved to .BK0: the
+        // project file is untouched and no temporary file is left.
+        NotWritten,
+        // The project went to .BK0 but the temporary file could not take its place. The new
+        // content stays in tempPath; the project file was moved back when restored is set,
+        // otherwise the last good state is .BK0.
+        NotReplaced,
+    };
+    Outcome outcome = Outcome::Saved;
+    int error = 0; // -errno of the step that failed
+    std::string tempPath;
+    bool restored = false;
+};
+
+SaveResult SaveWithBackups(FileSystem& fs, const std::string& projectPath, std::span<const uint8_t> bytes);
+
+// What the user is told about a failed save.
+std::string SaveFailureMessage(const SaveResult& result, const std::string& projectPath);
