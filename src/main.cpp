@@ -1,5 +1,46 @@
+// velto: the desktop program. Everything but the command line lives in the velto_gui library.
+#include "app/CVeltoApp.h"
+#include "app/CommandLine.h"
+#include "app/QtDesktop.h"
+
 #include <QApplication>
+
+#include <cstdio>
+
+namespace {
+QStringList RawArguments(int argc, char** argv) {
+    QStringList args;
+    for (int i = 0; i < argc; ++i)
+        args.append(QString::fromLocal8Bit(argv[i]));
+    return args;
+}
+
+int Print(FILE* stream, const QString& text, int exitCode) {
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    return exitCode;
+}
+} // namespace
+
 int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    return 0;
+    // Help and version are answered before Qt needs a display.
+    const CommandLine early = ParseCommandLine(RawArguments(argc, argv));
+    if (early.help)
+        return Print(stdout, UsageText(), 0);
+    if (early.version)
+        return Print(stdout, VersionText(), 0);
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Velto"));
+    QApplication::setApplicationVersion(QStringLiteral("5.0"));
+    CVeltoApp::InstallQtTranslation();
+
+    // Qt has taken its own options (-platform and the like) out of the arguments by now.
+    const CommandLine line = ParseCommandLine(QApplication::arguments());
+    if (!line.error.isEmpty())
+        return Print(stderr, line.error + QStringLiteral("\n\n") + UsageText(), 2);
+
+    QtDesktop desktop;
+    CVeltoApp app(desktop);
+    app.Start(line.files);
+    return application.exec();
 }

@@ -1,0 +1,493 @@
+#include "app/CMainFrame.h"
+
+#include "app/ActionSet.h"
+#include "app/CChildFrame.h"
+#include "app/CommandIds.h"
+#include "app/Cp1252Text.h"
+#include "app/Desktop.h"
+#include "app/Icons.h"
+#include "app/ProjectFiles.h"
+#include "app/RecentFileList.h"
+#include "app/Settings.h"
+#include "app/WindowPlacement.h"
+#include "document/CVeltoDoc.h"
+#include "document/Prompter.h"
+#include "view/CVeltoView.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPointer>
+#include <QScreen>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <algorithm>
+
+namespace {
+constexpr int kIdleIntervalMs = 200;
+constexpr int kMinNoteFontSize = 6;
+constexpr int kMaxNoteFontSize = 100;
+constexpr qsizetype kRecentLabelLength = 60;
+
+// "&1 /path/to/file.VT5", shortened in the middle of long paths; '&' in a name is shown as itself.
+QString RecentLabel(int index, const QString& path) {
+    QString shown = QDir::toNativeSeparators(path);
+    if (shown.size() > kRecentLabelLength)
+        shown = shown.left(12) + QString::fromUtf8("…") + shown.right(kRecentLabelLength - 13);
+    shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    return QStringLiteral("&%1 %2").arg(index + 1).arg(shown);
+}
+
+QString Text(const char* utf8) {
+    return QString::fromUtf8(utf8);
+}
+
+void Tell(Desktop& desktop, const QString& text) {
+    desktop.GetPrompter().Tell(text.toStdString(), Prompter::kCaption, PromptIcon::Warning);
+}
+
+bool IsRecentFileCommand(int id) {
+    return id >= cmd::FileMru1 && id < cmd::FileMru1 + cmd::RecentFileCount;
+}
+
+// The commands whose dialogs are set from outside the shell.
+bool IsDialogCommand(int id) {
+    return id == cmd::SettingsNoDoc || id == cmd::Settings || id == cmd::Holidays ||
+           id == cmd::HolidaysNoDoc || id == cmd::Assignees;
+}
+
+void ForEachMenu(QMenu* menu, const std::function<void(QMenu*)>& visit) {
+    visit(menu);
+    for (QAction* action : menu->actions())
+        if (QMenu* sub = action->menu())
+            ForEachMenu(sub, visit);
+}
+} // namespace
+
+CMainFrame::CMainFrame(Desktop& desktop, SettingsStore& settings, RecentFileList& recent)
+    : m_desktop(desktop), m_settings(settings), m_recent(recent), m_mdi(new QMdiArea(this)),
+      m_router([this] { return RoutingChain(); }, this),
+      m_actions(std::make_unique<ActionSet>(*this, m_router)) {
+    setWindowTitle(QStringLiteral("Velto"));
+    setWindowIcon(AppIcon());
+    setCentralWidget(m_mdi);
+    setAcceptDrops(true);
+    m_mdi->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    for (int i = 0; i < cmd::RecentFileCount; ++i)
+        m_actions->Dynamic(cmd::FileMru1 + i, Text("Öffnet dieses Projekt."));
+    CreateBars();
+    CreateMenuSets();
+    RestorePlacement();
+    ShowMenuSet();
+    connect(m_mdi, &QMdiArea::subWindowActivated, this, [this] { ShowMenuSet(); });
+    connect(&m_idle, &QTimer::timeout, this, &CMainFrame::OnIdle);
+    m_idle.start(kIdleIntervalMs);
+}
+
+CMainFrame::~CMainFrame() {
+    // The project windows go before the router and the actions they are routed through.
+    m_idle.stop();
+    for (CChildFrame* child : Children())
+        delete child;
+}
+
+QAction* CMainFrame::Action(int id) {
+    return m_actions->Get(id);
+}
+
+void CMainFrame::CreateBars() {
+    m_toolBar = addToolBar(Text("Symbolleiste"));
+    m_toolBar->setObjectName(QStringLiteral("Symbolleiste"));
+    ShowToolbar(MenuSet::Timeline);
+    m_statusPane = new QLabel(this);
+    m_statusPane->setObjectName(QStringLiteral("Knoteninfo"));
+    statusBar()->addWidget(m_statusPane, 1);
+}
+
+void CMainFrame::CreateMenuSets() {
+    for (MenuSet set : {MenuSet::NoDocument, MenuSet::Timeline, MenuSet::MindMap}) {
+        MenuBarMenus menus = BuildMenus(set, *m_actions, this);
+        connect(menus.recentFiles, &QMenu::aboutToShow, this, &CMainFrame::FillRecentFiles);
+        if (QMenu* windows = menus.windows)
+            connect(windows, &QMenu::aboutToShow, this, [this, windows] { FillWindowList(windows); });
+        for (QMenu* menu : menus.menus)
+            ForEachMenu(menu, [this](QMenu* m) { m_router.UpdateBeforeShow(m); });
+        m_menuSets.emplace(set, std::move(menus));
+    }
+}
+
+void CMainFrame::RestorePlacement() {
+    SettingsSession settings = m_settings.Open();
+    resize(1024, 720);
+    if (!settings.IsOpen())
+        return;
+    const auto left = settings.Find(setting::FrameLeft), top = settings.Find(setting::FrameTop);
+    const auto right = settings.Find(setting::FrameRight), bottom = settings.Find(setting::FrameBottom);
+    if (left && top && right && bottom) {
+        const QScreen* screen = this->screen();
+        const QRect virtualScreen = screen ? screen->virtualGeometry() : QRect(0, 0, 800, 600);
+        setGeometry(MainFramePlacement(StoredRect{*left, *top, *right, *bottom}, virtualScreen));
+    }
+    // Only a stored 0 hides a bar or clears the flag; a missing value leaves them on.
+    m_toolBar->setHidden(settings.Find(setting::ToolbarShown) == 0);
+    statusBar()->setHidden(settings.Find(setting::StatusBarShown) == 0);
+    m_state.noteToolbar = settings.Find(setting::NoteToolbarShown) != 0;
+    m_wasMaximized = settings.Get(setting::FrameMaximized) == 1;
+}
+
+void CMainFrame::SavePlacement() {
+    SettingsSession settings = m_settings.Open();
+    if (!settings.IsOpen())
+        return;
+    // A maximized frame keeps the normal rectangle stored before.
+    if (!isMaximized()) {
+        const StoredRect rect = ToStoredRect(geometry());
+        settings.Set(setting::FrameLeft, rect[0]);
+        settings.Set(setting::FrameTop, rect[1]);
+        settings.Set(setting::FrameRight, rect[2]);
+        settings.Set(setting::FrameBottom, rect[3]);
+    }
+    settings.Set(setting::FrameMaximized, isMaximized() ? 1 : 0);
+    settings.Set(setting::ToolbarShown, m_toolBar->isHidden() ? 0 : 1);
+    settings.Set(setting::StatusBarShown, statusBar()->isHidden() ? 0 : 1);
+    settings.Set(setting::NoteToolbarShown, m_state.noteToolbar ? 1 : 0);
+    settings.Commit();
+}
+
+MenuSet CMainFrame::WantedMenuSet() const {
+    if (Children().isEmpty())
+        return MenuSet::NoDocument;
+    return m_state.mindMapMode ? MenuSet::MindMap : MenuSet::Timeline;
+}
+
+void CMainFrame::ShowMenuSet() {
+    const MenuSet wanted = WantedMenuSet();
+    if (m_menuShown && wanted == m_shownSet)
+        return;
+    menuBar()->clear();
+    for (QMenu* menu : m_menuSets.at(wanted).menus)
+        menuBar()->addMenu(menu);
+    m_shownSet = wanted;
+    m_menuShown = true;
+}
+
+void CMainFrame::ShowToolbar(MenuSet set) {
+    const QList<QAction*> old = m_toolBar->actions();
+    m_toolBar->clear();
+    for (QAction* action : old)
+        if (action->parent() == m_toolBar) // the separators
+            delete action;
+    for (int id : ToolbarCommands(set)) {
+        if (id == 0)
+            m_toolBar->addSeparator();
+        else
+            m_toolBar->addAction(Action(id));
+    }
+}
+
+void CMainFrame::SwitchMode(bool mindMap) {
+    ShowToolbar(mindMap ? MenuSet::MindMap : MenuSet::Timeline);
+    m_state.mindMapMode = mindMap;
+    // Every project window is drawn anew in the new mode, also when two share a title.
+    for (CChildFrame* child : Children())
+        child->GetView().Redraw();
+    ShowMenuSet();
+}
+
+CChildFrame* CMainFrame::ActiveChild() const {
+    return qobject_cast<CChildFrame*>(m_mdi->currentSubWindow());
+}
+
+QList<CChildFrame*> CMainFrame::Children() const {
+    QList<CChildFrame*> out;
+    for (QMdiSubWindow* window : m_mdi->subWindowList(QMdiArea::CreationOrder))
+        if (auto* child = qobject_cast<CChildFrame*>(window))
+            out.append(child);
+    return out;
+}
+
+std::vector<CommandTarget*> CMainFrame::RoutingChain() {
+    if (CChildFrame* child = ActiveChild())
+        return {&child->GetView(), &child->Commands(), this};
+    return {this};
+}
+
+bool CMainFrame::OnUpdateCommand(int id, CommandState& state) {
+    if (IsRecentFileCommand(id)) {
+        state.enabled = id - cmd::FileMru1 < m_recent.Files().size();
+        return true;
+    }
+    if (IsDialogCommand(id)) {
+        state.enabled = m_handlers.contains(id);
+        return true;
+    }
+    switch (id) {
+    case cmd::FileNew:
+    case cmd::FileOpen:
+    case cmd::AppExit:
+    case cmd::AppAbout:
+    case cmd::ImportVt4:
+    case cmd::Manual:
+    case cmd::MindMapMode:
+    case cmd::TimelineMode:
+        return true;
+    case cmd::NoteToolbar:
+        state.checked = m_state.noteToolbar;
+        return true;
+    case cmd::ViewToolbar:
+        state.checked = !m_toolBar->isHidden();
+        return true;
+    case cmd::ViewStatusBar:
+        state.checked = !statusBar()->isHidden();
+        return true;
+    case cmd::WindowCascade:
+    case cmd::WindowTile:
+        state.enabled = !Children().isEmpty();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CMainFrame::OnCommand(int id) {
+    if (IsRecentFileCommand(id)) {
+        OpenRecent(id - cmd::FileMru1);
+        return true;
+    }
+    if (IsDialogCommand(id)) {
+        const auto handler = m_handlers.find(id);
+        if (handler != m_handlers.end())
+            handler->second();
+        return handler != m_handlers.end();
+    }
+    switch (id) {
+    case cmd::FileNew:
+        NewDocument();
+        return true;
+    case cmd::FileOpen:
+        ChooseAndOpen();
+        return true;
+    case cmd::AppExit:
+        close();
+        return true;
+    case cmd::AppAbout:
+        ShowAbout();
+        return true;
+    case cmd::ImportVt4:
+        StartConverter();
+        return true;
+    case cmd::Manual:
+        OpenManual();
+        return true;
+    case cmd::MindMapMode:
+    case cmd::TimelineMode:
+        SwitchMode(id == cmd::MindMapMode);
+        return true;
+    case cmd::NoteToolbar:
+        m_state.noteToolbar = !m_state.noteToolbar;
+        if (CChildFrame* child = ActiveChild())
+            child->GetView().Redraw();
+        return true;
+    case cmd::ViewToolbar:
+        m_toolBar->setHidden(!m_toolBar->isHidden());
+        return true;
+    case cmd::ViewStatusBar:
+        statusBar()->setHidden(!statusBar()->isHidden());
+        return true;
+    case cmd::WindowCascade:
+        m_mdi->cascadeSubWindows();
+        return true;
+    case cmd::WindowTile:
+        m_mdi->tileSubWindows();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CMainFrame::SetCommandHandler(int id, std::function<void()> handler) {
+    m_handlers[id] = std::move(handler);
+}
+
+std::unique_ptr<CVeltoDoc> CMainFrame::MakeDocument() const {
+    const SettingsSession settings = m_settings.Open();
+    const QString font = settings.Get(setting::NoteFontName);
+    const int size = std::clamp(settings.Get(setting::NoteFontSize), kMinNoteFontSize, kMaxNoteFontSize);
+    return std::make_unique<CVeltoDoc>(m_desktop.GetPrompter(), ToCp1252Lossy(font), size);
+}
+
+CChildFrame* CMainFrame::NewDocument() {
+    auto doc = MakeDocument();
+    if (!doc->OnNewDocument())
+        return nullptr;
+    return AddChild(std::move(doc), false);
+}
+
+CChildFrame* CMainFrame::OpenDocumentFile(const QString& path) {
+    const QString key = FileKey(path);
+    if (CChildFrame* open = FindDocument(key)) {
+        m_mdi->setActiveSubWindow(open);
+        return open;
+    }
+    if (!QFileInfo::exists(key)) {
+        Tell(m_desktop, Text("Die Datei\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(key)));
+        return nullptr;
+    }
+    auto doc = MakeDocument();
+    if (!doc->OnOpenDocument(ToCorePath(key)))
+        return nullptr;
+    CChildFrame* child = AddChild(std::move(doc), true);
+    m_recent.Add(key);
+    return child;
+}
+
+CChildFrame* CMainFrame::FindDocument(const QString& fileKey) const {
+    for (CChildFrame* child : Children()) {
+        const std::string& path = child->GetDocument().GetPathName();
+        if (!path.empty() && FileKey(FromUtf8(path)) == fileKey)
+            return child;
+    }
+    return nullptr;
+}
+
+CChildFrame* CMainFrame::AddChild(std::unique_ptr<CVeltoDoc> doc, bool fromFile) {
+    auto* child = new CChildFrame(std::move(doc), *this);
+    m_mdi->addSubWindow(child);
+    const QSize area = m_mdi->viewport()->size();
+    const QSize screenSize = screen() ? screen()->size() : QSize(800, 600);
+    const bool placed = fromFile && child->ApplyViewValues(child->GetDocument().m_view, area, screenSize);
+    if (!placed)
+        child->resize(std::clamp(area.width() * 4 / 5, 480, 1000),
+                      std::clamp(area.height() * 4 / 5, 320, 700));
+    if (!child->isMaximized())
+        child->show();
+    m_mdi->setActiveSubWindow(child);
+    ShowMenuSet();
+    return child;
+}
+
+void CMainFrame::ChooseAndOpen() {
+    const QString path = m_desktop.ChooseFileToOpen(this);
+    if (!path.isEmpty())
+        OpenDocumentFile(path);
+}
+
+void CMainFrame::OpenRecent(int index) {
+    const QString path = m_recent.Files().value(index);
+    // A file that is gone leaves the list; one that the user chose not to open (it is locked) stays.
+    if (!path.isEmpty() && !OpenDocumentFile(path) && !QFileInfo::exists(path))
+        m_recent.Remove(path);
+}
+
+void CMainFrame::FillRecentFiles() {
+    const QStringList& files = m_recent.Files();
+    for (int i = 0; i < cmd::RecentFileCount; ++i) {
+        QAction* action = Action(cmd::FileMru1 + i);
+        action->setVisible(i < files.size());
+        if (i < files.size())
+            action->setText(RecentLabel(i, files[i]));
+    }
+}
+
+void CMainFrame::FillWindowList(QMenu* menu) {
+    for (QAction* action : m_windowActions) {
+        menu->removeAction(action);
+        delete action;
+    }
+    m_windowActions.clear();
+    const CChildFrame* active = ActiveChild();
+    const QList<CChildFrame*> children = Children();
+    for (int i = 0; i < children.size(); ++i) {
+        QPointer<CChildFrame> child = children[i];
+        QString title = child->windowTitle().remove(QStringLiteral("[*]")).replace('&', QStringLiteral("&&"));
+        auto* action = menu->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(title));
+        action->setCheckable(true);
+        action->setChecked(child == active);
+        connect(action, &QAction::triggered, this, [this, child] {
+            if (child)
+                m_mdi->setActiveSubWindow(child);
+        });
+        m_windowActions.append(action);
+    }
+}
+
+void CMainFrame::StartConverter() {
+#ifdef Q_OS_WIN
+    const QString name = QStringLiteral("VT4_VT5.exe");
+#else
+    const QString name = QStringLiteral("VT4_VT5");
+#endif
+    const QString path = QDir(m_desktop.ProgramDir()).filePath(name);
+    if (!QFileInfo::exists(path))
+        Tell(m_desktop,
+             Text("Das Umwandlungsprogramm\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(path)));
+    else if (!m_desktop.StartProgram(path))
+        Tell(m_desktop, Text("Das Umwandlungsprogramm\n%1\nkonnte nicht gestartet werden.")
+                            .arg(QDir::toNativeSeparators(path)));
+}
+
+void CMainFrame::OpenManual() {
+    const QString path = QDir(m_desktop.ProgramDir()).filePath(QStringLiteral("Velto.pdf"));
+    if (!QFileInfo::exists(path))
+        Tell(m_desktop, Text("Das Handbuch\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(path)));
+    else if (!m_desktop.OpenDocument(path))
+        Tell(m_desktop,
+             Text("Das Handbuch\n%1\nkonnte nicht geöffnet werden. Ist ein PDF-Betrachter installiert?")
+                 .arg(QDir::toNativeSeparators(path)));
+}
+
+void CMainFrame::ShowAbout() {
+    m_desktop.GetPrompter().Tell("Velto 5.0\n\nProjekte als Zeitplan oder Mind Map planen,\n"
+                                 "Notizen, Stunden und Kosten erfassen.",
+                                 "Info über Velto");
+}
+
+void CMainFrame::OnIdle() {
+    m_router.UpdateAll();
+    m_statusPane->setText(m_router.Query(cmd::StatusNodeInfo).text);
+    for (CChildFrame* child : Children())
+        child->RefreshTitle();
+    ShowMenuSet();
+}
+
+bool CMainFrame::CloseAllDocuments() {
+    const QList<CChildFrame*> children = Children();
+    for (CChildFrame* child : children)
+        if (!child->Commands().SaveModified())
+            return false;
+    bool allClosed = true;
+    for (CChildFrame* child : children) {
+        if (child->GetDocument().OnCloseDocument())
+            child->CloseConfirmed();
+        else
+            allClosed = false;
+    }
+    ShowMenuSet();
+    return allClosed;
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    SavePlacement();
+    if (CloseAllDocuments())
+        event->accept();
+    else
+        event->ignore();
+}
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); }))
+        event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            OpenDocumentFile(url.toLocalFile());
+    event->acceptProposedAction();
+}

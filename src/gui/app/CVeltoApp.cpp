@@ -1,0 +1,60 @@
+#include "app/CVeltoApp.h"
+
+#include "app/CMainFrame.h"
+#include "app/Desktop.h"
+#include "document/Prompter.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+CVeltoApp::CVeltoApp(Desktop& desktop)
+    : m_desktop(desktop), m_settings(desktop.GetPrompter()),
+      m_frame(std::make_unique<CMainFrame>(desktop, m_settings, m_recent)) {}
+
+CVeltoApp::~CVeltoApp() = default;
+
+void CVeltoApp::Start(const QStringList& files) {
+    if (m_frame->WasMaximized())
+        m_frame->showMaximized();
+    else
+        m_frame->show();
+    bool named = OpenStartupFiles();
+    for (const QString& file : files) {
+        m_frame->OpenDocumentFile(file);
+        named = true;
+    }
+    if (!named)
+        m_frame->NewDocument();
+}
+
+bool CVeltoApp::OpenStartupFiles() {
+    const SettingsSession settings = m_settings.Open();
+    bool named = false;
+    for (const TextSetting& key : {setting::StartFile1, setting::StartFile2, setting::StartFile3}) {
+        const QString path = settings.Get(key);
+        if (path.isEmpty())
+            continue;
+        named = true;
+        if (QFileInfo::exists(path)) {
+            m_frame->OpenDocumentFile(path);
+            continue;
+        }
+        const QString text =
+            QString::fromUtf8("Die Datei\n%1\nsoll laut Einstellungen (%2) beim Start geöffnet werden, "
+                              "wurde aber nicht gefunden.")
+                .arg(QDir::toNativeSeparators(path), QString::fromLatin1(key.name));
+        m_desktop.GetPrompter().Tell(text.toStdString(), Prompter::kCaption, PromptIcon::Warning);
+    }
+    return named;
+}
+
+void CVeltoApp::InstallQtTranslation() {
+    auto* translator = new QTranslator(QCoreApplication::instance());
+    if (translator->load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
+    else
+        delete translator;
+}

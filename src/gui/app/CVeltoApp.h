@@ -1,0 +1,36 @@
+#pragma once
+// The application: the settings, the recent-file list and the main window, and the start-up that
+// opens the projects named in the settings and on the command line.
+#include "app/RecentFileList.h"
+#include "app/Settings.h"
+
+#include <QStringList>
+
+#include <memory>
+
+class CMainFrame;
+class Desktop;
+
+class CVeltoApp {
+public:
+    explicit CVeltoApp(Desktop& desktop);
+    ~CVeltoApp();
+
+    CMainFrame& MainFrame() const { return *m_frame; }
+
+    // Shows the main window, opens "Datei1" to "Datei3" of the settings, then the given files; starts
+    // with a new project when none was named at all.
+    void Start(const QStringList& files);
+
+    // German texts for Qt's own dialogs, when the system has them.
+    static void InstallQtTranslation();
+
+private:
+    // True when a file was named in the settings (opened or not).
+    bool OpenStartupFiles();
+
+    Desktop& m_desktop;
+    SettingsStore m_settings;
+    RecentFileList m_recent;
+    std::unique_ptr<CMainFrame> m_frame;
+};

@@ -1,0 +1,45 @@
+#include "app/CommandLine.h"
+
+#include <QCommandLineParser>
+
+namespace {
+const QCommandLineOption kHelp({QStringLiteral("h"), QStringLiteral("help")},
+                               QString::fromUtf8("Zeigt diese Hilfe an."));
+const QCommandLineOption kVersion({QStringLiteral("v"), QStringLiteral("version")},
+                                  QString::fromUtf8("Zeigt die Versionsnummer an."));
+} // namespace
+
+CommandLine ParseCommandLine(const QStringList& args) {
+    QCommandLineParser parser;
+    parser.addOption(kHelp);
+    parser.addOption(kVersion);
+    parser.addPositionalArgument(QStringLiteral("Datei"), QString());
+    CommandLine out;
+    if (!parser.parse(args)) {
+        const QStringList unknown = parser.unknownOptionNames();
+        out.error = unknown.isEmpty()
+                        ? QString::fromUtf8("Die Befehlszeile ist unvollständig.")
+                        : QString::fromUtf8("Unbekannte Option: %1").arg(unknown.join(QStringLiteral(", ")));
+    }
+    out.help = parser.isSet(kHelp);
+    out.version = parser.isSet(kVersion);
+    out.files = parser.positionalArguments();
+    return out;
+}
+
+QString UsageText() {
+    return QString::fromUtf8("Aufruf: velto [Optionen] [Datei ...]\n"
+                             "\n"
+                             "Velto plant Projekte als Zeitplan oder Mind Map. Jede angegebene\n"
+                             "Projektdatei (.VT5) wird in einem eigenen Fenster geöffnet, nach den\n"
+                             "Dateien, die in den Einstellungen für den Start eingetragen sind.\n"
+                             "Ohne Datei beginnt Velto mit einem neuen Projekt.\n"
+                             "\n"
+                             "Optionen:\n"
+                             "  -h, --help     Zeigt diese Hilfe an.\n"
+                             "  -v, --version  Zeigt die Versionsnummer an.\n");
+}
+
+QString VersionText() {
+    return QStringLiteral("Velto 5.0\n");
+}

@@ -1,0 +1,16 @@
+#pragma once
+// The command line: "velto [Datei ...]", with --help and --version.
+#include <QString>
+#include <QStringList>
+
+struct CommandLine {
+    bool help = false;
+    bool version = false;
+    QStringList files;
+    QString error; // in German; empty when the line was understood
+};
+
+// args[0] is the program.
+CommandLine ParseCommandLine(const QStringList& args);
+QString UsageText();
+QString VersionText();

@@ -1,0 +1,30 @@
+#include "app/ProjectFiles.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+const QString kExtension = QStringLiteral(".VT5");
+}
+
+QString ProjectFileFilter() {
+    return QStringLiteral("Projekt (*.VT5 *.vt5)");
+}
+
+QString WithProjectExtension(const QString& path) {
+    return path.endsWith(kExtension, Qt::CaseInsensitive) ? path : path + kExtension;
+}
+
+QString FileKey(const QString& path) {
+    const QFileInfo info(path);
+    const QString canonical = info.canonicalFilePath();
+    return canonical.isEmpty() ? info.absoluteFilePath() : canonical;
+}
+
+std::string ToCorePath(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+QString FromUtf8(const std::string& text) {
+    return QString::fromStdString(text);
+}

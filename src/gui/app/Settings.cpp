@@ -1,0 +1,66 @@
+#include "app/Settings.h"
+
+#include "document/Prompter.h"
+
+namespace {
+void TellStoreFailed(Prompter& prompter) {
+    prompter.Tell("Regestry Error", Prompter::kCaption, PromptIcon::Error);
+}
+
+bool Usable(const QSettings& settings) {
+    return settings.status() == QSettings::NoError && settings.isWritable();
+}
+} // namespace
+
+SettingsSession SettingsStore::Open() const {
+    auto settings = std::make_unique<QSettings>(kOrganization, kApplication);
+    if (!Usable(*settings)) {
+        TellStoreFailed(m_prompter);
+        settings.reset();
+    }
+    return SettingsSession(std::move(settings), m_prompter);
+}
+
+std::optional<int> SettingsSession::Find(const NumberSetting& key) const {
+    if (!m_settings)
+        return std::nullopt;
+    const QVariant value = m_settings->value(key.name);
+    bool ok = false;
+    const int number = value.toInt(&ok);
+    if (!value.isValid() || !ok)
+        return std::nullopt;
+    return number;
+}
+
+std::optional<QString> SettingsSession::Find(const TextSetting& key) const {
+    if (!m_settings)
+        return std::nullopt;
+    const QVariant value = m_settings->value(key.name);
+    if (!value.isValid() || !value.canConvert<QString>())
+        return std::nullopt;
+    return value.toString();
+}
+
+QString SettingsSession::Get(const TextSetting& key) const {
+    return Find(key).value_or(QString::fromUtf8(key.fallback));
+}
+
+void SettingsSession::Set(const NumberSetting& key, int value) {
+    if (m_settings)
+        m_settings->setValue(key.name, value);
+}
+
+void SettingsSession::Set(const TextSetting& key, const QString& value) {
+    if (m_settings)
+        m_settings->setValue(key.name, value);
+}
+
+bool SettingsSession::Commit() {
+    if (!m_settings)
+        return false;
+    m_settings->sync();
+    if (Usable(*m_settings))
+        return true;
+    TellStoreFailed(*m_prompter);
+    return false;
+}

@@ -1,0 +1,52 @@
+#include "app/WindowPlacement.h"
+
+namespace {
+enum { Left, Top, Right, Bottom };
+// Smaller than this a project window shows neither its title nor its rows.
+constexpr int kMinChildWidth = 120;
+constexpr int kMinChildHeight = 80;
+} // namespace
+
+StoredRect ToStoredRect(const QRect& rect) {
+    return {rect.left(), rect.top(), rect.left() + rect.width(), rect.top() + rect.height()};
+}
+
+QRect FromStoredRect(const StoredRect& rect) {
+    return QRect(rect[Left], rect[Top], rect[Right] - rect[Left], rect[Bottom] - rect[Top]);
+}
+
+QRect MainFramePlacement(const std::optional<StoredRect>& stored, const QRect& virtualScreen) {
+    const QRect fallback(0, 0, 800, 600);
+    if (!stored)
+        return fallback;
+    const StoredRect& r = *stored;
+    const StoredRect screen = ToStoredRect(virtualScreen);
+    const bool outside = r[Left] < screen[Left] || r[Top] < screen[Top] || r[Right] > screen[Right] ||
+                         r[Bottom] > screen[Bottom];
+    // An empty or inverted rectangle would give an invisible window; it is as unusable as one on a
+    // missing monitor.
+    const bool degenerate = r[Right] <= r[Left] || r[Bottom] <= r[Top];
+    return outside || degenerate ? fallback : FromStoredRect(r);
+}
+
+std::optional<QRect> ChildWindowPlacement(const StoredRect& stored, const QSize& mdiArea,
+                                          const QSize& screen) {
+    // 64-bit arithmetic: the values come from a file and may be anything.
+    int64_t left = stored[Left], top = stored[Top], right = stored[Right], bottom = stored[Bottom];
+    if (right > mdiArea.width()) {
+        right -= left;
+        left = 0;
+    }
+    if (bottom > mdiArea.height()) {
+        bottom -= top;
+        top = 0;
+    }
+    if (left < 0 || left > screen.width())
+        left = 0;
+    if (top < 0 || top > screen.height())
+        top = 0;
+    const int64_t width = right - left, height = bottom - top;
+    if (width < kMinChildWidth || height < kMinChildHeight || width > INT32_MAX || height > INT32_MAX)
+        return std::nullopt;
+    return QRect(int(left), int(top), int(width), int(height));
+}
