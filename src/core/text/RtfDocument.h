@@ -1,0 +1,93 @@
+#pragma once
+// The formatted text of a note as the RTF reader produces it and the writer consumes it: paragraphs
+// holding runs of text, each run with one character format. Text is UTF-8, so a note keeps every
+// character it was given, whatever Windows-1252 can hold.
+//
+// Inside run text, U+0009 is a tab and U+2028 a line break within the paragraph (the same characters a
+// QTextDocument uses); paragraphs are separate objects.
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rtf {
+
+// The size every text has when its RTF names none: 12 pt.
+inline constexpr int kDefaultHalfPoints = 24;
+// Characters the model uses for a line break inside a paragraph and for a tab.
+inline constexpr char32_t kLineBreak = 0x2028;
+inline constexpr char32_t kTab = 0x09;
+
+// A colour as the rest of the program keeps it: red in the low byte, then green, then blue.
+using Colour = uint32_t;
+constexpr Colour MakeColour(int red, int green, int blue) {
+    return Colour(red & 0xFF) | Colour(green & 0xFF) << 8 | Colour(blue & 0xFF) << 16;
+}
+
+struct CharFormat {
+    std::string face;                    // font face name, UTF-8; empty when the RTF named none
+    int halfPoints = kDefaultHalfPoints; // may be zero or negative: the size buttons have no bounds
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeOut = false;
+    std::optional<Colour> colour; // nothing: the automatic (window text) colour
+
+    bool operator==(const CharFormat&) const = default;
+};
+
+struct Run {
+    std::string text; // UTF-8, never empty in a document built by DocumentBuilder
+    CharFormat format;
+
+    bool operator==(const Run&) const = default;
+};
+
+enum class Alignment { Left, Centre, Right, Justified };
+
+// What ends a paragraph: a paragraph mark, a page break, or nothing because the text ran out (only the
+// last paragraph of a document can end so).
+enum class ParagraphBreak { Paragraph, Page, None };
+
+struct Paragraph {
+    Alignment alignment = Alignment::Left;
+    std::vector<Run> runs;
+    // The format of the paragraph mark: what an empty paragraph shows and what typing at its end uses.
+    CharFormat mark;
+    ParagraphBreak end = ParagraphBreak::Paragraph;
+
+    bool operator==(const Paragraph&) const = default;
+};
+
+struct Document {
+    std::vector<Paragraph> paragraphs;
+
+    bool operator==(const Document&) const = default;
+};
+
+// Builds a document in reading order and keeps it in its normal form: no empty runs, and no two
+// neighbouring runs of one paragraph with the same format. The reader and the note pane both build
+// through it, so that a document read back from its own RTF compares equal to the original.
+class DocumentBuilder {
+public:
+    void AppendText(std::string_view utf8, const CharFormat& format);
+    // Ends the open paragraph (even an empty one) with the given properties.
+    void EndParagraph(Alignment alignment, const CharFormat& mark, ParagraphBreak end);
+    // Marks the last paragraph as followed by a page break.
+    void MarkPageBreak();
+    // Whether text was appended since the last paragraph ended.
+    bool HasOpenParagraph() const { return !m_open.runs.empty(); }
+    // Ends an open paragraph with ParagraphBreak::None and hands the document over.
+    Document Finish(Alignment alignment, const CharFormat& mark);
+
+private:
+    Document m_document;
+    Paragraph m_open;
+};
+
+// Sets the size of every run and every paragraph mark (the note pane's "select all, set size").
+void ApplySizeToAll(Document& document, int halfPoints);
+
+} // namespace rtf

@@ -1,0 +1,764 @@
+#include "text/RtfReader.h"
+
+#include "model/Cp1252.h"
+#include "text/CodePage.h"
+#include "text/RtfKeywords.h"
+#include "text/RtfLexer.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace rtf {
+namespace {
+
+// Where the text of a group goes.
+enum class Destination : uint8_t {
+    Text,        // the note's text
+    FontTable,   // font names
+    ColourTable, // ';' ends a colour
+    Dropped,     // the 8-bit half of a \upr pair: its Unicode half follows in \ud
+};
+
+// The character format while reading: font and colour stay table indices until a run needs them.
+struct CharState {
+    int font = -1;   // -1: the default font (\deff)
+    int colour = -1; // -1: automatic
+    int halfPoints = kDefaultHalfPoints;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeOut = false;
+
+    bool operator==(const CharState&) const = default;
+};
+
+struct GroupState {
+    CharState chars;
+    Alignment alignment = Alignment::Left;
+    Destination destination = Destination::Text;
+    bool nestedRow = false; // in the properties of a nested table row, which do not define top-level cells
+    int unicodeSkip = 1;    // \uc: characters of 8-bit fallback after each \u
+};
+
+struct FontEntry {
+    std::string face;
+    int codePage = 0; // 0: the document's code page
+};
+
+// Groups nested deeper than this share their parent's state, so that hostile nesting costs no memory.
+constexpr size_t kMaxDepth = 256;
+// No real writer puts more fallback characters after \u; a larger \uc is cut to this.
+constexpr int kMaxUnicodeSkip = 64;
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool IsHighSurrogate(char32_t c) {
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+bool IsLowSurrogate(char32_t c) {
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
+
+std::string_view Trim(std::string_view s) {
+    while (!s.empty() && s.front() == ' ')
+        s.remove_prefix(1);
+    while (!s.empty() && s.back() == ' ')
+        s.remove_suffix(1);
+    return s;
+}
+
+bool FlagOn(const Token& token) {
+    return !token.hasParam || token.param != 0;
+}
+
+// Turns RTF into either a Document (kModel) or its plain text: one pass, no recursion, with all state
+// in a bounded stack of groups.
+template <bool kModel> class Parser {
+public:
+    explicit Parser(std::string_view rtf) : m_lexer(rtf) {}
+
+    void Run() {
+        for (Token token = m_lexer.Next(); token.kind != Token::Kind::End; token = m_lexer.Next()) {
+            if (!Handle(token))
+                break;
+        }
+    }
+
+    Document TakeDocument() {
+        FlushRun();
+        return m_builder.Finish(m_state.alignment, Resolve(m_state.chars));
+    }
+
+    std::string TakeText() {
+        if (!m_openParagraph && !m_text.empty() && m_text.back() == '\n')
+            m_text.pop_back(); // paragraphs are separated, not terminated
+        return std::move(m_text);
+    }
+
+private:
+    // False once the outermost group has closed.
+    bool Handle(const Token& token) {
+        using Kind = Token::Kind;
+        if (token.kind != Kind::ControlWord)
+            m_optionalDestination = false;
+        switch (token.kind) {
+        case Kind::GroupOpen:
+            OpenGroup();
+            return true;
+        case Kind::GroupClose:
+            return CloseGroup();
+        case Kind::ControlWord:
+            return ControlWord(token);
+        case Kind::ControlSymbol:
+            ControlSymbol(token.byte);
+            return true;
+        case Kind::HexByte:
+            HexByte(token.byte);
+            return true;
+        case Kind::Text:
+            Text(token.text);
+            return true;
+        case Kind::End:
+            break;
+        }
+        return false;
+    }
+
+    // ---- groups
+
+    void OpenGroup() {
+        EndFallback();
+        if (m_stack.size() < kMaxDepth)
+            m_stack.push_back(m_state);
+        else
+            ++m_overflowDepth;
+    }
+
+    bool CloseGroup() {
+        EndFallback();
+        if (m_overflowDepth > 0) {
+            --m_overflowDepth;
+            return true;
+        }
+        // A font entry ends with its group; a skipped group inside it (\*\panose) does not end it.
+        if (m_state.destination == Destination::FontTable && m_stack.size() <= m_fontDepth)
+            CommitFontEntry();
+        // The outermost group keeps its state: the format at its end is that of the last paragraph mark.
+        if (m_stack.size() <= 1)
+            return false;
+        m_state = m_stack.back();
+        m_stack.pop_back();
+        return true;
+    }
+
+    bool SkipGroup() {
+        m_lexer.SkipGroup();
+        return CloseGroup();
+    }
+
+    void EndFallback() {
+        m_skipChars = 0;
+        m_leadByte = -1;
+        m_highSurrogate = 0;
+    }
+
+    // Consumes one character of the 8-bit fallback that follows \u; true when it was one.
+    bool SkipFallbackChar() {
+        if (m_skipChars == 0)
+            return false;
+        --m_skipChars;
+        return true;
+    }
+
+    // ---- control words and symbols
+
+    bool ControlWord(const Token& token) {
+        const Keyword keyword = LookUpKeyword(token.text);
+        if (m_optionalDestination) {
+            m_optionalDestination = false;
+            // "\*" marks a destination a reader may skip. Kept are the Unicode text of a pair and the
+            // properties of nested table rows, into which some writers put the cells' text.
+            if (keyword != Keyword::UnicodeAlternative && keyword != Keyword::NestedTableProperties)
+                return SkipGroup();
+        }
+        if (keyword == Keyword::Binary) {
+            m_lexer.SkipBytes(token.param); // binary data is never text, not even fallback text
+            return true;
+        }
+        if (SkipFallbackChar())
+            return true;
+        CharState& chars = m_state.chars;
+        switch (keyword) {
+        case Keyword::Skipped:
+        case Keyword::FieldInstruction:
+            return SkipGroup();
+        case Keyword::Ansi:
+            SetDocumentCodePage(1252);
+            break;
+        case Keyword::Mac:
+            SetDocumentCodePage(10000);
+            break;
+        case Keyword::Pc:
+            SetDocumentCodePage(437);
+            break;
+        case Keyword::Pca:
+            SetDocumentCodePage(850);
+            break;
+        case Keyword::AnsiCodePage:
+            if (token.param > 0)
+                SetDocumentCodePage(token.param);
+            break;
+        case Keyword::DefaultFont:
+            m_defaultFont = token.param;
+            TablesChanged();
+            break;
+        case Keyword::FontTable:
+            m_state.destination = Destination::FontTable;
+            m_fontOpen = false;
+            break;
+        case Keyword::ColourTable:
+            m_state.destination = Destination::ColourTable;
+            m_colours.clear();
+            m_colourPart = {};
+            TablesChanged();
+            break;
+        case Keyword::Font:
+            if (m_state.destination == Destination::FontTable)
+                BeginFontEntry(token.param);
+            else
+                chars.font = token.param;
+            break;
+        case Keyword::Charset:
+            if (m_fontOpen)
+                m_fontEntry.codePage = CodePage::NumberForCharset(token.param);
+            break;
+        case Keyword::FontCodePage:
+            if (m_fontOpen && token.param > 0)
+                m_fontEntry.codePage = token.param;
+            break;
+        case Keyword::Red:
+        case Keyword::Green:
+        case Keyword::Blue:
+            SetColourPart(keyword, token.param);
+            break;
+        case Keyword::Field:
+            break;
+        case Keyword::FieldResult:
+        case Keyword::UnicodeAlternative:
+            m_state.destination = Destination::Text;
+            break;
+        case Keyword::UnicodePair:
+            m_state.destination = Destination::Dropped;
+            break;
+        case Keyword::Plain:
+            chars = CharState();
+            break;
+        case Keyword::FontSize:
+            chars.halfPoints = token.hasParam ? token.param : kDefaultHalfPoints;
+            break;
+        case Keyword::Bold:
+            chars.bold = FlagOn(token);
+            break;
+        case Keyword::Italic:
+            chars.italic = FlagOn(token);
+            break;
+        case Keyword::Underline:
+            chars.underline = FlagOn(token);
+            break;
+        case Keyword::UnderlineNone:
+            chars.underline = false;
+            break;
+        case Keyword::StrikeOut:
+            chars.strikeOut = FlagOn(token);
+            break;
+        case Keyword::Colour:
+            chars.colour = token.param;
+            break;
+        case Keyword::UnicodeSkip:
+            m_state.unicodeSkip = std::clamp(token.param, 0, kMaxUnicodeSkip);
+            break;
+        case Keyword::Unicode:
+            UnicodeChar(token.param);
+            break;
+        case Keyword::ParagraphDefault:
+        case Keyword::AlignLeft:
+            m_state.alignment = Alignment::Left;
+            break;
+        case Keyword::AlignCentre:
+            m_state.alignment = Alignment::Centre;
+            break;
+        case Keyword::AlignRight:
+            m_state.alignment = Alignment::Right;
+            break;
+        case Keyword::AlignJustified:
+            m_state.alignment = Alignment::Justified;
+            break;
+        case Keyword::Par:
+        case Keyword::NestedCell:
+        case Keyword::Section:
+            EndParagraph(ParagraphBreak::Paragraph);
+            break;
+        case Keyword::Page:
+            PageBreak();
+            break;
+        case Keyword::Cell:
+            EndCell();
+            break;
+        case Keyword::Row:
+            m_row.cell = 0;
+            break;
+        case Keyword::RowDefaults:
+        case Keyword::CellBoundary:
+        case Keyword::CellMerged:
+            DefineCell(keyword);
+            break;
+        case Keyword::NestedTableProperties:
+            m_state.nestedRow = true;
+            break;
+        default:
+            if (const char32_t c = NamedCharacter(keyword))
+                Emit(c);
+            break;
+        }
+        return true;
+    }
+
+    static char32_t NamedCharacter(Keyword keyword) {
+        switch (keyword) {
+        case Keyword::Line:
+            return kLineBreak;
+        case Keyword::Tab:
+            return kTab;
+        case Keyword::LeftQuote:
+            return 0x2018;
+        case Keyword::RightQuote:
+            return 0x2019;
+        case Keyword::LeftDoubleQuote:
+            return 0x201C;
+        case Keyword::RightDoubleQuote:
+            return 0x201D;
+        case Keyword::Bullet:
+            return 0x2022;
+        case Keyword::EnDash:
+            return 0x2013;
+        case Keyword::EmDash:
+            return 0x2014;
+        case Keyword::EmSpace:
+            return 0x2003;
+        case Keyword::EnSpace:
+            return 0x2002;
+        case Keyword::QuarterEmSpace:
+            return 0x2005;
+        case Keyword::ZeroWidthJoiner:
+            return 0x200D;
+        case Keyword::ZeroWidthNonJoiner:
+            return 0x200C;
+        case Keyword::LeftToRightMark:
+            return 0x200E;
+        case Keyword::RightToLeftMark:
+            return 0x200F;
+        default:
+            return 0;
+        }
+    }
+
+    void ControlSymbol(unsigned char symbol) {
+        if (SkipFallbackChar())
+            return;
+        switch (symbol) {
+        case '*':
+            m_optionalDestination = true;
+            break;
+        case '~':
+            Emit(0x00A0);
+            break;
+        case '-':
+            Emit(0x00AD);
+            break;
+        case '_':
+            Emit(0x2011);
+            break;
+        case '{':
+        case '}':
+        case '\\':
+            TextByte(symbol);
+            break;
+        case '\t':
+            Emit(kTab);
+            break;
+        case '\r':
+        case '\n':
+            EndParagraph(ParagraphBreak::Paragraph); // a backslash before a line end is a \par
+            break;
+        default:
+            break; // \:, \| and symbols RTF does not define
+        }
+    }
+
+    // ---- Unicode and 8-bit text
+
+    void UnicodeChar(int32_t value) {
+        char32_t c = static_cast<char32_t>(value < 0 ? value + 0x10000 : value);
+        if (c > 0x10FFFF)
+            c = kReplacement;
+        const char32_t high = std::exchange(m_highSurrogate, 0);
+        if (IsHighSurrogate(c)) {
+            m_highSurrogate = c;
+        } else if (IsLowSurrogate(c)) {
+            Emit(high ? 0x10000 + ((high - 0xD800) << 10) + (c - 0xDC00) : kReplacement);
+        } else {
+            Emit(c);
+        }
+        m_skipChars = m_state.unicodeSkip;
+    }
+
+    void HexByte(unsigned char byte) {
+        if (SkipFallbackChar())
+            return;
+        TextByte(byte);
+    }
+
+    void Text(std::string_view bytes) {
+        const size_t skipped = std::min<size_t>(m_skipChars, bytes.size());
+        m_skipChars -= static_cast<int>(skipped);
+        bytes.remove_prefix(skipped);
+        if (bytes.empty())
+            return;
+        switch (m_state.destination) {
+        case Destination::Text:
+            BodyText(bytes);
+            break;
+        case Destination::FontTable:
+            for (char c : bytes)
+                FontTableByte(static_cast<unsigned char>(c), false);
+            break;
+        case Destination::ColourTable:
+            for (char c : bytes)
+                if (c == ';')
+                    CommitColour();
+            break;
+        case Destination::Dropped:
+            break;
+        }
+    }
+
+    void TextByte(unsigned char byte) {
+        if (m_state.destination == Destination::Text)
+            BodyText(std::string_view(reinterpret_cast<const char*>(&byte), 1));
+        else if (m_state.destination == Destination::FontTable)
+            FontTableByte(byte, true);
+    }
+
+    void BodyText(std::string_view bytes) {
+        const CodePage& page = CurrentCodePage();
+        PrepareText();
+        if (page.IsDoubleByte()) {
+            for (char c : bytes)
+                DoubleByteText(page, static_cast<unsigned char>(c));
+            return;
+        }
+        const bool asciiIsAscii = !page.IsSymbol();
+        for (char c : bytes) {
+            const auto byte = static_cast<unsigned char>(c);
+            if (byte < 0x80 && asciiIsAscii)
+                m_text += c;
+            else
+                cp1252::AppendUtf8(m_text, page.ToUnicode(byte));
+        }
+    }
+
+    void DoubleByteText(const CodePage& page, unsigned char byte) {
+        if (m_leadByte >= 0) {
+            cp1252::AppendUtf8(m_text, page.PairToUnicode(static_cast<unsigned char>(m_leadByte), byte));
+            m_leadByte = -1;
+        } else if (page.IsLeadByte(byte)) {
+            m_leadByte = byte;
+        } else {
+            cp1252::AppendUtf8(m_text, page.ToUnicode(byte));
+        }
+    }
+
+    void Emit(char32_t c) {
+        if (m_state.destination == Destination::FontTable && m_fontOpen) {
+            cp1252::AppendUtf8(m_fontEntry.face, c);
+            return;
+        }
+        if (m_state.destination != Destination::Text)
+            return;
+        PrepareText();
+        if (!kModel && c == kLineBreak)
+            c = '\n';
+        cp1252::AppendUtf8(m_text, c);
+    }
+
+    // Makes m_text ready to take text in the current format.
+    void PrepareText() {
+        m_openParagraph = true;
+        if constexpr (kModel) {
+            if (m_runChars != m_state.chars) {
+                FlushRun();
+                m_runChars = m_state.chars;
+            }
+        }
+    }
+
+    void FlushRun() {
+        if constexpr (kModel) {
+            if (!m_text.empty())
+                m_builder.AppendText(m_text, Resolve(m_runChars));
+            m_text.clear();
+        }
+    }
+
+    void EndParagraph(ParagraphBreak end) {
+        if (m_state.destination != Destination::Text)
+            return;
+        m_leadByte = -1;
+        if constexpr (kModel) {
+            FlushRun();
+            m_builder.EndParagraph(m_state.alignment, Resolve(m_state.chars), end);
+        } else {
+            m_text += '\n';
+        }
+        m_openParagraph = false;
+    }
+
+    // A page break ends the paragraph it stands in; at the start of a paragraph (where writers put
+    // it) it belongs to the end of the paragraph before.
+    void PageBreak() {
+        if (m_state.destination != Destination::Text)
+            return;
+        if (m_openParagraph)
+            EndParagraph(ParagraphBreak::Page);
+        else if constexpr (kModel)
+            m_builder.MarkPageBreak();
+    }
+
+    // ---- tables: each cell is a paragraph, except that a cell merged into the one before it
+    // (\clmrg) adds no empty paragraph of its own.
+
+    void DefineCell(Keyword keyword) {
+        if (m_state.nestedRow)
+            return;
+        if (keyword == Keyword::RowDefaults) {
+            m_row.merged.clear();
+            m_row.nextMerged = false;
+            m_row.cell = 0;
+        } else if (keyword == Keyword::CellMerged) {
+            m_row.nextMerged = true;
+        } else {
+            m_row.merged.push_back(m_row.nextMerged);
+            m_row.nextMerged = false;
+        }
+    }
+
+    void EndCell() {
+        const bool mergedIntoPrevious = m_row.cell < m_row.merged.size() && m_row.merged[m_row.cell];
+        ++m_row.cell;
+        if (!mergedIntoPrevious || m_openParagraph)
+            EndParagraph(ParagraphBreak::Paragraph);
+    }
+
+    // ---- code pages
+
+    void SetDocumentCodePage(int number) {
+        m_documentCodePage = number;
+        TablesChanged();
+    }
+
+    const CodePage& CodePageOf(int codePage) const {
+        if (codePage == 42)
+            return CodePage::Symbol();
+        return CodePage::ForNumber(codePage == 0 ? m_documentCodePage : codePage);
+    }
+
+    const CodePage& CurrentCodePage() {
+        if (!m_pageCache || m_pageCacheFont != m_state.chars.font) {
+            const FontEntry* font = FindFont(m_state.chars.font);
+            m_pageCache = &CodePageOf(font ? font->codePage : 0);
+            m_pageCacheFont = m_state.chars.font;
+        }
+        return *m_pageCache;
+    }
+
+    void TablesChanged() {
+        m_pageCache = nullptr;
+        m_resolvedValid = false;
+    }
+
+    // ---- font table
+
+    const FontEntry* FindFont(int number) const {
+        auto found = m_fonts.find(number < 0 ? m_defaultFont : number);
+        if (found == m_fonts.end())
+            found = m_fonts.find(m_defaultFont);
+        return found == m_fonts.end() ? nullptr : &found->second;
+    }
+
+    void BeginFontEntry(int number) {
+        CommitFontEntry();
+        m_fontEntry = FontEntry();
+        m_fontNumber = number;
+        m_fontDepth = m_stack.size();
+        m_fontOpen = true;
+    }
+
+    // A literal ';' ends a font name; an escaped one is part of it.
+    void FontTableByte(unsigned char byte, bool escaped) {
+        if (byte == ';' && !escaped) {
+            CommitFontEntry();
+        } else if (m_fontOpen) {
+            cp1252::AppendUtf8(m_fontEntry.face, CodePageOf(m_fontEntry.codePage).ToUnicode(byte));
+        }
+    }
+
+    void CommitFontEntry() {
+        if (!m_fontOpen)
+            return;
+        m_fontEntry.face = std::string(Trim(m_fontEntry.face));
+        m_fonts.insert_or_assign(m_fontNumber, std::move(m_fontEntry));
+        m_fontOpen = false;
+        TablesChanged();
+    }
+
+    // ---- colour table
+
+    void SetColourPart(Keyword part, int value) {
+        if (m_state.destination != Destination::ColourTable)
+            return;
+        const int component = std::clamp(value, 0, 255);
+        (part == Keyword::Red     ? m_colourPart.red
+         : part == Keyword::Green ? m_colourPart.green
+                                  : m_colourPart.blue) = component;
+        m_colourPart.given = true;
+    }
+
+    void CommitColour() {
+        m_colours.push_back(m_colourPart.given ? std::optional(MakeColour(
+                                                     m_colourPart.red, m_colourPart.green, m_colourPart.blue))
+                                               : std::nullopt);
+        m_colourPart = {};
+        TablesChanged();
+    }
+
+    // ---- formats
+
+    const CharFormat& Resolve(const CharState& chars) {
+        if (m_resolvedValid && m_resolvedChars == chars)
+            return m_resolved;
+        const FontEntry* font = FindFont(chars.font);
+        m_resolved.face = font ? font->face : std::string();
+        m_resolved.halfPoints = chars.halfPoints;
+        m_resolved.bold = chars.bold;
+        m_resolved.italic = chars.italic;
+        m_resolved.underline = chars.underline;
+        m_resolved.strikeOut = chars.strikeOut;
+        m_resolved.colour = chars.colour >= 0 && static_cast<size_t>(chars.colour) < m_colours.size()
+                                ? m_colours[chars.colour]
+                                : std::nullopt;
+        m_resolvedChars = chars;
+        m_resolvedValid = true;
+        return m_resolved;
+    }
+
+    Lexer m_lexer;
+    GroupState m_state;
+    std::vector<GroupState> m_stack;
+    size_t m_overflowDepth = 0;
+    bool m_optionalDestination = false;
+
+    int m_skipChars = 0;
+    char32_t m_highSurrogate = 0;
+    int m_leadByte = -1;
+
+    int m_documentCodePage = 1252;
+    int m_defaultFont = 0;
+    std::map<int, FontEntry> m_fonts;
+    FontEntry m_fontEntry;
+    int m_fontNumber = 0;
+    size_t m_fontDepth = 0;
+    bool m_fontOpen = false;
+    std::vector<std::optional<Colour>> m_colours;
+    struct {
+        int red = 0, green = 0, blue = 0;
+        bool given = false;
+    } m_colourPart;
+
+    struct {
+        std::vector<bool> merged; // per cell of the current row definition
+        bool nextMerged = false;
+        size_t cell = 0;
+    } m_row;
+
+    const CodePage* m_pageCache = nullptr;
+    int m_pageCacheFont = 0;
+    CharState m_resolvedChars;
+    CharFormat m_resolved;
+    bool m_resolvedValid = false;
+
+    // Plain text: all of it. Model: the text of the run being read, in m_runChars.
+    std::string m_text;
+    CharState m_runChars;
+    bool m_openParagraph = false;
+    DocumentBuilder m_builder;
+};
+
+// Plain text that is not RTF: one paragraph per line.
+template <typename OnLine> void ForEachLine(std::string_view text, OnLine onLine) {
+    size_t start = 0;
+    while (start < text.size()) {
+        const size_t end = text.find_first_of("\r\n", start);
+        if (end == std::string_view::npos) {
+            onLine(text.substr(start), false);
+            return;
+        }
+        onLine(text.substr(start, end - start), true);
+        start = end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1);
+    }
+}
+
+Document ReadPlainText(std::string_view text) {
+    DocumentBuilder builder;
+    const CharFormat format;
+    ForEachLine(text, [&](std::string_view line, bool ended) {
+        builder.AppendText(cp1252::ToUtf8(line), format);
+        if (ended)
+            builder.EndParagraph(Alignment::Left, format, ParagraphBreak::Paragraph);
+    });
+    return builder.Finish(Alignment::Left, format);
+}
+
+} // namespace
+
+bool IsRtf(std::string_view text) {
+    return text.starts_with("{\\rtf");
+}
+
+Document ReadRtf(std::string_view rtf) {
+    if (!IsRtf(rtf))
+        return ReadPlainText(rtf);
+    Parser<true> parser(rtf);
+    parser.Run();
+    return parser.TakeDocument();
+}
+
+std::string PlainText(std::string_view rtf) {
+    if (!IsRtf(rtf)) {
+        std::string text;
+        ForEachLine(rtf, [&](std::string_view line, bool ended) {
+            text += cp1252::ToUtf8(line);
+            if (ended)
+                text += '\n';
+        });
+        if (!text.empty() && text.back() == '\n')
+            text.pop_back();
+        return text;
+    }
+    Parser<false> parser(rtf);
+    parser.Run();
+    return parser.TakeText();
+}
+
+} // namespace rtf

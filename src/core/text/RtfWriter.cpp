@@ -1,0 +1,232 @@
+#include "text/RtfWriter.h"
+
+#include "model/Cp1252.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+namespace rtf {
+namespace {
+
+// Faces and colours in the order of their first use: their positions are the \f and \cf numbers.
+struct Tables {
+    std::vector<std::string> faces;
+    std::vector<Colour> colours; // \cf0 stays the automatic colour, so colour i is written as \cf(i+1)
+
+    void Add(const CharFormat& format) {
+        if (std::find(faces.begin(), faces.end(), format.face) == faces.end())
+            faces.push_back(format.face);
+        if (format.colour && std::find(colours.begin(), colours.end(), *format.colour) == colours.end())
+            colours.push_back(*format.colour);
+    }
+
+    int FontNumber(const std::string& face) const {
+        return static_cast<int>(std::find(faces.begin(), faces.end(), face) - faces.begin());
+    }
+    int ColourNumber(const std::optional<Colour>& colour) const {
+        if (!colour)
+            return 0;
+        return static_cast<int>(std::find(colours.begin(), colours.end(), *colour) - colours.begin()) + 1;
+    }
+};
+
+Tables CollectTables(const Document& document) {
+    Tables tables;
+    for (const Paragraph& paragraph : document.paragraphs) {
+        for (const Run& run : paragraph.runs)
+            tables.Add(run.format);
+        tables.Add(paragraph.mark);
+    }
+    return tables;
+}
+
+class Writer {
+public:
+    explicit Writer(const Document& document) : m_document(document), m_tables(CollectTables(document)) {}
+
+    std::string Write() {
+        m_out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1031";
+        WriteFontTable();
+        WriteColourTable();
+        Word("\\viewkind4\\uc1");
+        for (size_t i = 0; i < m_document.paragraphs.size(); ++i)
+            WriteParagraph(m_document.paragraphs[i], i == 0);
+        m_out += "}\r\n";
+        return std::move(m_out);
+    }
+
+private:
+    void WriteFontTable() {
+        m_out += "{\\fonttbl";
+        for (size_t i = 0; i < m_tables.faces.size(); ++i) {
+            Word("{\\f" + std::to_string(i) + "\\fnil\\fcharset0");
+            Text(m_tables.faces[i], true);
+            m_out += ";}";
+            m_delimit = false;
+        }
+        m_out += "}\r\n";
+    }
+
+    void WriteColourTable() {
+        m_out += "{\\colortbl ;";
+        for (Colour colour : m_tables.colours) {
+            m_out += "\\red" + std::to_string(colour & 0xFF) + "\\green" +
+                     std::to_string((colour >> 8) & 0xFF) + "\\blue" + std::to_string((colour >> 16) & 0xFF) +
+                     ";";
+        }
+        m_out += "}\r\n";
+    }
+
+    void WriteParagraph(const Paragraph& paragraph, bool first) {
+        if (first || paragraph.alignment != m_alignment) {
+            Word("\\pard");
+            Word(AlignmentWord(paragraph.alignment));
+            m_alignment = paragraph.alignment;
+        }
+        for (const Run& run : paragraph.runs) {
+            SwitchTo(run.format);
+            Text(run.text, false);
+        }
+        SwitchTo(paragraph.mark);
+        switch (paragraph.end) {
+        case ParagraphBreak::Paragraph:
+            Word("\\par");
+            break;
+        case ParagraphBreak::Page:
+            Word("\\par\\page"); // the break then belongs to this paragraph even when it is empty
+            break;
+        case ParagraphBreak::None:
+            return;
+        }
+        m_out += "\r\n";
+        m_delimit = false;
+    }
+
+    static const char* AlignmentWord(Alignment alignment) {
+        switch (alignment) {
+        case Alignment::Centre:
+            return "\\qc";
+        case Alignment::Right:
+            return "\\qr";
+        case Alignment::Justified:
+            return "\\qj";
+        case Alignment::Left:
+            break;
+        }
+        return "";
+    }
+
+    // Writes the control words that change the current format into the given one. Face and size are
+    // always written for the first text, so that no reader has to guess its defaults.
+    void SwitchTo(const CharFormat& format) {
+        if (!m_current || m_current->face != format.face)
+            Word("\\f" + std::to_string(m_tables.FontNumber(format.face)));
+        if (!m_current || m_current->halfPoints != format.halfPoints)
+            Word("\\fs" + std::to_string(format.halfPoints));
+        const CharFormat before = m_current.value_or(CharFormat());
+        Flag(before.bold, format.bold, "\\b", "\\b0");
+        Flag(before.italic, format.italic, "\\i", "\\i0");
+        Flag(before.underline, format.underline, "\\ul", "\\ulnone");
+        Flag(before.strikeOut, format.strikeOut, "\\strike", "\\strike0");
+        if (before.colour != format.colour)
+            Word("\\cf" + std::to_string(m_tables.ColourNumber(format.colour)));
+        m_current = format;
+    }
+
+    void Flag(bool before, bool after, const char* on, const char* off) {
+        if (before != after)
+            Word(after ? on : off);
+    }
+
+    void Word(const std::string& word) {
+        if (word.empty())
+            return;
+        m_out += word;
+        m_delimit = true; // a letter or digit after a control word would become part of it
+    }
+
+    // Escapes UTF-8 text. In a font name a ';' ends the name, so it is written as a hex byte there.
+    void Text(std::string_view utf8, bool fontName) {
+        size_t pos = 0;
+        while (pos < utf8.size()) {
+            const auto c = cp1252::DecodeUtf8(utf8, pos);
+            Character(c.value_or(0xFFFD), fontName);
+        }
+    }
+
+    void Character(char32_t c, bool fontName) {
+        switch (c) {
+        case '\\':
+        case '{':
+        case '}':
+            Symbol(static_cast<char>(c));
+            return;
+        case kTab:
+            Word("\\tab");
+            return;
+        case kLineBreak:
+            Word("\\line");
+            return;
+        case 0x00A0:
+            Symbol('~');
+            return;
+        case 0x00AD:
+            Symbol('-');
+            return;
+        case 0x2011:
+            Symbol('_');
+            return;
+        default:
+            break;
+        }
+        if (c >= 0x20 && c < 0x7F && !(fontName && c == ';')) {
+            if (std::exchange(m_delimit, false))
+                m_out += ' ';
+            m_out += static_cast<char>(c);
+        } else if (const auto byte = cp1252::FromUnicode(c)) {
+            Hex(*byte);
+        } else if (c > 0xFFFF) {
+            Unicode(0xD800 + ((c - 0x10000) >> 10));
+            Unicode(0xDC00 + ((c - 0x10000) & 0x3FF));
+        } else {
+            Unicode(c);
+        }
+    }
+
+    void Symbol(char c) {
+        m_out += '\\';
+        m_out += c;
+        m_delimit = false;
+    }
+
+    void Hex(unsigned char byte) {
+        char buffer[8];
+        std::snprintf(buffer, sizeof buffer, "\\'%02x", byte);
+        m_out += buffer;
+        m_delimit = false;
+    }
+
+    // \uN takes a signed 16-bit N; the '?' is the one fallback character \uc1 announces.
+    void Unicode(char32_t c) {
+        const int value = c > 0x7FFF ? static_cast<int>(c) - 0x10000 : static_cast<int>(c);
+        m_out += "\\u" + std::to_string(value) + "?";
+        m_delimit = false;
+    }
+
+    const Document& m_document;
+    Tables m_tables;
+    std::string m_out;
+    bool m_delimit = false;
+    std::optional<CharFormat> m_current;
+    Alignment m_alignment = Alignment::Left;
+};
+
+} // namespace
+
+std::string WriteRtf(const Document& document) {
+    return Writer(document).Write();
+}
+
+} // namespace rtf
