@@ -49,18 +49,21 @@ int RotateBackups(FileSystem& fs, const std::string& projectPath) {
 SaveResult SaveWithBackups(FileSystem& fs, const std::string& projectPath, std::span<const uint8_t> bytes) {
     SaveResult result;
     if (const int written = WriteTempFile(fs, projectPath, bytes, result.tempPath); written < 0)
-        return {SaveResult::Outcome::NotWritten, written, {}, false};
+        return {SaveResult::Outcome::NotWritten, written, {}, {}};
 
     const int moved = RotateBackups(fs, projectPath);
     // Replacing the project while it could not go to .BK0 would destroy the last good state.
     if (moved < 0 && moved != -ENOENT) {
         fs.Remove(result.tempPath);
-        return {SaveResult::Outcome::NotWritten, moved, {}, false};
+        return {SaveResult::Outcome::NotWritten, moved, {}, {}};
     }
     if (const int replaced = fs.Rename(result.tempPath, projectPath); replaced < 0) {
         result.outcome = SaveResult::Outcome::NotReplaced;
         result.error = replaced;
-        result.restored = moved == 0 && fs.Rename(BackupFilePath(projectPath, 0), projectPath) == 0;
+        if (moved == 0)
+            result.lastGoodPath = fs.Rename(BackupFilePath(projectPath, 0), projectPath) == 0
+                                      ? projectPath
+                                      : BackupFilePath(projectPath, 0);
         return result;
     }
     // Some network file systems refuse to sync a folder; the files are complete either way, only
@@ -82,8 +85,9 @@ std::string SaveFailureMessage(const SaveResult& result, const std::string& proj
     const std::string head = "Die Datei \"" + projectPath + "\" konnte nicht ersetzt werden (" +
                              FileErrorReason(result.error) + ").\n";
     const std::string saved = "Der neue Stand ist in \"" + result.tempPath + "\" gespeichert.";
-    if (result.restored)
+    if (result.lastGoodPath == projectPath)
         return head + "Sie ist unverändert. " + saved;
-    return head + "Der zuletzt gespeicherte Stand liegt in \"" + BackupFilePath(projectPath, 0) + "\". " +
-           saved;
+    if (result.lastGoodPath.empty())
+        return head + saved;
+    return head + "Der zuletzt gespeicherte Stand liegt in \"" + result.lastGoodPath + "\". " + saved;
 }

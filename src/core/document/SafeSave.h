@@ -13,15 +13,15 @@ struct SaveResult {
         // The new content could not be written, or the project could not be moved to .BK0: the
         // project file is untouched and no temporary file is left.
         NotWritten,
-        // The project went to .BK0 but the temporary file could not take its place. The new
-        // content stays in tempPath; the project file was moved back when restored is set,
-        // otherwise the last good state is .BK0.
+        // The temporary file could not take the project's place. The new content stays in
+        // tempPath; lastGoodPath is where the last saved state is now: the project file when it
+        // could be moved back from .BK0, else .BK0 (empty when the project did not exist before).
         NotReplaced,
     };
     Outcome outcome = Outcome::Saved;
     int error = 0; // -errno of the step that failed
     std::string tempPath;
-    bool restored = false;
+    std::string lastGoodPath;
 };
 
 SaveResult SaveWithBackups(FileSystem& fs, const std::string& projectPath, std::span<const uint8_t> bytes);
