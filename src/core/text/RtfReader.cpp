@@ -184,11 +184,14 @@ private:
                 return SkipGroup();
         }
         if (keyword == Keyword::Binary) {
-            m_lexer.SkipBytes(token.param); // binary data is never text, not even fallback text
+            m_lexer.SkipBytes(token.param); // never text; with its data one character of \u fallback
+            SkipFallbackChar();
             return true;
         }
         if (SkipFallbackChar())
             return true;
+        if (m_state.destination == Destination::FontTable && IsParagraphWord(keyword))
+            LeaveUnclosedFontTable();
         CharState& chars = m_state.chars;
         switch (keyword) {
         case Keyword::Skipped:
@@ -280,7 +283,8 @@ private:
             m_state.unicodeSkip = std::clamp(token.param, 0, kMaxUnicodeSkip);
             break;
         case Keyword::Unicode:
-            UnicodeChar(token.param);
+            if (token.hasParam)
+                UnicodeChar(token.param);
             break;
         case Keyword::ParagraphDefault:
         case Keyword::AlignLeft:
@@ -595,6 +599,17 @@ private:
         if (found == m_fonts.end())
             found = m_fonts.find(m_defaultFont);
         return found == m_fonts.end() ? nullptr : &found->second;
+    }
+
+    static bool IsParagraphWord(Keyword keyword) {
+        return keyword == Keyword::ParagraphDefault || keyword == Keyword::Par;
+    }
+
+    // Paragraph words never stand in a font table: the writer forgot to close it, and what follows is
+    // the note's text.
+    void LeaveUnclosedFontTable() {
+        CommitFontEntry();
+        m_state.destination = Destination::Text;
     }
 
     void BeginFontEntry(int number) {
