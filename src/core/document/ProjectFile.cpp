@@ -4,6 +4,7 @@
 #include "model/NodeList.h"
 #include "text/DefaultNote.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <utility>
@@ -16,6 +17,9 @@ namespace {
 constexpr uint64_t kMinNodeBytes = 32 * 4 + 5;
 constexpr uint64_t kMinHoursBytes = 3 * 4 + 2;
 constexpr uint64_t kMinCostBytes = 4 * 4 + 2;
+
+// The pieces a streamed save hands to its sink.
+constexpr size_t kSinkPieceSize = 1 << 20;
 
 // The order of the fields, written once for both directions: the reader's archive fills the
 // fields, the writer's archives measure or store them. The names are the reader's, for its error
@@ -339,9 +343,12 @@ public:
     }
 };
 
+// Stores the fields into a buffer. With a sink, a full buffer is handed over and filled again; without
+// one, the buffer must hold the whole file.
 class StoreArchive {
 public:
-    explicit StoreArchive(uint8_t* out) : m_out(out) {}
+    StoreArchive(std::span<uint8_t> buffer, const ProjectSink* sink)
+        : m_begin(buffer.data()), m_out(m_begin), m_end(m_begin + buffer.size()), m_sink(sink) {}
 
     void Field(uint32_t value, const char* = nullptr) { Put(value); }
     void Field(int32_t value, const char* = nullptr) { Put(uint32_t(value)); }
@@ -364,16 +371,45 @@ public:
             Put(uint32_t(0xFFFFFFFF));
             Put(length);
         }
-        std::memcpy(m_out, value.data(), length);
-        m_out += length;
+        PutBytes(reinterpret_cast<const uint8_t*>(value.data()), length);
     }
+
+    // Hands over what is left; false when the sink refused any piece.
+    bool Finish() { return Flush(); }
 
 private:
     template <class T> void Put(T value) {
+        uint8_t bytes[sizeof(T)];
         for (size_t i = 0; i < sizeof(T); ++i)
-            *m_out++ = uint8_t(uint64_t(value) >> (8 * i));
+            bytes[i] = uint8_t(uint64_t(value) >> (8 * i));
+        PutBytes(bytes, sizeof(T));
     }
+
+    void PutBytes(const uint8_t* data, size_t size) {
+        while (size > 0) {
+            if (m_out == m_end && !Flush())
+                return;
+            const size_t piece = std::min(size, size_t(m_end - m_out));
+            std::memcpy(m_out, data, piece);
+            m_out += piece;
+            data += piece;
+            size -= piece;
+        }
+    }
+
+    bool Flush() {
+        if (m_out != m_begin && !m_failed) {
+            m_failed = !m_sink || !(*m_sink)(std::span<const uint8_t>(m_begin, m_out));
+            m_out = m_begin;
+        }
+        return !m_failed;
+    }
+
+    uint8_t* m_begin;
     uint8_t* m_out;
+    uint8_t* m_end;
+    const ProjectSink* m_sink;
+    bool m_failed = false;
 };
 
 template <class Archive, class Entry, class Fields>
@@ -473,9 +509,18 @@ std::vector<uint8_t> WriteProject(const ProjectViewValues& view,
     SizeArchive measure;
     StoreProject(measure, view, assigneeHistory, remarkHistory, firstNode);
     std::vector<uint8_t> bytes(measure.size);
-    StoreArchive store(bytes.data());
+    StoreArchive store(bytes, nullptr);
     StoreProject(store, view, assigneeHistory, remarkHistory, firstNode);
     return bytes;
+}
+
+bool WriteProject(const ProjectViewValues& view, const std::array<std::string, 10>& assigneeHistory,
+                  const std::array<std::string, 10>& remarkHistory, const CProjectNode* firstNode,
+                  const ProjectSink& sink) {
+    std::vector<uint8_t> buffer(kSinkPieceSize);
+    StoreArchive store(buffer, &sink);
+    StoreProject(store, view, assigneeHistory, remarkHistory, firstNode);
+    return store.Finish();
 }
 
 std::vector<uint8_t> WriteProject(const ProjectContent& content) {

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -64,3 +65,12 @@ std::vector<uint8_t> WriteProject(const ProjectViewValues& view,
                                   const std::array<std::string, 10>& assigneeHistory,
                                   const std::array<std::string, 10>& remarkHistory,
                                   const CProjectNode* firstNode);
+
+// Takes the file's bytes piece by piece, in order; false stops the writing.
+using ProjectSink = std::function<bool(std::span<const uint8_t> piece)>;
+// The same bytes handed to sink in pieces of up to 1 MiB, for a save that needs no buffer of the
+// file's size (on a large project that halves the memory a save takes). False when the sink
+// refused a piece; nothing is handed over after that.
+bool WriteProject(const ProjectViewValues& view, const std::array<std::string, 10>& assigneeHistory,
+                  const std::array<std::string, 10>& remarkHistory, const CProjectNode* firstNode,
+                  const ProjectSink& sink);

@@ -332,3 +332,26 @@ TEST(ProjectFileRead, BytesAfterTheLastNodeAreCountedAndDropped) {
     EXPECT_EQ(result.trailingBytes, 3u);
     EXPECT_EQ(WriteProject(content), exact);
 }
+
+TEST(ProjectFileWrite, StreamedPiecesAddUpToTheSameBytesAndStopWhenRefused) {
+    ProjectContent content;
+    ASSERT_EQ(Read(File({Node(1000, 2, 1), Node(2000)}), content).status, ReadStatus::Ok);
+    content.firstNode->m_strNote.assign(2'500'000, 'n'); // spans three pieces
+    const auto write = [&](const ProjectSink& sink) {
+        return WriteProject(content.view, content.assigneeHistory, content.remarkHistory, content.firstNode,
+                            sink);
+    };
+    std::vector<uint8_t> streamed;
+    int pieces = 0;
+    EXPECT_TRUE(write([&](std::span<const uint8_t> piece) {
+        EXPECT_LE(piece.size(), size_t(1) << 20);
+        streamed.insert(streamed.end(), piece.begin(), piece.end());
+        return ++pieces > 0;
+    }));
+    EXPECT_EQ(pieces, 3);
+    EXPECT_EQ(streamed, WriteProject(content));
+
+    int calls = 0;
+    EXPECT_FALSE(write([&](std::span<const uint8_t>) { return ++calls < 2; }));
+    EXPECT_EQ(calls, 2);
+}
