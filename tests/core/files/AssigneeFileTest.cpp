@@ -1,0 +1,59 @@
+// "Bearbeiter.dat": presets as carriage-return-terminated tokens, and saving with the backup.
+#include "files/AssigneeFile.h"
+
+#include "core/files/DataFileTestDir.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Presets = std::vector<std::string>;
+
+TEST(AssigneeFormat, TwoWordPresetsAreJoinedByTheMarkerAndComeBack) {
+    const std::string bytes = FormatAssignees({"Max Muster", "Bau", "M\xFCller  GmbH"});
+    EXPECT_EQ(bytes, "Max#~*Muster\rBau\rM\xFCller#~*#~*GmbH\r");
+    EXPECT_EQ(ParseAssignees(bytes), (Presets{"Max Muster", "Bau", "M\xFCller  GmbH"}));
+}
+
+TEST(AssigneeFormat, AnEmptyPresetLeavesOnlyASeparatorAndIsNotReadBack) {
+    EXPECT_EQ(FormatAssignees({"", "A"}), "\rA\r");
+    EXPECT_EQ(ParseAssignees(FormatAssignees({"", "A"})), Presets{"A"});
+}
+
+TEST(AssigneeParse, AnyWhiteSpaceSeparatesAndTheLastTokenNeedsASeparator) {
+    EXPECT_EQ(ParseAssignees("a\nb\tc d\r\re#~*f\r"), (Presets{"a", "b", "c", "d", "e f"}));
+    EXPECT_EQ(ParseAssignees("a\rb"), Presets{"a"});
+    EXPECT_TRUE(ParseAssignees("").empty());
+    EXPECT_TRUE(ParseAssignees(" \r\n").empty());
+}
+
+TEST(AssigneeParse, TheMarkerIsReplacedLeftToRight) {
+    EXPECT_EQ(ParseAssignees("#~#~*\r#~*~*\r#~*#~*\r"), (Presets{"#~ ", " ~*", "  "}));
+    // Each of these comes back unchanged through a save.
+    for (const std::string& text : ParseAssignees("#~#~*\r#~*~*\r##~**\r"))
+        EXPECT_EQ(ParseAssignees(FormatAssignees({text})), Presets{text});
+}
+
+TEST(AssigneeFile, SavingKeepsThePreviousFileAsBackup) {
+    TestDir dir;
+    const std::string path = dir.File("Bearbeiter.dat");
+    EXPECT_TRUE(LoadAssignees(path).empty());
+    EXPECT_FALSE(AssigneeFileHasContent(path));
+    ASSERT_TRUE(SaveAssignees(path, {"Anna", "Bernd Bau"}));
+    EXPECT_EQ(LoadAssignees(path), (Presets{"Anna", "Bernd Bau"}));
+    ASSERT_TRUE(SaveAssignees(path, {"Clara"}));
+    EXPECT_EQ(ReadBytes(dir.File("Bearbeiter.bak")), "Anna\rBernd#~*Bau\r");
+    EXPECT_EQ(ReadBytes(path), "Clara\r");
+}
+
+TEST(AssigneeFile, ContentMeansAtLeastOneByte) {
+    TestDir dir;
+    const std::string path = dir.File("Bearbeiter.dat");
+    WriteBytes(path, "");
+    EXPECT_FALSE(AssigneeFileHasContent(path));
+    WriteBytes(path, "\r");
+    EXPECT_TRUE(AssigneeFileHasContent(path));
+    EXPECT_TRUE(LoadAssignees(path).empty());
+}
+
+} // namespace

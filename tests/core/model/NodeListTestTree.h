@@ -1,0 +1,84 @@
+#pragma once
+// Hand-built node lists for the node-list tests, described compactly and checked for sound links.
+#include "model/NodeList.h"
+
+#include <gtest/gtest.h>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+struct NodeSpec {
+    int level;
+    std::string title;
+    int kind = KIND_PROJECT;
+    uint32_t start = 0; // seconds; the due key is start + 1000 unless given
+    uint32_t due = 0;
+};
+
+// Owns a list built from specs; frees whatever list `first` heads at the end of the test.
+class TestTree {
+public:
+    TestTree(std::initializer_list<NodeSpec> specs) : TestTree(std::vector<NodeSpec>(specs)) {}
+    explicit TestTree(const std::vector<NodeSpec>& specs) {
+        const NodeDefaults defaults{CTime(1700000000), CTime(1700000000), CTime(1700086399)};
+        CProjectNode* tail = nullptr;
+        for (const NodeSpec& spec : specs) {
+            auto* node = new CProjectNode(defaults);
+            node->m_nLevel = spec.level;
+            node->m_strTitle = spec.title;
+            node->m_nKind = spec.kind;
+            node->m_timeStart = CTime(spec.start);
+            node->m_timeDue = CTime(spec.due ? spec.due : spec.start + 1000);
+            node->m_bSelected = 0;
+            node->m_pPrev = tail;
+            (tail ? tail->m_pNext : first) = node;
+            tail = node;
+        }
+        if (first)
+            first->m_bSelected = 1;
+    }
+    ~TestTree() { FreeNodeList(first); }
+    TestTree(const TestTree&) = delete;
+    TestTree& operator=(const TestTree&) = delete;
+
+    CProjectNode* operator[](const std::string& title) const {
+        for (CProjectNode* p = first; p; p = p->m_pNext) {
+            if (p->m_strTitle == title)
+                return p;
+        }
+        ADD_FAILURE() << "no node titled " << title;
+        return nullptr;
+    }
+    void Select(const std::string& title) { SelectOnly(first, (*this)[title]); }
+
+    CProjectNode* first = nullptr;
+};
+
+// "level:title" of every node in list order, e.g. "0:R 1:A 2:a".
+inline std::string Outline(const CProjectNode* first) {
+    std::string out;
+    for (const CProjectNode* p = first; p; p = p->m_pNext)
+        out += (out.empty() ? "" : " ") + std::to_string(p->m_nLevel) + ":" + p->m_strTitle;
+    return out;
+}
+
+// Titles of the nodes that have a flag set, in list order.
+inline std::string Flagged(const CProjectNode* first, int CProjectNode::*flag) {
+    std::string out;
+    for (const CProjectNode* p = first; p; p = p->m_pNext) {
+        if (p->*flag)
+            out += (out.empty() ? "" : " ") + p->m_strTitle;
+    }
+    return out;
+}
+
+// The backward links mirror the forward ones and the head has no predecessor.
+inline ::testing::AssertionResult LinksAreSound(const CProjectNode* first) {
+    if (first && first->m_pPrev)
+        return ::testing::AssertionFailure() << "the head has a predecessor";
+    for (const CProjectNode* p = first; p && p->m_pNext; p = p->m_pNext) {
+        if (p->m_pNext->m_pPrev != p)
+            return ::testing::AssertionFailure() << "broken back link after " << p->m_strTitle;
+    }
+    return ::testing::AssertionSuccess();
+}
