@@ -1,10 +1,7 @@
 #pragma once
-// A temporary folder per test and a file system that fails on command, for the document's file
-// handling.
+// A temporary folder per test, a file system that fails on command, and a document over both.
 #include "document/CVeltoDoc.h"
-#include "document/FileSystem.h"
 #include "document/LockFile.h"
-#include "document/ProjectFile.h"
 #include "support/ScriptedPrompter.h"
 
 #include <gtest/gtest.h>
@@ -24,9 +21,8 @@ namespace doctest {
 
 enum class Op { Open, Write, Sync, Close, Remove, Rename, SyncDirectory };
 
-// The real file system, except that the calls named by a fault fail. A fault matches an operation
-// on a path ending in `suffix` (for a rename: the target); it lets `skip` matches pass, then fails
-// `times` of them with `error`.
+// The real file system, except that a fault makes calls fail: it matches an operation on a path
+// ending in `suffix` (for a rename: the target), lets `skip` matches pass, then fails `times`.
 class FaultyFileSystem : public PosixFileSystem {
 public:
     struct Fault {
@@ -37,58 +33,41 @@ public:
         int skip = 0;
     };
     std::vector<Fault> faults;
-    // Runs before every operation (a test can change the folder "between" two calls).
+    // Runs before every operation, so a test can change the folder between two calls.
     std::function<void(Op, const std::string&)> before;
-    std::vector<std::pair<Op, std::string>> log;
 
     int Open(const std::string& path, int flags, mode_t mode) override {
-        if (const int error = Check(Op::Open, path))
-            return error;
-        const int fd = PosixFileSystem::Open(path, flags, mode);
+        const int fd = Guard(Op::Open, path, [&] { return PosixFileSystem::Open(path, flags, mode); });
         if (fd >= 0)
             m_paths[fd] = path;
         return fd;
     }
-    ssize_t Read(int fd, void* buffer, size_t size) override {
-        return PosixFileSystem::Read(fd, buffer, size);
-    }
-    ssize_t Write(int fd, const void* buffer, size_t size) override {
-        const int error = Check(Op::Write, m_paths[fd]);
-        return error ? error : PosixFileSystem::Write(fd, buffer, size);
+    ssize_t Write(int fd, const void* data, size_t size) override {
+        return Guard(Op::Write, m_paths[fd], [&] { return PosixFileSystem::Write(fd, data, size); });
     }
     int Sync(int fd) override {
-        const int error = Check(Op::Sync, m_paths[fd]);
-        return error ? error : PosixFileSystem::Sync(fd);
+        return Guard(Op::Sync, m_paths[fd], [&] { return PosixFileSystem::Sync(fd); });
     }
     int Close(int fd) override {
-        const int error = Check(Op::Close, m_paths[fd]);
         const int closed = PosixFileSystem::Close(fd); // the descriptor goes either way
-        m_paths.erase(fd);
-        return error ? error : closed;
+        return Guard(Op::Close, m_paths[fd], [&] { return closed; });
     }
     int Remove(const std::string& path) override {
-        const int error = Check(Op::Remove, path);
-        return error ? error : PosixFileSystem::Remove(path);
+        return Guard(Op::Remove, path, [&] { return PosixFileSystem::Remove(path); });
     }
     int Rename(const std::string& from, const std::string& to) override {
-        const int error = Check(Op::Rename, to);
-        return error ? error : PosixFileSystem::Rename(from, to);
+        return Guard(Op::Rename, to, [&] { return PosixFileSystem::Rename(from, to); });
     }
     int SyncDirectory(const std::string& path) override {
-        const int error = Check(Op::SyncDirectory, path);
-        return error ? error : PosixFileSystem::SyncDirectory(path);
+        return Guard(Op::SyncDirectory, path, [&] { return PosixFileSystem::SyncDirectory(path); });
     }
 
 private:
-    int Check(Op op, const std::string& path) {
-        log.emplace_back(op, path);
+    template <class Call> auto Guard(Op op, const std::string& path, Call call) -> decltype(call()) {
         if (before)
             before(op, path);
         for (Fault& fault : faults) {
-            const bool matches =
-                fault.op == op && path.size() >= fault.suffix.size() &&
-                path.compare(path.size() - fault.suffix.size(), fault.suffix.size(), fault.suffix) == 0;
-            if (!matches || fault.times == 0)
+            if (fault.op != op || fault.times == 0 || !path.ends_with(fault.suffix))
                 continue;
             if (fault.skip > 0) {
                 --fault.skip;
@@ -97,10 +76,24 @@ private:
             --fault.times;
             return -fault.error;
         }
-        return 0;
+        return call();
     }
     std::map<int, std::string> m_paths;
 };
+
+inline std::vector<uint8_t> Bytes(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+inline bool Exists(const std::string& path) {
+    return std::filesystem::exists(path);
+}
+inline std::string Content(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+inline void Put(const std::string& path, std::string_view content) {
+    std::ofstream(path, std::ios::binary) << content;
+}
 
 // A fresh folder for each test, removed afterwards. Made in the constructor so that members of
 // derived fixtures can already name files in it.
@@ -110,18 +103,7 @@ protected:
     ~TempDirTest() override { std::filesystem::remove_all(m_dir); }
 
     std::string PathOf(const std::string& name) const { return m_dir + "/" + name; }
-
-    static std::vector<uint8_t> Bytes(std::string_view text) { return {text.begin(), text.end()}; }
-    static bool Exists(const std::string& path) { return std::filesystem::exists(path); }
-    static std::string Content(const std::string& path) {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-    static void Put(const std::string& path, std::string_view content) {
-        std::ofstream(path, std::ios::binary) << content;
-    }
-    // The names in the folder, sorted.
-    std::vector<std::string> Names() const {
+    std::vector<std::string> Names() const { // sorted
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(m_dir))
             names.push_back(entry.path().filename().string());
@@ -129,13 +111,13 @@ protected:
         return names;
     }
 
+private:
     static std::string MakeTempDir() {
         std::string pattern = (std::filesystem::temp_directory_path() / "velto-doc-XXXXXX").string();
         if (!mkdtemp(pattern.data()))
             throw std::runtime_error("no temporary folder: " + pattern);
         return pattern;
     }
-
     const std::string m_dir;
 };
 
@@ -150,11 +132,9 @@ inline std::string ProjectBytes(const std::string& rootTitle) {
 
 // The root title of the project file at path; empty when it cannot be read.
 inline std::string RootTitleIn(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    const std::vector<uint8_t> bytes{std::istreambuf_iterator<char>(in), {}};
+    const std::vector<uint8_t> bytes = Bytes(Content(path));
     ProjectContent content;
-    const bool read = ReadProject(bytes, content).status == ReadStatus::Ok && content.firstNode;
-    return read ? content.firstNode->m_strTitle : "";
+    return ReadProject(bytes, content).status == ReadStatus::Ok ? content.firstNode->m_strTitle : "";
 }
 
 inline std::string LockOf(const std::string& name) {
@@ -162,7 +142,7 @@ inline std::string LockOf(const std::string& name) {
     return {record.begin(), record.end()};
 }
 
-// A document of the user "Anna" over the faulty file system, with a project path in the folder.
+// A document of the user "Anna" over the faulty file system.
 class DocTest : public TempDirTest {
 protected:
     FaultyFileSystem fs;
