@@ -40,6 +40,7 @@ const char* DropRefusal(DropVerdict verdict) {
     case DropVerdict::IntoOwnSubtree:
         return "Ein Knoten kann nicht unter sich selbst verschoben werden!";
     case DropVerdict::Allowed:
+    case DropVerdict::NoChange:
         break;
     }
     return nullptr;
@@ -153,15 +154,17 @@ void CGrafik::Tell(const char* text) {
 
 void CGrafik::ZeichneAllesNeu() {
     ShowChartControls();
-    const ChartLayout layout = Layout();
-    PlaceChildren(layout);
-    m_buffer = QPixmap(size().expandedTo(QSize(1, 1)));
-    m_buffer.fill(Qt::white);
-    if (m_doc && !First()) {
-        Tell("CGrafik::ZeichneAllesNeu()");
+    PlaceChildren(Layout());
+    const QSize target = size().expandedTo(QSize(1, 1));
+    if (m_buffer.size() != target)
+        m_buffer = QPixmap(target);
+    if (!First()) {
+        m_buffer.fill(Qt::white);
+        if (m_doc)
+            Tell("CGrafik::ZeichneAllesNeu()");
         return;
     }
-    if (m_doc) {
+    {
         QPainter painter(&m_buffer);
         RenderTimeline(painter, size());
     }
@@ -464,7 +467,7 @@ void CGrafik::DropNode(int lineY) {
     const DropVerdict verdict = CheckDrop(First(), moved, rowBelow);
     if (verdict != DropVerdict::Allowed) {
         // Dropping a node back onto its own place is no move at all and needs no message.
-        if (rowBelow != moved)
+        if (verdict != DropVerdict::NoChange)
             Tell(DropRefusal(verdict));
         return;
     }

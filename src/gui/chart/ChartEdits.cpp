@@ -2,6 +2,10 @@
 
 #include "model/NodeList.h"
 
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+
 namespace {
 
 // Copies the run [from, end) into a chain.
@@ -37,19 +41,35 @@ CProjectNode* ParentOf(CProjectNode* node) {
 
 bool InSubtree(const CProjectNode* root, const CProjectNode* node) {
     for (const CProjectNode* walk = root; walk; walk = walk->m_pNext) {
-        if (walk == node)
-            return true;
         if (walk != root && walk->m_nLevel <= root->m_nLevel)
             return false;
+        if (walk == node)
+            return true;
     }
     return false;
 }
 
-// Appends a chain at the end of the list with its first node at level.
+// The level of the root's children; a damaged root level must not overflow.
+int RootChildLevel(const CProjectNode* first) {
+    return first->m_nLevel < INT_MAX ? first->m_nLevel + 1 : INT_MAX;
+}
+
+// Whether inserting moved before rowBelow (or at the end as the root's child) leaves everything as it is.
+bool DropsInPlace(CProjectNode* first, CProjectNode* moved, CProjectNode* rowBelow) {
+    if (rowBelow == moved)
+        return true;
+    if (SubtreeEnd(moved) != rowBelow)
+        return false;
+    const int level = rowBelow ? rowBelow->m_nLevel : RootChildLevel(first);
+    return level == moved->m_nLevel;
+}
+
+// Appends a chain at the end of the list with its first node at level. Levels read from a damaged
+// file may be extreme; the shift saturates instead of overflowing.
 void AppendChain(CProjectNode* first, CProjectNode* chainFirst, int level) {
-    const int delta = level - chainFirst->m_nLevel;
+    const int64_t delta = int64_t(level) - chainFirst->m_nLevel;
     for (CProjectNode* node = chainFirst; node; node = node->m_pNext)
-        node->m_nLevel += delta;
+        node->m_nLevel = int(std::clamp<int64_t>(node->m_nLevel + delta, INT_MIN, INT_MAX));
     CProjectNode* tail = LastOfChain(first);
     tail->m_pNext = chainFirst;
     chainFirst->m_pPrev = tail;
@@ -114,6 +134,8 @@ void PasteChainBefore(CProjectNode*& first, CProjectNode* target, CProjectNode* 
 DropVerdict CheckDrop(CProjectNode* first, CProjectNode* moved, CProjectNode* rowBelow) {
     if (moved == first)
         return DropVerdict::RootCannotMove;
+    if (DropsInPlace(first, moved, rowBelow))
+        return DropVerdict::NoChange;
     if (!rowBelow)
         return first->m_nKind == KIND_PROJECT ? DropVerdict::Allowed : DropVerdict::ParentNotProject;
     if (InSubtree(moved, rowBelow))
@@ -133,7 +155,7 @@ bool MoveSubtree(CProjectNode*& first, CProjectNode* moved, CProjectNode* rowBel
     if (rowBelow)
         SpliceChainBefore(first, rowBelow, chain);
     else
-        AppendChain(first, chain, first->m_nLevel + 1);
+        AppendChain(first, chain, RootChildLevel(first));
     RecomputeVisibility(first);
     return true;
 }

@@ -33,6 +33,7 @@ void PasteChainBefore(CProjectNode*& first, CProjectNode* target, CProjectNode* 
 // marked line, as that node's sibling. Below the last row it becomes the root's last child.
 enum class DropVerdict {
     Allowed,
+    NoChange,         // the line lies right above or right below the node's own rows
     RootCannotMove,   // the first node stays where it is
     IntoOwnSubtree,   // the target lies inside the moved subtree
     BeforeRoot,       // nothing goes before the first node

@@ -5,6 +5,7 @@
 #include <QRect>
 #include <QSize>
 
+#include <algorithm>
 #include <optional>
 
 class ChartLayout {
@@ -13,6 +14,7 @@ public:
     static constexpr int kScrollBarExtent = 15;
     // Height of the handle band between the horizontal divider and the note area below it.
     static constexpr int kNoteGap = 3;
+    static constexpr int kMaxIndentLevel = 1000;
 
     // textWidth: x of the vertical divider between row text and calendar (chart width 1).
     // noteHeight: height of the note area below the horizontal divider (chart width 2).
@@ -52,7 +54,8 @@ public:
     int ShownRowBelowLine(int lineY) const;
 
     // Row content, left to right: indentation, expand marker slot, text, indicator column.
-    int IndentX(int level) const { return level * m_fs + 5; }
+    // Levels of a damaged file may be negative or huge: the indentation stays within reach.
+    int IndentX(int level) const { return std::clamp(level, 0, kMaxIndentLevel) * m_fs + 5; }
     QRect MarkerRect(int level, int rowTop) const;
     // The whole slot of the marker: a click anywhere in it toggles the node.
     QRect MarkerSlot(int level, int rowTop) const { return QRect(IndentX(level), rowTop, m_fs, m_fs); }

@@ -1,0 +1,109 @@
+#include "ChartTestSupport.h"
+#include "chart/NodeClipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+using namespace charttest;
+
+namespace {
+
+class CGrafikClipboard : public ChartFixture {
+protected:
+    void SetUp() override {
+        NodeClipboard::Instance().Clear();
+        Load({{0, KIND_PROJECT, "R"},
+              {1, KIND_PROJECT, "A"},
+              {2, KIND_PROJECT, "B"},
+              {3, KIND_PROJECT, "C"},
+              {4, KIND_TASK, "c1"},
+              {2, KIND_TASK, "a2"},
+              {1, KIND_TASK, "T"}});
+    }
+    void TearDown() override { NodeClipboard::Instance().Clear(); }
+    std::string Selected() { return CurrentNode(First())->m_strTitle; }
+};
+
+TEST_F(CGrafikClipboard, ACutSubtreeIsPastedOnceWithItsLevelsShifted) {
+    Select("C");
+    chart.OnEditCut();
+    EXPECT_EQ(Outline(First()), "0:R 1:A 2:B 2:a2 1:T");
+    EXPECT_EQ(Selected(), "B");
+    EXPECT_EQ(host.commands, std::vector<int>{CHART_CMD_BACKUP_TREE});
+    EXPECT_TRUE(host.doc.IsModified());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("C\n\tc1"));
+
+    Select("T");
+    chart.OnEditPaste();
+    EXPECT_EQ(Outline(First()), "0:R 1:A 2:B 2:a2 1:C 2:c1 1:T") << "level 3 before level 1: two levels up";
+    EXPECT_EQ(Selected(), "T");
+    EXPECT_TRUE(LinksSound(First()));
+
+    chart.OnEditPaste();
+    EXPECT_EQ(host.prompter.texts(), std::vector<std::string>{"Zwischenablage ist leer!"});
+    EXPECT_EQ(Outline(First()), "0:R 1:A 2:B 2:a2 1:C 2:c1 1:T");
+    EXPECT_EQ(host.commands.size(), 2u) << "no undo copy for a paste that does nothing";
+}
+
+TEST_F(CGrafikClipboard, ACopyLeavesTheOriginalAndPastesAsOftenAsWanted) {
+    Select("B");
+    chart.OnEditCopy();
+    EXPECT_TRUE(host.commands.empty());
+    EXPECT_FALSE(host.doc.IsModified());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("B\n\tC\n\t\tc1"));
+    Select("T");
+    chart.OnEditPaste();
+    chart.OnEditPaste();
+    EXPECT_EQ(Outline(First()), "0:R 1:A 2:B 3:C 4:c1 2:a2 1:B 2:C 3:c1 1:B 2:C 3:c1 1:T");
+    EXPECT_TRUE(host.prompter.texts().empty());
+    EXPECT_TRUE(LinksSound(First()));
+    int selected = 0;
+    for (const CProjectNode* node = First(); node; node = node->m_pNext)
+        selected += node->m_bSelected;
+    EXPECT_EQ(selected, 1);
+}
+
+TEST_F(CGrafikClipboard, TheFirstNodeCannotBeCut) {
+    chart.OnEditCut();
+    EXPECT_EQ(host.prompter.texts(),
+              std::vector<std::string>{"Erster Knoten kann nicht ausgeschnitten werden!"});
+    EXPECT_TRUE(host.commands.empty());
+    EXPECT_TRUE(NodeClipboard::Instance().IsEmpty());
+    EXPECT_EQ(Outline(First()), "0:R 1:A 2:B 3:C 4:c1 2:a2 1:T");
+}
+
+TEST_F(CGrafikClipboard, PasteGoesToTheNotePaneWhileItHasTheFocus) {
+    Select("a2");
+    chart.OnEditCopy();
+    host.notePaneFocused = true;
+    chart.OnEditPaste();
+    EXPECT_EQ(host.notePastes, 1);
+    EXPECT_EQ(Outline(First()), "0:R 1:A 2:B 3:C 4:c1 2:a2 1:T");
+    EXPECT_FALSE(NodeClipboard::Instance().IsEmpty());
+    EXPECT_TRUE(host.commands.empty());
+}
+
+TEST_F(CGrafikClipboard, OneClipboardServesEveryProject) {
+    TestHost other;
+    other.doc.m_pFirstNode = BuildList({{0, KIND_PROJECT, "Zweites Projekt"}, {1, KIND_TASK, "x"}});
+    CGrafik otherChart;
+    otherChart.SetHost(&other);
+    otherChart.resize(400, 300);
+    Select("A");
+    chart.OnEditCut();
+    SelectOnly(other.doc.m_pFirstNode, other.doc.m_pFirstNode->m_pNext);
+    otherChart.OnEditPaste();
+    EXPECT_EQ(Outline(other.doc.m_pFirstNode), "0:Zweites Projekt 1:A 2:B 3:C 4:c1 2:a2 1:x");
+    EXPECT_EQ(Outline(First()), "0:R 1:T");
+    EXPECT_TRUE(other.doc.IsModified());
+}
+
+TEST_F(CGrafikClipboard, TheSystemClipboardGetsTheTitlesAsUnicode) {
+    Node("c1")->m_strTitle = "Gr\xF6\xDF"
+                             "e 5 \x80";
+    Select("C");
+    chart.OnEditCopy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QString::fromUtf8("C\n\tGröße 5 €"));
+}
+
+} // namespace
