@@ -1,5 +1,6 @@
 #include "document/ProjectFile.h"
 
+#include "document/FileSystem.h"
 #include "model/Cp1252.h"
 #include "model/NodeList.h"
 #include "text/DefaultNote.h"
@@ -138,19 +139,25 @@ std::string Utf16ToCp1252(const uint8_t* data, uint64_t units) {
     return text;
 }
 
-// Reads little-endian values from the bytes of a file. A failed read records the first failure
-// (what was being read and where it began) and moves to the end, so that every later read fails
-// too and the caller can finish its loops without checking each field.
+// Reads little-endian values from a file's bytes: all of them at once, or fetched from a source
+// into a window as they are needed. A failed read records the first failure (what was being read
+// and where it began) and moves to the end, so that every later read fails too and the caller can
+// finish its loops without checking each field.
 class ArchiveReader {
 public:
-    explicit ArchiveReader(std::span<const uint8_t> bytes) : m_data(bytes.data()), m_size(bytes.size()) {}
+    explicit ArchiveReader(std::span<const uint8_t> bytes)
+        : m_data(bytes.data()), m_have(bytes.size()), m_total(bytes.size()) {}
+    ArchiveReader(uint64_t fileSize, const ProjectSource& source)
+        : m_source(&source), m_window(kWindowSize), m_data(m_window.data()), m_total(fileSize) {}
 
     Place place;
 
     bool Failed() const { return m_failed; }
-    uint64_t Left() const { return m_size - m_pos; }
+    uint64_t Offset() const { return m_base + m_pos; }
+    uint64_t Left() const { return m_total - Offset(); }
     const std::string& What() const { return m_what; }
     uint64_t FailedAt() const { return m_failedAt; }
+    int IoError() const { return m_ioError; }
 
     void Field(uint32_t& value, const char* name) { value = U32(name); }
     void Field(int32_t& value, const char* name) { value = int32_t(U32(name)); }
@@ -160,7 +167,7 @@ public:
 
     // A count of records that each take at least minRecordBytes; 0 after a failure.
     uint32_t Count(const char* name, uint64_t minRecordBytes) {
-        const uint64_t start = m_pos;
+        const uint64_t start = Offset();
         const uint32_t count = U32(name);
         if (count > Left() / minRecordBytes) {
             Fail(name, start);
@@ -177,13 +184,16 @@ public:
             m_what = Describe(name, place);
             m_failedAt = at;
         }
-        m_pos = m_size;
+        m_total = Offset();
+        m_have = m_pos;
     }
-    uint64_t Offset() const { return m_pos; }
 
 private:
+    // Large enough for every field but long strings, which bypass it.
+    static constexpr size_t kWindowSize = 256 * 1024;
+
     template <class T> bool Take(T& value) {
-        if (Left() < sizeof(T))
+        if (m_have - m_pos < sizeof(T) && !Fetch(sizeof(T)))
             return false;
         uint64_t assembled = 0;
         for (size_t i = 0; i < sizeof(T); ++i)
@@ -194,7 +204,7 @@ private:
     }
 
     uint32_t U32(const char* name) {
-        const uint64_t start = m_pos;
+        const uint64_t start = Offset();
         uint32_t value = 0;
         if (!Take(value))
             Fail(name, start);
@@ -202,14 +212,75 @@ private:
     }
 
     bool TakeLength(uint64_t& length, bool& wide);
+    bool Fetch(size_t count);
+    bool TakeBytes(std::string& bytes, uint64_t count);
+    size_t Receive(uint8_t* buffer, size_t needed, size_t room, uint64_t at);
 
+    const ProjectSource* m_source = nullptr;
+    std::vector<uint8_t> m_window;
     const uint8_t* m_data;
-    uint64_t m_size;
-    uint64_t m_pos = 0;
+    size_t m_have = 0;   // valid bytes at m_data
+    size_t m_pos = 0;    // the next byte, within m_data
+    uint64_t m_base = 0; // the file offset of m_data[0]
+    uint64_t m_total;    // the file's size; lowered when it turns out shorter
+    int m_ioError = 0;
     bool m_failed = false;
     std::string m_what;
     uint64_t m_failedAt = 0;
 };
+
+// Makes count (at most the window's size) bytes available at m_pos: keeps the unread rest at the
+// front of the window and fills up the window from the source.
+bool ArchiveReader::Fetch(size_t count) {
+    if (!m_source || count > Left())
+        return false;
+    const size_t rest = m_have - m_pos;
+    std::memmove(m_window.data(), m_data + m_pos, rest);
+    m_base += m_pos;
+    m_pos = 0;
+    m_have = rest;
+    const size_t room = size_t(std::min<uint64_t>(m_window.size(), Left()));
+    m_have += Receive(m_window.data() + rest, count - rest, room - rest, m_base + rest);
+    return m_have >= count;
+}
+
+// Reads into buffer (file offset `at`) until at least `needed` bytes have come, taking up to `room`
+// if the source offers them. A file that ends sooner lowers the size the reader believes in; a
+// read error is kept for the message.
+size_t ArchiveReader::Receive(uint8_t* buffer, size_t needed, size_t room, uint64_t at) {
+    size_t done = 0;
+    while (done < needed) {
+        const int64_t got = (*m_source)(buffer + done, room - done);
+        if (got <= 0) {
+            m_ioError = int(std::min<int64_t>(got, 0));
+            m_total = at + done;
+            break;
+        }
+        done += size_t(got);
+    }
+    return done;
+}
+
+// count bytes (at most Left()) into bytes: from the window when they fit in it, else the window's
+// rest followed by a direct read, so that a long note never needs a window of its size.
+bool ArchiveReader::TakeBytes(std::string& bytes, uint64_t count) {
+    if (m_have - m_pos >= count || (count <= m_window.size() && Fetch(size_t(count)))) {
+        bytes.assign(reinterpret_cast<const char*>(m_data + m_pos), size_t(count));
+        m_pos += size_t(count);
+        return true;
+    }
+    if (!m_source || count > Left())
+        return false;
+    const size_t inWindow = m_have - m_pos;
+    const size_t needed = size_t(count) - inWindow;
+    bytes.resize(size_t(count));
+    std::memcpy(bytes.data(), m_data + m_pos, inWindow);
+    m_base += m_have;
+    m_pos = m_have = 0;
+    const size_t got = Receive(reinterpret_cast<uint8_t*>(bytes.data()) + inWindow, needed, needed, m_base);
+    m_base += got;
+    return got == needed;
+}
 
 // The archive's length prefix: one byte below 0xFF; else a 16-bit length below 0xFFFF; else a
 // 32-bit length below 0xFFFFFFFF; else a 64-bit length. A 16-bit 0xFFFE in place of the length
@@ -245,21 +316,16 @@ bool ArchiveReader::TakeLength(uint64_t& length, bool& wide) {
 }
 
 void ArchiveReader::Field(std::string& value, const char* name) {
-    const uint64_t start = m_pos;
+    const uint64_t start = Offset();
     uint64_t length = 0;
     bool wide = false;
-    if (!TakeLength(length, wide) || length > (wide ? Left() / 2 : Left())) {
+    if (!TakeLength(length, wide) || length > (wide ? Left() / 2 : Left()) ||
+        !TakeBytes(value, wide ? 2 * length : length)) {
         Fail(name, start);
         return;
     }
-    const uint8_t* data = m_data + m_pos;
-    if (wide) {
-        value = Utf16ToCp1252(data, length);
-        m_pos += 2 * length;
-    } else {
-        value.assign(reinterpret_cast<const char*>(data), length);
-        m_pos += length;
-    }
+    if (wide)
+        value = Utf16ToCp1252(reinterpret_cast<const uint8_t*>(value.data()), length);
 }
 
 template <class Entry, class Fields>
@@ -319,6 +385,32 @@ void MakeReplacementDocument(ProjectContent& content) {
     auto* root = new CProjectNode(NodeDefaults::Current());
     root->m_strNote = DefaultNoteTemplate("Arial");
     content.firstNode = root;
+}
+
+ReadResult Load(ArchiveReader& reader, ProjectContent& out) {
+    ProjectContent content;
+    ReadResult result;
+    ViewFields(reader, content.view);
+    const uint64_t countAt = reader.Offset();
+    uint32_t nodeCount = 0;
+    reader.Field(nodeCount, "Knotenanzahl");
+    if (!reader.Failed() && (nodeCount == 0 || content.view.zoom < 5 || content.view.zoom > 50)) {
+        MakeReplacementDocument(content);
+        result.status = ReadStatus::WrongFormat;
+    } else {
+        LoadHistories(reader, content);
+        if (nodeCount > reader.Left() / kMinNodeBytes)
+            reader.Fail("Knotenanzahl", countAt);
+        LoadNodes(reader, nodeCount, content);
+        result.trailingBytes = reader.Left();
+    }
+    if (reader.Failed()) {
+        // Nothing of a damaged file is kept: the document is not opened.
+        out = ProjectContent{};
+        return {ReadStatus::Error, reader.What(), reader.FailedAt(), 0, reader.IoError()};
+    }
+    out = std::move(content);
+    return result;
 }
 
 // ---- Writing ----
@@ -471,35 +563,22 @@ std::string ReadResult::Message(const std::string& path) const {
     case ReadStatus::Error:
         break;
     }
+    const std::string place = what + " (Byte " + std::to_string(offset) + ").";
+    if (ioError)
+        return "Die Datei \"" + path + "\" kann nicht gelesen werden: " + FileErrorReason(ioError) +
+               ".\nFehler beim Lesen von: " + place;
     return "Die Datei \"" + path + "\" kann nicht geöffnet werden: sie ist unvollständig oder beschädigt.\n" +
-           "Fehler beim Lesen von: " + what + " (Byte " + std::to_string(offset) + ").";
+           "Fehler beim Lesen von: " + place;
 }
 
 ReadResult ReadProject(std::span<const uint8_t> bytes, ProjectContent& out) {
     ArchiveReader reader(bytes);
-    ProjectContent content;
-    ReadResult result;
-    ViewFields(reader, content.view);
-    const uint64_t countAt = reader.Offset();
-    uint32_t nodeCount = 0;
-    reader.Field(nodeCount, "Knotenanzahl");
-    if (!reader.Failed() && (nodeCount == 0 || content.view.zoom < 5 || content.view.zoom > 50)) {
-        MakeReplacementDocument(content);
-        result.status = ReadStatus::WrongFormat;
-    } else {
-        LoadHistories(reader, content);
-        if (nodeCount > reader.Left() / kMinNodeBytes)
-            reader.Fail("Knotenanzahl", countAt);
-        LoadNodes(reader, nodeCount, content);
-        result.trailingBytes = reader.Left();
-    }
-    if (reader.Failed()) {
-        // Nothing of a damaged file is kept: the document is not opened.
-        out = ProjectContent{};
-        return {ReadStatus::Error, reader.What(), reader.FailedAt(), 0};
-    }
-    out = std::move(content);
-    return result;
+    return Load(reader, out);
+}
+
+ReadResult ReadProject(uint64_t fileSize, const ProjectSource& source, ProjectContent& out) {
+    ArchiveReader reader(fileSize, source);
+    return Load(reader, out);
 }
 
 std::vector<uint8_t> WriteProject(const ProjectViewValues& view,

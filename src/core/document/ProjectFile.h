@@ -53,12 +53,23 @@ struct ReadResult {
     // Bytes after the last node record. The program has always ignored them; they do not survive
     // a save.
     uint64_t trailingBytes = 0;
+    // -errno when reading from a source failed (the file is then not damaged but unreadable).
+    int ioError = 0;
     // Error: a German message naming the file, what was being read and the byte offset.
     // WrongFormat: "Falsches Dateiformat!". Ok: empty.
     std::string Message(const std::string& path) const;
 };
 
 ReadResult ReadProject(std::span<const uint8_t> bytes, ProjectContent& out);
+
+// Fills up to size bytes of buffer with the file's next bytes; returns how many (0 at the end of the
+// file) or -errno.
+using ProjectSource = std::function<int64_t(uint8_t* buffer, size_t size)>;
+// The same reading from a file of fileSize bytes taken from source as they are needed, so that the
+// file is never held whole in memory: a load then peaks at about the size of the built nodes
+// rather than the file's size on top of them. fileSize bounds every length and count, as the
+// span's size does; a file that turns out shorter ends early.
+ReadResult ReadProject(uint64_t fileSize, const ProjectSource& source, ProjectContent& out);
 std::vector<uint8_t> WriteProject(const ProjectContent& content);
 // Writes the same bytes for a list the caller owns (the document's own list).
 std::vector<uint8_t> WriteProject(const ProjectViewValues& view,

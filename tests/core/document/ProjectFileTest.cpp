@@ -4,7 +4,9 @@
 #include "ProjectFileTestBytes.h"
 #include "text/DefaultNote.h"
 
+#include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cstring>
 #include <gtest/gtest.h>
 
@@ -14,8 +16,33 @@ namespace {
 
 const size_t kFirstNode = kHeaderSize + Histories().Size();
 
+// A source over bytes that hands out at most `piece` bytes per call.
+ProjectSource SourceOver(std::span<const uint8_t> bytes, size_t piece) {
+    return [bytes, piece, pos = size_t(0)](uint8_t* buffer, size_t size) mutable -> int64_t {
+        const size_t count = std::min({size, piece, bytes.size() - pos});
+        std::memcpy(buffer, bytes.data() + pos, count);
+        pos += count;
+        return int64_t(count);
+    };
+}
+
+// Reads the bytes whole, and again streamed in small pieces; both ways must agree.
+ReadResult ReadBothWays(std::span<const uint8_t> bytes, ProjectContent& content) {
+    const ReadResult whole = ReadProject(bytes, content);
+    ProjectContent streamed;
+    const ReadResult pieces = ReadProject(bytes.size(), SourceOver(bytes, 7), streamed);
+    EXPECT_EQ(pieces.status, whole.status);
+    EXPECT_EQ(pieces.what, whole.what);
+    EXPECT_EQ(pieces.offset, whole.offset);
+    EXPECT_EQ(pieces.trailingBytes, whole.trailingBytes);
+    if (whole.status == ReadStatus::Ok) {
+        EXPECT_EQ(WriteProject(streamed), WriteProject(content));
+    }
+    return whole;
+}
+
 ReadResult Read(const Bytes& bytes, ProjectContent& content) {
-    return ReadProject(bytes.data, content);
+    return ReadBothWays(bytes.data, content);
 }
 
 std::vector<const CProjectNode*> NodesOf(const ProjectContent& content) {
@@ -171,7 +198,7 @@ TEST(ProjectFileStrings, WriterPicksTheShortestLengthForm) {
         EXPECT_EQ(bytes[at + c.prefix.size() + c.length + 28 + 1 + 4 + 1], 'A') << c.length;
 
         ProjectContent back;
-        ASSERT_EQ(ReadProject(bytes, back).status, ReadStatus::Ok) << c.length;
+        ASSERT_EQ(ReadBothWays(bytes, back).status, ReadStatus::Ok) << c.length;
         EXPECT_EQ(back.firstNode->m_strTitle.size(), c.length);
         EXPECT_EQ(WriteProject(back), bytes);
     }
@@ -253,7 +280,7 @@ TEST(ProjectFileDamage, EveryTruncationIsRefusedWithThePlaceOfTheCut) {
     const Bytes whole = File({Node(1000, 2, 1), Node(2000, 1, 2)});
     for (size_t length = 0; length < whole.Size(); ++length) {
         ProjectContent content;
-        const ReadResult result = ReadProject(std::span<const uint8_t>(whole.data.data(), length), content);
+        const ReadResult result = ReadBothWays(std::span<const uint8_t>(whole.data.data(), length), content);
         ASSERT_EQ(result.status, ReadStatus::Error) << length;
         EXPECT_FALSE(result.what.empty());
         EXPECT_LE(result.offset, length);
@@ -354,4 +381,43 @@ TEST(ProjectFileWrite, StreamedPiecesAddUpToTheSameBytesAndStopWhenRefused) {
     int calls = 0;
     EXPECT_FALSE(write([&](std::span<const uint8_t>) { return ++calls < 2; }));
     EXPECT_EQ(calls, 2);
+}
+
+TEST(ProjectFileStream, LongNotesBypassTheWindowAndAShortOrFailingSourceIsAnError) {
+    ProjectContent content;
+    ASSERT_EQ(Read(File({Node(1000, 2, 1), Node(2000)}), content).status, ReadStatus::Ok);
+    content.firstNode->m_strNote.assign(700'000, 'n');
+    content.firstNode->m_pNext->m_strTitle.assign(300'000, 't');
+    const std::vector<uint8_t> bytes = WriteProject(content);
+    for (size_t piece : {size_t(1) << 16, bytes.size()}) {
+        ProjectContent streamed;
+        const ReadResult result = ReadProject(bytes.size(), SourceOver(bytes, piece), streamed);
+        ASSERT_EQ(result.status, ReadStatus::Ok);
+        EXPECT_EQ(result.trailingBytes, 0u);
+        EXPECT_EQ(WriteProject(streamed), bytes) << piece;
+    }
+
+    // The file claims more bytes than it has: it ends early, inside the second node's long title.
+    const size_t secondNode = kFirstNode + Node(1000, 2, 1).Size() + 700'000 - 13 + 6;
+    const std::span<const uint8_t> shortened(bytes.data(), secondNode + 200'000);
+    ProjectContent streamed;
+    ReadResult result = ReadProject(bytes.size(), SourceOver(shortened, 4096), streamed);
+    EXPECT_EQ(result.status, ReadStatus::Error);
+    EXPECT_EQ(result.what, "Titel von Knoten 2");
+    EXPECT_EQ(result.offset, secondNode + 4);
+    EXPECT_EQ(result.ioError, 0);
+    EXPECT_EQ(streamed.firstNode, nullptr);
+
+    // A read error half-way is kept and told.
+    ProjectSource inner = SourceOver(bytes, 4096);
+    int calls = 0;
+    const ProjectSource failing = [&](uint8_t* buffer, size_t size) {
+        return ++calls > 3 ? int64_t(-EIO) : inner(buffer, size);
+    };
+    result = ReadProject(bytes.size(), failing, streamed);
+    EXPECT_EQ(result.status, ReadStatus::Error);
+    EXPECT_EQ(result.ioError, -EIO);
+    EXPECT_NE(result.Message("Plan.VT5").find("kann nicht gelesen werden: Ein-/Ausgabefehler"),
+              std::string::npos)
+        << result.Message("Plan.VT5");
 }
