@@ -1,8 +1,9 @@
 #include "CliFiles.h"
 
+#include "document/FileSystem.h"
+
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,23 +11,7 @@
 namespace {
 
 std::string FileError(const char* action, const std::string& path, int error) {
-    return "Die Datei \"" + path + "\" kann nicht " + action + " werden: " + std::strerror(error);
-}
-
-bool ReadAll(int fd, std::vector<uint8_t>& bytes) {
-    size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t count = read(fd, bytes.data() + done, bytes.size() - done);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return false;
-        if (count == 0) // shrunk while we read: keep what is there
-            break;
-        done += size_t(count);
-    }
-    bytes.resize(done);
-    return true;
+    return "Die Datei \"" + path + "\" kann nicht " + action + " werden: " + FileErrorReason(-error) + ".";
 }
 
 bool WriteAll(int fd, std::span<const uint8_t> bytes) {
@@ -43,28 +28,61 @@ bool WriteAll(int fd, std::span<const uint8_t> bytes) {
 
 } // namespace
 
-bool ReadWholeFile(const std::string& path, std::vector<uint8_t>& bytes, std::string& error) {
-    const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) {
+InputFile::~InputFile() {
+    if (m_fd >= 0)
+        close(m_fd);
+}
+
+bool InputFile::Open(const std::string& path, std::string& error) {
+    m_fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (m_fd < 0) {
         error = FileError("gelesen", path, errno);
         return false;
     }
     struct stat status {};
-    bool ok = fstat(fd, &status) == 0;
-    int failure = errno;
-    if (ok && !S_ISREG(status.st_mode)) {
-        ok = false;
-        failure = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
-    }
-    if (ok) {
-        bytes.resize(size_t(status.st_size));
-        ok = ReadAll(fd, bytes);
+    int failure = 0;
+    if (fstat(m_fd, &status) != 0)
         failure = errno;
-    }
-    close(fd);
-    if (!ok)
+    else if (S_ISDIR(status.st_mode))
+        failure = EISDIR;
+    else if (!S_ISREG(status.st_mode))
+        failure = EINVAL;
+    if (failure) {
         error = FileError("gelesen", path, failure);
-    return ok;
+        return false;
+    }
+    m_size = uint64_t(status.st_size);
+    return true;
+}
+
+int64_t InputFile::Read(uint8_t* buffer, size_t size) {
+    for (;;) {
+        const ssize_t count = read(m_fd, buffer, size);
+        if (count >= 0)
+            return count;
+        if (errno != EINTR)
+            return -errno;
+    }
+}
+
+bool ReadWholeFile(const std::string& path, std::vector<uint8_t>& bytes, std::string& error) {
+    InputFile file;
+    if (!file.Open(path, error))
+        return false;
+    bytes.resize(size_t(file.Size()));
+    size_t done = 0;
+    while (done < bytes.size()) {
+        const int64_t count = file.Read(bytes.data() + done, bytes.size() - done);
+        if (count < 0) {
+            error = FileError("gelesen", path, int(-count));
+            return false;
+        }
+        if (count == 0) // shrunk while we read: keep what is there
+            break;
+        done += size_t(count);
+    }
+    bytes.resize(done);
+    return true;
 }
 
 bool WriteFileSafely(const std::string& path, std::span<const uint8_t> bytes, std::string& error) {

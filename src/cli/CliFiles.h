@@ -1,10 +1,29 @@
 #pragma once
-// The files velto-cli reads and writes: read whole, and written so that a failure leaves nothing
-// behind (a temporary file beside the target, renamed into place once complete).
+// The files velto-cli reads and writes: read whole or piece by piece, and written so that a failure
+// leaves nothing behind (a temporary file beside the target, renamed into place once complete).
 #include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
+
+// A regular file open for reading; closed when this goes.
+class InputFile {
+public:
+    InputFile() = default;
+    ~InputFile();
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    // False with a German message naming the file when it cannot be opened or is no regular file.
+    bool Open(const std::string& path, std::string& error);
+    uint64_t Size() const { return m_size; }
+    // Up to size bytes; 0 at the end, -errno on failure.
+    int64_t Read(uint8_t* buffer, size_t size);
+
+private:
+    int m_fd = -1;
+    uint64_t m_size = 0;
+};
 
 // False with a German message naming the file when it cannot be opened or read.
 bool ReadWholeFile(const std::string& path, std::vector<uint8_t>& bytes, std::string& error);

@@ -57,8 +57,8 @@ std::optional<float> FromString(std::string_view text) {
 
 // The JSON reader holds a number as a double. Converting that double to float rounds twice (decimal
 // to double, double to float), which can miss by one step when the decimal lies next to the middle
-// between two floats; so the neighbours are tried too, and the float whose shortest decimal gives
-// this very double wins.
+// between two floats (of all finite floats, ±7.038531e-26 do); so the neighbours are tried too, and
+// the float whose shortest decimal gives this very double wins.
 float NearestFloat(double value) {
     const float rounded = static_cast<float>(value);
     for (const float candidate :

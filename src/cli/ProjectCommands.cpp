@@ -13,13 +13,14 @@ namespace {
 // Reads a project as the program opens it and tells err what went wrong. Returns kExitOk,
 // kExitFileError (content empty) or kExitWrongFormat (content is the replacement document).
 int LoadProject(const std::string& path, ProjectContent& content, ReadResult& result, std::ostream& err) {
-    std::vector<uint8_t> bytes;
+    InputFile file;
     std::string error;
-    if (!ReadWholeFile(path, bytes, error)) {
+    if (!file.Open(path, error)) {
         err << error << '\n';
         return kExitFileError;
     }
-    result = ReadProject(bytes, content);
+    result = ReadProject(
+        file.Size(), [&file](uint8_t* buffer, size_t size) { return file.Read(buffer, size); }, content);
     switch (result.status) {
     case ReadStatus::Ok:
         return kExitOk;
