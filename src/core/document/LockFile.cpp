@@ -15,7 +15,8 @@ constexpr size_t kLockRecordSize = 256;
 std::string ProjectBaseName(const std::string& projectPath) {
     // Only a dot in the file name starts the extension: a dot in a folder name must not send the
     // lock file into another folder.
-    const size_t nameStart = projectPath.rfind('/') == std::string::npos ? 0 : projectPath.rfind('/') + 1;
+    const size_t slash = projectPath.rfind('/');
+    const size_t nameStart = slash == std::string::npos ? 0 : slash + 1;
     const size_t dot = projectPath.rfind('.');
     if (dot == std::string::npos || dot < nameStart)
         return projectPath;
