@@ -8,9 +8,8 @@
 
 #include <QCloseEvent>
 
-CChildFrame::CChildFrame(std::unique_ptr<CVeltoDoc> doc, CMainFrame& frame)
-    : m_doc(std::move(doc)), m_view(new CVeltoView(*m_doc, frame.State())),
-      m_commands(*this, frame.GetDesktop(), frame.Recent()) {
+CChildFrame::CChildFrame(std::unique_ptr<CVeltoDoc> doc, CVeltoView* view, CMainFrame& frame)
+    : m_doc(std::move(doc)), m_view(view), m_commands(*this, frame.GetDesktop(), frame.Recent()) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWidget(m_view);
     RefreshTitle();

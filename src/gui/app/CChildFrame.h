@@ -16,7 +16,8 @@ struct ProjectViewValues;
 class CChildFrame : public QMdiSubWindow {
     Q_OBJECT
 public:
-    CChildFrame(std::unique_ptr<CVeltoDoc> doc, CMainFrame& frame);
+    // Takes the document and the view made for it.
+    CChildFrame(std::unique_ptr<CVeltoDoc> doc, CVeltoView* view, CMainFrame& frame);
     ~CChildFrame() override;
 
     CVeltoDoc& GetDocument() const { return *m_doc; }

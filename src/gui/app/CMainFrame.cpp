@@ -332,6 +332,7 @@ CChildFrame* CMainFrame::OpenDocumentFile(const QString& path) {
     const QString key = FileKey(path);
     if (CChildFrame* open = FindDocument(key)) {
         m_mdi->setActiveSubWindow(open);
+        m_recent.Add(key);
         return open;
     }
     if (!QFileInfo::exists(key)) {
@@ -356,7 +357,8 @@ CChildFrame* CMainFrame::FindDocument(const QString& fileKey) const {
 }
 
 CChildFrame* CMainFrame::AddChild(std::unique_ptr<CVeltoDoc> doc, bool fromFile) {
-    auto* child = new CChildFrame(std::move(doc), *this);
+    CVeltoView* view = m_viewFactory ? m_viewFactory(*doc, m_state) : new CVeltoView(*doc, m_state);
+    auto* child = new CChildFrame(std::move(doc), view, *this);
     m_mdi->addSubWindow(child);
     const QSize area = m_mdi->viewport()->size();
     const QSize screenSize = screen() ? screen()->size() : QSize(800, 600);
@@ -406,6 +408,7 @@ void CMainFrame::FillWindowList(QMenu* menu) {
         QPointer<CChildFrame> child = children[i];
         QString title = child->windowTitle().remove(QStringLiteral("[*]")).replace('&', QStringLiteral("&&"));
         auto* action = menu->addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(title));
+        action->setObjectName(QStringLiteral("Fensterliste"));
         action->setCheckable(true);
         action->setChecked(child == active);
         connect(action, &QAction::triggered, this, [this, child] {

@@ -18,6 +18,7 @@
 class ActionSet;
 class CChildFrame;
 class CVeltoDoc;
+class CVeltoView;
 class Desktop;
 class QLabel;
 class QMdiArea;
@@ -48,6 +49,10 @@ public:
 
     bool OnUpdateCommand(int id, CommandState& state) override;
     bool OnCommand(int id) override;
+
+    // Makes the view of each new project window (the shell's own view unless set).
+    using ViewFactory = std::function<CVeltoView*(CVeltoDoc&, const ShellState&)>;
+    void SetViewFactory(ViewFactory factory) { m_viewFactory = std::move(factory); }
 
     // The dialogs of the settings, holidays and assignees come from elsewhere; until their handler is
     // set here, their commands stay disabled.
@@ -107,5 +112,6 @@ private:
     bool m_menuShown = false;
     std::map<int, std::function<void()>> m_handlers;
     QList<QAction*> m_windowActions;
+    ViewFactory m_viewFactory;
     QTimer m_idle;
 };

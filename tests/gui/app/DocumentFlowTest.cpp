@@ -1,0 +1,230 @@
+// Opening, saving and closing projects through the shell: the lock-file dialogue between two running
+// instances, read-only projects, the save question on close and exit, and the view values that
+// travel with the file.
+#include "ShellTestSupport.h"
+
+#include "app/CommandIds.h"
+#include "app/WindowPlacement.h"
+#include "view/CVeltoView.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMdiArea>
+
+namespace {
+QByteArray Contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool Asked(const ScriptedPrompter& prompter, const std::string& fragment) {
+    for (const auto& question : prompter.asked())
+        if (question.text.find(fragment) != std::string::npos)
+            return true;
+    return false;
+}
+} // namespace
+
+using DocumentFlow = ShellTest;
+
+TEST_F(DocumentFlow, ASecondInstanceFindsTheLockAndMayOpenReadOnly) {
+    const QString path = ProjectPath("Geteilt.VT5");
+    WriteProject(path);
+    CMainFrame& mine = MakeFrame();
+    ASSERT_TRUE(mine.OpenDocumentFile(path));
+    EXPECT_TRUE(QFileInfo::exists(ProjectPath("Geteilt.~~~")));
+
+    CMainFrame& theirs = MakeFrame(); // another instance of the program
+    desktop.prompter.Answer(PromptAnswer::Yes);
+    CChildFrame* readOnly = theirs.OpenDocumentFile(path);
+    ASSERT_TRUE(readOnly);
+    ASSERT_EQ(desktop.prompter.asked().size(), 1u);
+    EXPECT_EQ(desktop.prompter.asked()[0].caption, "Datei wird bearbeitet.");
+    EXPECT_TRUE(readOnly->GetDocument().m_bReadOnly);
+    EXPECT_TRUE(readOnly->windowTitle().startsWith(QString::fromUtf8("Geteilt.VT5 - SCHREIBGESCHÜTZT")));
+
+    // Saving it is refused and writes nothing.
+    const QByteArray before = Contents(path);
+    readOnly->GetDocument().SetModifiedFlag();
+    theirs.Router().Execute(cmd::FileSave);
+    EXPECT_TRUE(Asked(desktop.prompter, "Datei ist schreibgeschützt!"));
+    EXPECT_EQ(Contents(path), before);
+
+    // Closing the read-only copy leaves the other instance's lock alone.
+    readOnly->GetDocument().SetModifiedFlag(false);
+    readOnly->close();
+    EXPECT_TRUE(QFileInfo::exists(ProjectPath("Geteilt.~~~")));
+}
+
+TEST_F(DocumentFlow, DecliningReadOnlyOpensNothingAndMayRemoveTheLock) {
+    const QString path = ProjectPath("Gesperrt.VT5");
+    WriteProject(path);
+    CMainFrame& mine = MakeFrame();
+    ASSERT_TRUE(mine.OpenDocumentFile(path));
+    CMainFrame& theirs = MakeFrame();
+
+    desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::No);
+    EXPECT_EQ(theirs.OpenDocumentFile(path), nullptr);
+    EXPECT_TRUE(theirs.Children().isEmpty());
+    EXPECT_TRUE(QFileInfo::exists(ProjectPath("Gesperrt.~~~")));
+    EXPECT_EQ(recent->Files().value(0), path); // declined, not gone: stays in the list
+
+    desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::Yes);
+    EXPECT_EQ(theirs.OpenDocumentFile(path), nullptr);
+    EXPECT_FALSE(QFileInfo::exists(ProjectPath("Gesperrt.~~~")));
+    EXPECT_EQ(desktop.prompter.asked()[3].caption, "Schreibschutz entfernen?");
+}
+
+TEST_F(DocumentFlow, SaveAsGivesAReadOnlyProjectANewOwnedFile) {
+    const QString path = ProjectPath("Vorlage.VT5");
+    WriteProject(path);
+    CMainFrame& mine = MakeFrame();
+    ASSERT_TRUE(mine.OpenDocumentFile(path));
+    CMainFrame& theirs = MakeFrame();
+    desktop.prompter.Answer(PromptAnswer::Yes);
+    CChildFrame* copy = theirs.OpenDocumentFile(path);
+    ASSERT_TRUE(copy);
+
+    desktop.ChooseFiles({ProjectPath("Kopie")});
+    theirs.Router().Execute(cmd::FileSaveAs);
+    EXPECT_TRUE(QFileInfo::exists(ProjectPath("Kopie.VT5"))); // the extension is added
+    EXPECT_FALSE(copy->GetDocument().m_bReadOnly);
+    EXPECT_EQ(copy->windowTitle(), "Kopie.VT5[*]");
+    EXPECT_EQ(recent->Files().value(0), ProjectPath("Kopie.VT5"));
+    EXPECT_EQ(desktop.suggestions.value(0), path);
+}
+
+TEST_F(DocumentFlow, ANewProjectIsSavedUnderTheChosenName) {
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.NewDocument();
+    ASSERT_TRUE(child);
+    desktop.ChooseFiles({QString()}); // cancelled
+    frame.Router().Execute(cmd::FileSave);
+    EXPECT_EQ(child->GetDocument().GetPathName(), "");
+    EXPECT_EQ(desktop.suggestions.value(0), "Unbenannt.VT5");
+
+    desktop.ChooseFiles({ProjectPath("Neu.vt5")});
+    frame.Router().Execute(cmd::FileSave);
+    EXPECT_TRUE(QFileInfo::exists(ProjectPath("Neu.vt5")));
+    EXPECT_FALSE(QFileInfo::exists(ProjectPath("Neu.vt5.VT5")));
+    EXPECT_EQ(child->windowTitle(), "Neu.vt5[*]");
+}
+
+TEST_F(DocumentFlow, TheSaveQuestionOnCloseHonoursEachAnswer) {
+    const QString path = ProjectPath("Frage.VT5");
+    WriteProject(path);
+    const QByteArray original = Contents(path);
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.OpenDocumentFile(path);
+    ASSERT_TRUE(child);
+    child->GetDocument().m_pFirstNode->m_strTitle = "Geaendert";
+    child->GetDocument().SetModifiedFlag();
+    child->RefreshTitle();
+    EXPECT_TRUE(child->isWindowModified());
+
+    desktop.prompter.Answer(PromptAnswer::Cancel);
+    EXPECT_FALSE(child->close());
+    ASSERT_EQ(desktop.prompter.asked().size(), 1u);
+    EXPECT_EQ(desktop.prompter.asked()[0].text, "Änderungen in Frage.VT5 speichern?");
+    EXPECT_EQ(desktop.prompter.asked()[0].buttons, PromptButtons::YesNoCancel);
+    EXPECT_EQ(frame.Children().size(), 1);
+
+    desktop.prompter.Answer(PromptAnswer::Yes);
+    EXPECT_TRUE(child->close());
+    EXPECT_NE(Contents(path), original);
+    EXPECT_TRUE(QFileInfo::exists(ProjectPath("Frage.BK0")));
+    EXPECT_FALSE(QFileInfo::exists(ProjectPath("Frage.~~~"))); // the lock goes with the window
+}
+
+TEST_F(DocumentFlow, NoDiscardsTheChangesAndAnUnmodifiedProjectClosesWithoutAQuestion) {
+    const QString path = ProjectPath("Verwerfen.VT5");
+    WriteProject(path);
+    const QByteArray original = Contents(path);
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.OpenDocumentFile(path);
+    child->GetDocument().SetModifiedFlag();
+    desktop.prompter.Answer(PromptAnswer::No);
+    EXPECT_TRUE(child->close());
+    EXPECT_EQ(Contents(path), original);
+
+    CChildFrame* again = frame.OpenDocumentFile(path);
+    ASSERT_TRUE(again);
+    frame.Router().Execute(cmd::FileClose);
+    EXPECT_EQ(desktop.prompter.asked().size(), 1u);
+}
+
+TEST_F(DocumentFlow, ExitAsksForEveryModifiedProjectAndCancelKeepsThemAll) {
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* first = frame.NewDocument();
+    CChildFrame* second = frame.NewDocument();
+    first->GetDocument().SetModifiedFlag();
+    second->GetDocument().SetModifiedFlag();
+
+    desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::Cancel);
+    EXPECT_FALSE(frame.close());
+    EXPECT_EQ(frame.Children().size(), 2);
+    EXPECT_EQ(desktop.prompter.asked().size(), 2u);
+
+    desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::No);
+    EXPECT_TRUE(frame.close());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(frame.Children().isEmpty());
+    EXPECT_TRUE(QSettings("kolvarin", "Velto5").contains("Max")); // the placement was kept on the way out
+}
+
+TEST_F(DocumentFlow, AProjectWithARunningClockStaysOpenWhenClosed) {
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.NewDocument();
+    CVeltoDoc& doc = child->GetDocument();
+    int clockedOut = 0;
+    doc.SetClockOutHandler([&](CProjectNode& node) {
+        node.m_bClockedIn = 0;
+        ++clockedOut;
+    });
+    doc.m_pFirstNode->m_bClockedIn = 1;
+    EXPECT_FALSE(child->close());
+    EXPECT_EQ(clockedOut, 1);
+    EXPECT_EQ(frame.Children().size(), 1);
+    EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
+    const QString path = ProjectPath("Ansicht.VT5");
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.NewDocument();
+    child->setGeometry(30, 40, 400, 300);
+    child->GetView().SetLayout({250, 180, 33});
+    child->showMaximized();
+    desktop.ChooseFiles({path});
+    ASSERT_TRUE(child->Commands().SaveAs());
+    const ProjectViewValues& saved = child->GetDocument().m_view;
+    EXPECT_EQ(saved.chartWidth1, 250);
+    EXPECT_EQ(saved.chartWidth2, 180);
+    EXPECT_EQ(saved.zoom, 33u);
+    EXPECT_EQ(saved.maximized, 1u);
+    EXPECT_EQ(saved.windowRect,
+              (StoredRect{30, 40, 430, 340})); // the normal rectangle, not the maximized one
+    child->close();
+
+    CChildFrame* reopened = frame.OpenDocumentFile(path);
+    ASSERT_TRUE(reopened);
+    EXPECT_TRUE(reopened->isMaximized());
+    EXPECT_EQ(reopened->NormalGeometry(), QRect(30, 40, 400, 300));
+    EXPECT_EQ(reopened->GetView().GetLayout().chartWidth1, 250);
+    EXPECT_EQ(reopened->GetView().GetLayout().zoom, 33);
+    EXPECT_EQ(reopened->GetView().MindMapZoom(), 33);
+}
+
+TEST_F(DocumentFlow, AWindowStoredBeyondASmallerFrameComesBackAtTheLeftEdge) {
+    const QString path = ProjectPath("Rechts.VT5");
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.NewDocument();
+    const QSize area = frame.MdiArea().viewport()->size();
+    child->setGeometry(area.width() - 100, 10, 300, 200); // reaches past the right edge
+    desktop.ChooseFiles({path});
+    ASSERT_TRUE(child->Commands().SaveAs());
+    child->close();
+    CChildFrame* reopened = frame.OpenDocumentFile(path);
+    ASSERT_TRUE(reopened);
+    EXPECT_EQ(reopened->geometry(), QRect(0, 10, 300, 200));
+}

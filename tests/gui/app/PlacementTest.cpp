@@ -1,0 +1,62 @@
+// Where windows go when they are restored: the main window against the virtual screen, a project
+// window against the MDI area and the screen.
+#include "app/WindowPlacement.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+TEST(MainFramePlacement, TheStoredRectangleIsUsedWhenItLiesOnTheVirtualScreen) {
+    const QRect screen(-1920, 0, 3840, 1080); // a second monitor left of the first
+    EXPECT_EQ(MainFramePlacement(StoredRect{-1900, 10, -1000, 700}, screen), QRect(-1900, 10, 900, 690));
+    EXPECT_EQ(MainFramePlacement(StoredRect{-1920, 0, 1920, 1080}, screen), QRect(-1920, 0, 3840, 1080));
+}
+
+TEST(MainFramePlacement, AnyEdgeOutsideOrNoRectangleGives800x600AtTheOrigin) {
+    const QRect screen(0, 0, 1280, 800);
+    const QRect fallback(0, 0, 800, 600);
+    EXPECT_EQ(MainFramePlacement(std::nullopt, screen), fallback);
+    EXPECT_EQ(MainFramePlacement(StoredRect{-1, 0, 500, 500}, screen), fallback);
+    EXPECT_EQ(MainFramePlacement(StoredRect{0, -1, 500, 500}, screen), fallback);
+    EXPECT_EQ(MainFramePlacement(StoredRect{0, 0, 1281, 500}, screen), fallback);
+    EXPECT_EQ(MainFramePlacement(StoredRect{0, 0, 500, 801}, screen), fallback);
+    // A monitor that is gone: the whole rectangle lies right of the screen.
+    EXPECT_EQ(MainFramePlacement(StoredRect{1500, 100, 2300, 700}, screen), fallback);
+    // Empty or inverted rectangles would give an invisible window.
+    EXPECT_EQ(MainFramePlacement(StoredRect{100, 100, 100, 500}, screen), fallback);
+    EXPECT_EQ(MainFramePlacement(StoredRect{500, 100, 100, 500}, screen), fallback);
+}
+
+TEST(ChildWindowPlacement, AWindowInsideTheAreaStaysWhereItWas) {
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{10, 20, 410, 320}, QSize(1000, 700), QSize(1280, 800)),
+              QRect(10, 20, 400, 300));
+}
+
+TEST(ChildWindowPlacement, PastTheRightOrBottomEdgeMovesToZeroKeepingTheSize) {
+    const QSize area(600, 400), screen(1280, 800);
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{500, 20, 800, 220}, area, screen), QRect(0, 20, 300, 200));
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{20, 300, 320, 500}, area, screen), QRect(20, 0, 300, 200));
+    // Exactly on the edge is inside.
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{300, 200, 600, 400}, area, screen), QRect(300, 200, 300, 200));
+}
+
+TEST(ChildWindowPlacement, ANegativeOrOffScreenLeftEdgeGoesToZeroWhileTheRightEdgeStays) {
+    const QSize area(1000, 700), screen(1280, 800);
+    // Left below zero: the window widens to its right edge, deliberately.
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{-50, 20, 300, 220}, area, screen), QRect(0, 20, 300, 200));
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{20, -30, 320, 200}, area, screen), QRect(20, 0, 300, 200));
+}
+
+TEST(ChildWindowPlacement, UnusableRectanglesAreLeftToTheCaller) {
+    const QSize area(1000, 700), screen(1280, 800);
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{0, 0, 0, 0}, area, screen), std::nullopt); // never placed
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{300, 300, 100, 100}, area, screen), std::nullopt);
+    EXPECT_EQ(ChildWindowPlacement(StoredRect{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, area, screen),
+              std::nullopt);
+}
+
+TEST(StoredRect, RightAndBottomAreOnePastTheLastPixel) {
+    const QRect rect(5, 6, 100, 50);
+    EXPECT_EQ(ToStoredRect(rect), (StoredRect{5, 6, 105, 56}));
+    EXPECT_EQ(FromStoredRect(ToStoredRect(rect)), rect);
+}

@@ -1,0 +1,51 @@
+// The Windows-1252 boundary between model strings and widgets, and the command line.
+#include "app/CommandLine.h"
+#include "app/Cp1252Text.h"
+
+#include <gtest/gtest.h>
+
+TEST(Cp1252Text, EveryByteSurvivesTheRoundTrip) {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte)
+        all.push_back(char(byte));
+    const QString shown = ToQString(all);
+    ASSERT_EQ(shown.size(), 256);
+    EXPECT_EQ(ToCp1252(shown), all);
+    EXPECT_EQ(ToCp1252Lossy(shown), all);
+}
+
+TEST(Cp1252Text, TheWindowsCharactersMapToTheirUnicodeLetters) {
+    EXPECT_EQ(ToQString("\x80 \xE4\xF6\xFC\xDF \x84Zitat\x93"), QString::fromUtf8("€ äöüß „Zitat“"));
+    EXPECT_EQ(ToCp1252(QString::fromUtf8("Größe 5 €")), std::string("Gr\xF6\xDF"
+                                                                    "e 5 \x80"));
+}
+
+TEST(Cp1252Text, CharactersWithoutAByteAreRefusedOrReplaced) {
+    EXPECT_EQ(ToCp1252(QString::fromUtf8("Ω")), std::nullopt);
+    EXPECT_EQ(ToCp1252Lossy(QString::fromUtf8("aΩb")), "a?b");
+    // A character beyond the 16-bit range is one character, not two.
+    EXPECT_EQ(ToCp1252Lossy(QString::fromUtf8("x😀y")), "x?y");
+    EXPECT_EQ(ToCp1252Lossy(QString(QChar(0xD800))), "?"); // a lone surrogate
+}
+
+TEST(CommandLine, FilesAreTakenInOrder) {
+    const CommandLine line = ParseCommandLine({"velto", "a.VT5", "b c.VT5"});
+    EXPECT_TRUE(line.error.isEmpty());
+    EXPECT_FALSE(line.help);
+    EXPECT_EQ(line.files, QStringList({"a.VT5", "b c.VT5"}));
+    // After "--" a name that looks like an option is a file.
+    EXPECT_EQ(ParseCommandLine({"velto", "--", "-seltsam.VT5"}).files, QStringList({"-seltsam.VT5"}));
+}
+
+TEST(CommandLine, HelpAndVersionAreRecognisedInBothForms) {
+    EXPECT_TRUE(ParseCommandLine({"velto", "--help"}).help);
+    EXPECT_TRUE(ParseCommandLine({"velto", "-h"}).help);
+    EXPECT_TRUE(ParseCommandLine({"velto", "--version"}).version);
+    EXPECT_TRUE(UsageText().startsWith("Aufruf: velto"));
+    EXPECT_TRUE(UsageText().contains("--help"));
+}
+
+TEST(CommandLine, AnUnknownOptionIsNamedInGerman) {
+    const CommandLine line = ParseCommandLine({"velto", "--gibtsnicht", "a.VT5"});
+    EXPECT_EQ(line.error, "Unbekannte Option: gibtsnicht");
+}
