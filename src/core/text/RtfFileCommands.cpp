@@ -1,11 +1,11 @@
 #include "text/RtfFileCommands.h"
 
+#include "document/FileSystem.h"
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 
 namespace rtf {
@@ -18,7 +18,7 @@ int PrintTransformed(const std::string& path, std::ostream& out, std::ostream& e
     std::string error;
     const auto bytes = ReadWholeFile(path, error);
     if (!bytes) {
-        err << "velto-cli: cannot read " << path << ": " << error << "\n";
+        err << "Die Datei \"" << path << "\" kann nicht gelesen werden: " << error << ".\n";
         return kCannotRead;
     }
     out << transform(*bytes);
@@ -30,7 +30,7 @@ int PrintTransformed(const std::string& path, std::ostream& out, std::ostream& e
 std::optional<std::string> ReadWholeFile(const std::string& path, std::string& error) {
     const std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
     if (!file) {
-        error = std::strerror(errno);
+        error = FileErrorReason(-errno);
         return std::nullopt;
     }
     std::string bytes;
@@ -39,7 +39,7 @@ std::optional<std::string> ReadWholeFile(const std::string& path, std::string& e
     while ((got = std::fread(buffer, 1, sizeof buffer, file.get())) > 0)
         bytes.append(buffer, got);
     if (std::ferror(file.get())) {
-        error = std::strerror(errno);
+        error = FileErrorReason(-errno);
         return std::nullopt;
     }
     return bytes;

@@ -7,7 +7,7 @@
 
 namespace rtf {
 
-// The whole file, or nothing with the reason in error.
+// The whole file, or nothing with the reason (German, as all messages of velto-cli) in error.
 std::optional<std::string> ReadWholeFile(const std::string& path, std::string& error);
 
 // Prints the plain text of an RTF file as UTF-8, with a final line end.

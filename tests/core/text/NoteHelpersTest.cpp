@@ -139,11 +139,15 @@ TEST(RtfFileCommands, PlainTextAndRewrite) {
 TEST(RtfFileCommands, UnreadableFilesExitWithTwo) {
     const std::string missing = (std::filesystem::temp_directory_path() / "velto_no_such_note.rtf").string();
     const std::string folder = std::filesystem::temp_directory_path().string();
-    for (const std::string& path : {missing, folder}) {
+    const std::pair<std::string, std::string> cases[] = {{missing, "Datei oder Ordner nicht gefunden"},
+                                                         {folder, "ist ein Ordner"}};
+    for (const auto& [path, reason] : cases) {
         std::ostringstream out, err;
         EXPECT_EQ(rtf::PrintPlainText(path, out, err), 2) << path;
         EXPECT_EQ(rtf::PrintRewritten(path, out, err), 2) << path;
         EXPECT_EQ(out.str(), "");
-        EXPECT_NE(err.str().find(path), std::string::npos);
+        EXPECT_NE(err.str().find("Die Datei \"" + path + "\" kann nicht gelesen werden: " + reason + ".\n"),
+                  std::string::npos)
+            << err.str();
     }
 }

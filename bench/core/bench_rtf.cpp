@@ -1,0 +1,149 @@
+// Throughput of the RTF engine: plain text and full parse (MB/s of RTF) on the shared corpus and on a
+// generated 1 MB note, writing, and a search pass over 100,000 typical notes with and without the
+// plain-text cache. The corpus lives in $VELTO_SHARED_DIR/rtf-corpus (default compiled in); without it
+// the corpus benchmarks report an error and the others still run.
+#include "text/PlainTextCache.h"
+#include "text/RtfReader.h"
+#include "text/RtfWriter.h"
+
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string SharedDir() {
+    const char* fromEnvironment = std::getenv("VELTO_SHARED_DIR");
+    return fromEnvironment && *fromEnvironment ? fromEnvironment : VELTO_SHARED_DIR;
+}
+
+const std::vector<std::string>& Corpus() {
+    static const std::vector<std::string> files = [] {
+        std::vector<std::string> result;
+        const fs::path folder = fs::path(SharedDir()) / "rtf-corpus" / "files";
+        if (!fs::is_directory(folder))
+            return result;
+        for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+            if (entry.path().extension() != ".rtf")
+                continue;
+            std::ifstream in(entry.path(), std::ios::binary);
+            std::ostringstream content;
+            content << in.rdbuf();
+            result.push_back(content.str());
+        }
+        return result;
+    }();
+    return files;
+}
+
+// A note as the rich-edit control writes it: a few format changes per line, umlauts, the odd Unicode
+// character and a bracketed link, repeated up to the given size; lines numbered from firstLine.
+std::string GeneratedNote(size_t size, int firstLine = 0) {
+    std::string note =
+        "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1031{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}"
+        "{\\f1\\fnil\\fcharset0 Courier New;}}\r\n{\\colortbl ;\\red0\\green0\\blue255;}\r\n"
+        "\\viewkind4\\uc1\\pard\\f0\\fs24 ";
+    for (int line = firstLine; note.size() < size; ++line) {
+        note += "Punkt " + std::to_string(line) +
+                ": Abstimmung mit dem Auftraggeber, \\b Entwurf\\b0  pr\\'fcfen und Ergebnisse festhalten. "
+                "Kosten ca. 250 \\u8364?, siehe \\cf1\\ul [C:\\\\Projekte\\\\Plan.doc]\\cf0\\ulnone , "
+                "\\i Termin\\i0  am Montag; \\f1 Code\\f0  und Stra\\'dfe.\\par\r\n";
+    }
+    return note + "}\r\n";
+}
+
+const std::string& OneMegabyteNote() {
+    static const std::string note = GeneratedNote(1 << 20);
+    return note;
+}
+
+template <typename Work> void OverCorpus(benchmark::State& state, Work work) {
+    const auto& corpus = Corpus();
+    if (corpus.empty()) {
+        state.SkipWithError("no RTF corpus (set VELTO_SHARED_DIR)");
+        return;
+    }
+    size_t bytes = 0;
+    for (const auto& file : corpus)
+        bytes += file.size();
+    for (auto _ : state)
+        for (const auto& file : corpus)
+            benchmark::DoNotOptimize(work(file));
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * bytes));
+}
+
+template <typename Work> void OverNote(benchmark::State& state, Work work) {
+    const std::string& note = OneMegabyteNote();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(work(note));
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * note.size()));
+}
+
+void BM_RtfPlainText_Corpus(benchmark::State& state) {
+    OverCorpus(state, rtf::PlainText);
+}
+void BM_RtfParse_Corpus(benchmark::State& state) {
+    OverCorpus(state, rtf::ReadRtf);
+}
+void BM_RtfPlainText_GeneratedNote1MB(benchmark::State& state) {
+    OverNote(state, rtf::PlainText);
+}
+void BM_RtfParse_GeneratedNote1MB(benchmark::State& state) {
+    OverNote(state, rtf::ReadRtf);
+}
+
+void BM_RtfWrite_GeneratedNote1MB(benchmark::State& state) {
+    const rtf::Document document = rtf::ReadRtf(OneMegabyteNote());
+    size_t bytes = 0;
+    for (auto _ : state) {
+        const std::string rtf = rtf::WriteRtf(document);
+        bytes += rtf.size();
+        benchmark::DoNotOptimize(rtf);
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(bytes));
+}
+
+// One search pass over a project of 100,000 nodes with typical notes (about 700 bytes each): taking
+// every note's plain text, cold (parsing all) and through a warm cache (hashing all).
+const std::vector<std::string>& HundredThousandNotes() {
+    static const std::vector<std::string> notes = [] {
+        std::vector<std::string> result;
+        for (int i = 0; i < 100000; ++i)
+            result.push_back(GeneratedNote(400, i));
+        return result;
+    }();
+    return notes;
+}
+
+void BM_RtfSearchPass100kNotes_Parse(benchmark::State& state) {
+    const auto& notes = HundredThousandNotes();
+    for (auto _ : state)
+        for (const auto& note : notes)
+            benchmark::DoNotOptimize(rtf::PlainText(note));
+}
+
+void BM_RtfSearchPass100kNotes_Cached(benchmark::State& state) {
+    const auto& notes = HundredThousandNotes();
+    rtf::PlainTextCache cache;
+    for (const auto& note : notes)
+        cache.Get(note);
+    for (auto _ : state)
+        for (const auto& note : notes)
+            benchmark::DoNotOptimize(cache.Get(note).size());
+}
+
+} // namespace
+
+BENCHMARK(BM_RtfPlainText_Corpus)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfParse_Corpus)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfPlainText_GeneratedNote1MB)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfParse_GeneratedNote1MB)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfWrite_GeneratedNote1MB)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfSearchPass100kNotes_Parse)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfSearchPass100kNotes_Cached)->Unit(benchmark::kMillisecond);
