@@ -1,15 +1,22 @@
 // Loading and saving a large project file: 100,000 nodes with notes, hours and cost entries, about
-// 100 MB, read from and written to a file on disk. Peak memory is measured in a fresh child
-// process (this binary started again), so that nothing the benchmark itself holds is counted.
+// 100 MB, read from and written to a file on disk. Two ways each: streamed (the file passes through
+// a small buffer) and whole (the file's bytes held in one buffer, as a caller of the span reader
+// does). Peak memory and the first load of a fresh process are measured in child processes (this
+// binary started again), so that nothing the benchmark itself holds is counted.
 #include "document/ProjectFile.h"
 
 #include <benchmark/benchmark.h>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -17,7 +24,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kNodeCount = 100000;
-constexpr const char* kChildVariable = "VELTO_BENCH_PEAK_FILE";
+constexpr const char* kChildVariable = "VELTO_BENCH_CHILD"; // "<operation> <file>"
 
 std::string NoteFor(int index) {
     std::string note =
@@ -25,7 +32,7 @@ std::string NoteFor(int index) {
         "Symbol;}{\\f2\\fswiss Arial;}}\n{\\colortbl\\red0\\green0\\blue0;}\n\\deflang1031\\pard\\plain"
         "\\f2\\fs24 Arbeitspaket " +
         std::to_string(index) + "\\par ";
-    for (int line = 0; line < 9; ++line)
+    for (int line = 0; line < 6; ++line)
         note += "Abstimmung mit dem Auftraggeber, Entwurf pr\\'fcfen und Ergebnisse festhalten.\\par ";
     return note + "}";
 }
@@ -34,6 +41,8 @@ CCostEntry* Cost(CTime day, float price, float quantity, const char* remark) {
     return new CCostEntry{day, price, quantity, -price * quantity, "", remark, nullptr};
 }
 
+// Every tenth node a project node, the others tasks with a note, two hours entries and the
+// automatic entry of each cost list.
 ProjectContent GenerateProject() {
     ProjectContent content;
     const NodeDefaults defaults{CTime(1795000000), CTime(1795000000), CTime(1795080000)};
@@ -53,7 +62,7 @@ ProjectContent GenerateProject() {
         node->m_pHours->m_pNext =
             new CHoursEntry{day, day + 13 * 3600, day + 17 * 3600, "MM", "Abnahme", nullptr};
         node->m_pCosts = Cost(day, 85.0f, node->m_fHoursPlanned, "Kalkulierte Stunden");
-        node->m_pCosts2 = Cost(day, 85.0f, 8.0f, "Benötigte Stunden");
+        node->m_pCosts2 = Cost(day, 85.0f, 8.0f, "Ben\xF6tigte Stunden");
         node->m_pPrev = last;
         (last ? last->m_pNext : content.firstNode) = node;
         last = node;
@@ -61,25 +70,65 @@ ProjectContent GenerateProject() {
     return content;
 }
 
-std::vector<uint8_t> ReadFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary | std::ios::ate);
-    std::vector<uint8_t> bytes(size_t(in.tellg()));
-    in.seekg(0);
-    in.read(reinterpret_cast<char*>(bytes.data()), std::streamsize(bytes.size()));
-    return bytes;
+int64_t ReadSome(int fd, uint8_t* buffer, size_t size) {
+    const ssize_t count = read(fd, buffer, size);
+    return count < 0 ? -errno : count;
 }
 
-// Written as a save does it: a temporary file beside the target, renamed into place.
-void WriteFile(const std::string& path, const std::vector<uint8_t>& bytes) {
+bool WriteAll(int fd, std::span<const uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = write(fd, bytes.data(), bytes.size());
+        if (count <= 0)
+            return false;
+        bytes = bytes.subspan(size_t(count));
+    }
+    return true;
+}
+
+uint64_t FileSize(int fd) {
+    struct stat status {};
+    fstat(fd, &status);
+    return uint64_t(status.st_size);
+}
+
+ReadStatus LoadStreamed(const std::string& path, ProjectContent& content) {
+    const int fd = open(path.c_str(), O_RDONLY);
+    const ReadResult result = ReadProject(
+        FileSize(fd), [fd](uint8_t* buffer, size_t size) { return ReadSome(fd, buffer, size); }, content);
+    close(fd);
+    return result.status;
+}
+
+// Read whole, then parsed. The buffer is left uninitialised: zero-filling it first would only add
+// another pass over the file's size.
+ReadStatus LoadWhole(const std::string& path, ProjectContent& content) {
+    const int fd = open(path.c_str(), O_RDONLY);
+    const size_t size = size_t(FileSize(fd));
+    const std::unique_ptr<uint8_t[]> bytes(new uint8_t[size]);
+    size_t done = 0;
+    for (int64_t got = 1; done < size && got > 0; done += size_t(std::max<int64_t>(got, 0)))
+        got = ReadSome(fd, bytes.get() + done, size - done);
+    close(fd);
+    return ReadProject(std::span<const uint8_t>(bytes.get(), done), content).status;
+}
+
+// Both saves write a temporary file beside the target and rename it into place.
+template <class WriteBody> bool SaveVia(const std::string& path, WriteBody writeBody) {
     const std::string temporary = path + ".tmp";
-    std::FILE* file = std::fopen(temporary.c_str(), "wb");
-    std::fwrite(bytes.data(), 1, bytes.size(), file);
-    std::fclose(file);
-    std::rename(temporary.c_str(), path.c_str());
+    const int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    const bool written = writeBody(fd);
+    return close(fd) == 0 && written && std::rename(temporary.c_str(), path.c_str()) == 0;
 }
 
-ReadStatus LoadFromDisk(const std::string& path, ProjectContent& content) {
-    return ReadProject(ReadFile(path), content).status;
+bool SaveStreamed(const std::string& path, const ProjectContent& content) {
+    return SaveVia(path, [&](int fd) {
+        return WriteProject(content.view, content.assigneeHistory, content.remarkHistory, content.firstNode,
+                            [fd](std::span<const uint8_t> piece) { return WriteAll(fd, piece); });
+    });
+}
+
+bool SaveWhole(const std::string& path, const ProjectContent& content) {
+    return SaveVia(path, [&](int fd) { return WriteAll(fd, WriteProject(content)); });
 }
 
 // The generated project on disk, made once and removed when the benchmarks end.
@@ -96,23 +145,17 @@ public:
 private:
     ProjectOnDisk()
         : path((fs::temp_directory_path() / ("velto-bench-" + std::to_string(getpid()) + ".VT5")).string()) {
-        const std::vector<uint8_t> bytes = WriteProject(GenerateProject());
-        WriteFile(path, bytes);
-        size = bytes.size();
+        const ProjectContent content = GenerateProject();
+        SaveWhole(path, content);
+        size = fs::file_size(path);
     }
 };
 
-long PeakKilobytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
-}
-
-void BM_ProjectFileLoad(benchmark::State& state) {
+template <class Load> void RunLoad(benchmark::State& state, Load load) {
     const ProjectOnDisk& file = ProjectOnDisk::Get();
     for (auto _ : state) {
         ProjectContent content;
-        if (LoadFromDisk(file.path, content) != ReadStatus::Ok)
+        if (load(file.path, content) != ReadStatus::Ok)
             state.SkipWithError("the generated project did not load");
         state.PauseTiming(); // freeing the nodes is not part of the load
         content = ProjectContent{};
@@ -121,65 +164,128 @@ void BM_ProjectFileLoad(benchmark::State& state) {
     state.SetBytesProcessed(int64_t(state.iterations() * file.size));
     state.counters["file_MB"] = double(file.size) / 1e6;
 }
-BENCHMARK(BM_ProjectFileLoad)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void BM_ProjectFileSave(benchmark::State& state) {
+template <class Save> void RunSave(benchmark::State& state, Save save) {
     const ProjectOnDisk& file = ProjectOnDisk::Get();
     ProjectContent content;
-    LoadFromDisk(file.path, content);
+    LoadStreamed(file.path, content);
     const std::string target = file.path + ".saved";
     for (auto _ : state)
-        WriteFile(target, WriteProject(content));
+        if (!save(target, content))
+            state.SkipWithError("the save failed");
     fs::remove(target);
     state.SetBytesProcessed(int64_t(state.iterations() * file.size));
 }
-BENCHMARK(BM_ProjectFileSave)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// Starts this binary again with kChildVariable set; the child loads and saves once and prints its
-// peak resident size before loading, after loading and during the save, in kilobytes. Both peaks
-// count everything from the process start: the load's holds the file's bytes and the built nodes,
-// the save's the nodes and the written bytes.
-void BM_ProjectFilePeakMemory(benchmark::State& state) {
+void BM_ProjectFileLoadStreamed(benchmark::State& state) {
+    RunLoad(state, LoadStreamed);
+}
+void BM_ProjectFileLoadWhole(benchmark::State& state) {
+    RunLoad(state, LoadWhole);
+}
+void BM_ProjectFileSaveStreamed(benchmark::State& state) {
+    RunSave(state, SaveStreamed);
+}
+void BM_ProjectFileSaveWhole(benchmark::State& state) {
+    RunSave(state, SaveWhole);
+}
+BENCHMARK(BM_ProjectFileLoadStreamed)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_ProjectFileLoadWhole)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_ProjectFileSaveStreamed)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_ProjectFileSaveWhole)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// ---- In a fresh process ----
+
+long PeakKilobytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
+
+double MillisecondsSince(std::chrono::steady_clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+// User and system time of this process so far.
+double CpuMilliseconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto ms = [](const timeval& t) { return double(t.tv_sec) * 1e3 + double(t.tv_usec) / 1e3; };
+    return ms(usage.ru_utime) + ms(usage.ru_stime);
+}
+
+// Starts this binary again to run one operation (load-streamed, load-whole, save-streamed,
+// save-whole) in a fresh process. The child reports its peak resident size above its size at the
+// start, and how long the operation took (wall clock and processor time): the first load of a
+// process also pays for every page of memory it touches for the first time.
+void RunInChild(benchmark::State& state, const char* operation) {
     const ProjectOnDisk& file = ProjectOnDisk::Get();
     const std::string self = fs::read_symlink("/proc/self/exe").string();
-    long before = 0, afterLoad = 0, afterSave = 0;
+    long peakKilobytes = 0;
+    double milliseconds = 0, cpuMilliseconds = 0;
     for (auto _ : state) {
-        setenv(kChildVariable, file.path.c_str(), 1);
+        setenv(kChildVariable, (std::string(operation) + " " + file.path).c_str(), 1);
         std::FILE* child = popen(("'" + self + "'").c_str(), "r");
         unsetenv(kChildVariable);
-        if (!child || std::fscanf(child, "%ld %ld %ld", &before, &afterLoad, &afterSave) != 3)
+        if (!child || std::fscanf(child, "%ld %lf %lf", &peakKilobytes, &milliseconds, &cpuMilliseconds) != 3)
             state.SkipWithError("the measuring child gave no figures");
         if (child)
             pclose(child);
     }
-    const double fileKilobytes = double(file.size) / 1024.0;
-    state.counters["load_peak_x_file"] = double(afterLoad - before) / fileKilobytes;
-    state.counters["save_peak_x_file"] = double(afterSave - before) / fileKilobytes;
-    state.counters["load_peak_MB"] = double(afterLoad) / 1024.0;
-    state.counters["save_peak_MB"] = double(afterSave) / 1024.0;
+    state.counters["peak_x_file"] = double(peakKilobytes) * 1024.0 / double(file.size);
+    state.counters["peak_MB"] = double(peakKilobytes) * 1024.0 / 1e6;
+    state.counters["fresh_process_ms"] = milliseconds;
+    state.counters["fresh_process_cpu_ms"] = cpuMilliseconds;
 }
-BENCHMARK(BM_ProjectFilePeakMemory)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+
+void BM_ProjectFileFreshLoadStreamed(benchmark::State& state) {
+    RunInChild(state, "load-streamed");
+}
+void BM_ProjectFileFreshLoadWhole(benchmark::State& state) {
+    RunInChild(state, "load-whole");
+}
+void BM_ProjectFileFreshSaveStreamed(benchmark::State& state) {
+    RunInChild(state, "save-streamed");
+}
+void BM_ProjectFileFreshSaveWhole(benchmark::State& state) {
+    RunInChild(state, "save-whole");
+}
+BENCHMARK(BM_ProjectFileFreshLoadStreamed)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(BM_ProjectFileFreshLoadWhole)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(BM_ProjectFileFreshSaveStreamed)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(BM_ProjectFileFreshSaveWhole)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 
 // The child's side: runs before main when the variable is set, and never returns to it.
-struct PeakMemoryChild {
-    PeakMemoryChild() {
-        const char* path = std::getenv(kChildVariable);
-        if (!path)
+struct FreshProcessChild {
+    FreshProcessChild() {
+        const char* request = std::getenv(kChildVariable);
+        if (!request)
             return;
-        const long before = PeakKilobytes();
+        const std::string operation(request, std::strchr(request, ' '));
+        const std::string path = std::strchr(request, ' ') + 1;
+        const long atStart = PeakKilobytes();
         ProjectContent content;
-        LoadFromDisk(path, content);
-        const long afterLoad = PeakKilobytes();
-        // Lowers the peak to what is resident now (the loaded project), so that the save's own
-        // peak shows even when it stays below the load's.
-        std::ofstream("/proc/self/clear_refs") << "5";
-        WriteFile(std::string(path) + ".child", WriteProject(content));
-        const long afterSave = PeakKilobytes();
-        std::remove((std::string(path) + ".child").c_str());
-        std::printf("%ld %ld %ld\n", before, afterLoad, afterSave);
+        auto start = std::chrono::steady_clock::now();
+        double cpuAtStart = CpuMilliseconds();
+        if (operation.starts_with("save")) {
+            LoadStreamed(path, content);
+            // Lowers the peak to what is resident now (the loaded project), so that the save's own
+            // peak shows even when it stays below the load's.
+            std::ofstream("/proc/self/clear_refs") << "5";
+            start = std::chrono::steady_clock::now();
+            cpuAtStart = CpuMilliseconds();
+            const std::string target = path + ".child";
+            (operation == "save-streamed" ? SaveStreamed : SaveWhole)(target, content);
+            std::remove(target.c_str());
+        } else {
+            (operation == "load-streamed" ? LoadStreamed : LoadWhole)(path, content);
+        }
+        const double milliseconds = MillisecondsSince(start);
+        std::printf("%ld %.1f %.1f\n", PeakKilobytes() - atStart, milliseconds,
+                    CpuMilliseconds() - cpuAtStart);
         std::fflush(stdout);
         _exit(0);
     }
-} const kPeakMemoryChild;
+} const kFreshProcessChild;
 
 } // namespace
