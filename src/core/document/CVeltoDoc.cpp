@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 #include <utility>
 
 namespace {
@@ -60,14 +61,13 @@ bool CVeltoDoc::OnOpenDocument(const std::string& path) {
             m_fs->Remove(LockFilePath(path));
     };
 
-    std::vector<uint8_t> bytes;
-    if (const int read = ReadFileBytes(*m_fs, path, bytes); read < 0) {
+    ProjectContent content;
+    ReadResult result;
+    if (const int opened = ReadProjectFile(path, content, result); opened < 0) {
         releaseLock();
-        TellError("Die Datei \"" + path + "\" kann nicht geöffnet werden: " + FileErrorReason(read) + ".");
+        TellError("Die Datei \"" + path + "\" kann nicht geöffnet werden: " + FileErrorReason(opened) + ".");
         return false;
     }
-    ProjectContent content;
-    const ReadResult result = ReadProject(bytes, content);
     if (result.status == ReadStatus::Error) {
         releaseLock();
         TellError(result.Message(path));
@@ -82,6 +82,19 @@ bool CVeltoDoc::OnOpenDocument(const std::string& path) {
     m_bSaveAsPending = false;
     m_bModified = false;
     return true;
+}
+
+int CVeltoDoc::ReadProjectFile(const std::string& path, ProjectContent& content, ReadResult& result) {
+    const int fd = m_fs->Open(path, O_RDONLY);
+    if (fd < 0)
+        return fd;
+    const int64_t size = m_fs->FileSize(fd);
+    if (size >= 0)
+        result = ReadProject(
+            uint64_t(size),
+            [&](uint8_t* buffer, size_t count) { return int64_t(m_fs->Read(fd, buffer, count)); }, content);
+    m_fs->Close(fd);
+    return size < 0 ? int(size) : 0;
 }
 
 CVeltoDoc::LockState CVeltoDoc::AcquireLock(const std::string& path) {
@@ -152,9 +165,9 @@ bool CVeltoDoc::OnSaveDocument(const std::string& path) {
         return false;
     }
     const bool savingAs = std::exchange(m_bSaveAsPending, false);
-    const std::vector<uint8_t> bytes =
-        WriteProject(m_view, m_strAssigneeHistory, m_strRemarkHistory, m_pFirstNode);
-    const SaveResult result = SaveWithBackups(*m_fs, path, bytes);
+    const SaveResult result = SaveWithBackups(*m_fs, path, [&](const PieceWriter& put) {
+        WriteProject(m_view, m_strAssigneeHistory, m_strRemarkHistory, m_pFirstNode, put);
+    });
     if (result.outcome != SaveResult::Outcome::Saved) {
         TellError(SaveFailureMessage(result, path));
         if (savingAs)

@@ -96,6 +96,9 @@ private:
     bool WriteLock(const std::string& path);
     // After a failed "save as": the lock written for the new name goes, the old one comes back.
     void AbandonSaveAs(const std::string& failedPath);
+    // Reads the project straight from the file, never holding all of its bytes at once. -errno
+    // when the file cannot be opened; errors while reading are in result.
+    int ReadProjectFile(const std::string& path, ProjectContent& content, ReadResult& result);
     void TakeContent(ProjectContent&& content);
     void DeleteContents();
     void TellError(const std::string& text);

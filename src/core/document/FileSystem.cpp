@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -30,6 +31,11 @@ ssize_t PosixFileSystem::Read(int fd, void* buffer, size_t size) {
 
 ssize_t PosixFileSystem::Write(int fd, const void* buffer, size_t size) {
     return Retrying([&] { return ::write(fd, buffer, size); });
+}
+
+int64_t PosixFileSystem::FileSize(int fd) {
+    struct stat info {};
+    return ::fstat(fd, &info) == 0 ? int64_t(info.st_size) : -errno;
 }
 
 int PosixFileSystem::Sync(int fd) {
@@ -80,27 +86,44 @@ int ReadFileBytes(FileSystem& fs, const std::string& path, std::vector<uint8_t>&
     return closed < 0 ? closed : 0;
 }
 
-int WriteFileBytes(FileSystem& fs, const std::string& path, std::span<const uint8_t> bytes, CreateMode mode,
-                   Durability durability) {
+namespace {
+
+int WriteAll(FileSystem& fs, int fd, std::span<const uint8_t> bytes) {
+    for (size_t done = 0; done < bytes.size();) {
+        const ssize_t written = fs.Write(fd, bytes.data() + done, bytes.size() - done);
+        if (written < 0)
+            return int(written);
+        if (written == 0)
+            return -ENOSPC; // a write that makes no progress: the medium is full
+        done += size_t(written);
+    }
+    return 0;
+}
+
+} // namespace
+
+int WriteFileContent(FileSystem& fs, const std::string& path, const ContentProducer& produce, CreateMode mode,
+                     Durability durability) {
     const int flags = O_WRONLY | O_CREAT | (mode == CreateMode::Exclusive ? O_EXCL : O_TRUNC);
     const int fd = fs.Open(path, flags);
     if (fd < 0)
         return fd;
     int error = 0;
-    for (size_t done = 0; done < bytes.size() && error == 0;) {
-        const ssize_t written = fs.Write(fd, bytes.data() + done, bytes.size() - done);
-        if (written < 0)
-            error = int(written);
-        else if (written == 0)
-            error = -ENOSPC; // a write that makes no progress: the medium is full
-        else
-            done += size_t(written);
-    }
+    produce([&](std::span<const uint8_t> piece) {
+        error = WriteAll(fs, fd, piece);
+        return error == 0;
+    });
     if (error == 0 && durability == Durability::Synced)
         error = fs.Sync(fd);
     // Network file systems may report a failed write only here.
     const int closed = fs.Close(fd);
     return error < 0 ? error : closed;
+}
+
+int WriteFileBytes(FileSystem& fs, const std::string& path, std::span<const uint8_t> bytes, CreateMode mode,
+                   Durability durability) {
+    return WriteFileContent(
+        fs, path, [&](const PieceWriter& put) { put(bytes); }, mode, durability);
 }
 
 std::string DirectoryOf(const std::string& path) {

@@ -3,6 +3,7 @@
 // step of an open or a save fail. Every call returns a negative errno value on failure.
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <sys/types.h>
@@ -18,6 +19,8 @@ public:
     virtual ssize_t Read(int fd, void* buffer, size_t size) = 0;
     // Bytes written, or -errno.
     virtual ssize_t Write(int fd, const void* buffer, size_t size) = 0;
+    // The size of an open file, or -errno.
+    virtual int64_t FileSize(int fd) = 0;
     // Flushes the file's data to the disk.
     virtual int Sync(int fd) = 0;
     virtual int Close(int fd) = 0;
@@ -34,6 +37,7 @@ public:
     int Open(const std::string& path, int flags, mode_t mode = 0666) override;
     ssize_t Read(int fd, void* buffer, size_t size) override;
     ssize_t Write(int fd, const void* buffer, size_t size) override;
+    int64_t FileSize(int fd) override;
     int Sync(int fd) override;
     int Close(int fd) override;
     int Remove(const std::string& path) override;
@@ -51,8 +55,15 @@ enum class CreateMode {
 };
 enum class Durability { Buffered, Synced };
 
-// Creates the file and writes all bytes; with Synced they are on the disk before this returns.
+// Takes a file's content piece by piece, in order; false tells the producer to stop.
+using PieceWriter = std::function<bool(std::span<const uint8_t> piece)>;
+// Hands the whole content to the writer, so that it never needs to exist in one buffer.
+using ContentProducer = std::function<void(const PieceWriter& put)>;
+
+// Creates the file and writes the content; with Synced it is on the disk before this returns.
 // 0 or -errno of the first step that failed (what was written so far stays: the caller decides).
+int WriteFileContent(FileSystem& fs, const std::string& path, const ContentProducer& produce, CreateMode mode,
+                     Durability durability = Durability::Buffered);
 int WriteFileBytes(FileSystem& fs, const std::string& path, std::span<const uint8_t> bytes, CreateMode mode,
                    Durability durability = Durability::Buffered);
 

@@ -15,11 +15,11 @@ std::string TempFilePath(const std::string& projectPath, int attempt) {
     return projectPath + ".~" + std::to_string(getpid()) + "-" + std::to_string(attempt) + ".tmp";
 }
 
-int WriteTempFile(FileSystem& fs, const std::string& projectPath, std::span<const uint8_t> bytes,
+int WriteTempFile(FileSystem& fs, const std::string& projectPath, const ContentProducer& produce,
                   std::string& tempPath) {
     for (int attempt = 0; attempt < kTempNameAttempts; ++attempt) {
         tempPath = TempFilePath(projectPath, attempt);
-        const int result = WriteFileBytes(fs, tempPath, bytes, CreateMode::Exclusive, Durability::Synced);
+        const int result = WriteFileContent(fs, tempPath, produce, CreateMode::Exclusive, Durability::Synced);
         if (result == -EEXIST)
             continue;
         if (result < 0)
@@ -46,9 +46,9 @@ int RotateBackups(FileSystem& fs, const std::string& projectPath) {
 
 } // namespace
 
-SaveResult SaveWithBackups(FileSystem& fs, const std::string& projectPath, std::span<const uint8_t> bytes) {
+SaveResult SaveWithBackups(FileSystem& fs, const std::string& projectPath, const ContentProducer& produce) {
     SaveResult result;
-    if (const int written = WriteTempFile(fs, projectPath, bytes, result.tempPath); written < 0)
+    if (const int written = WriteTempFile(fs, projectPath, produce, result.tempPath); written < 0)
         return {SaveResult::Outcome::NotWritten, written, {}, {}};
 
     const int moved = RotateBackups(fs, projectPath);

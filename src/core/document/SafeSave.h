@@ -4,7 +4,6 @@
 // (.BK3 → .BK4 … .BK0 → .BK1, the project → .BK0) and the temporary file take the project's place.
 #include "document/FileSystem.h"
 
-#include <span>
 #include <string>
 
 struct SaveResult {
@@ -24,7 +23,7 @@ struct SaveResult {
     std::string lastGoodPath;
 };
 
-SaveResult SaveWithBackups(FileSystem& fs, const std::string& projectPath, std::span<const uint8_t> bytes);
+SaveResult SaveWithBackups(FileSystem& fs, const std::string& projectPath, const ContentProducer& produce);
 
 // What the user is told about a failed save.
 std::string SaveFailureMessage(const SaveResult& result, const std::string& projectPath);

@@ -19,7 +19,7 @@
 
 namespace doctest {
 
-enum class Op { Open, Write, Sync, Close, Remove, Rename, SyncDirectory };
+enum class Op { Open, Read, Write, Sync, Close, Remove, Rename, SyncDirectory };
 
 // The real file system, except that a fault makes calls fail: it matches an operation on a path
 // ending in `suffix` (for a rename: the target), lets `skip` matches pass, then fails `times`.
@@ -41,6 +41,9 @@ public:
         if (fd >= 0)
             m_paths[fd] = path;
         return fd;
+    }
+    ssize_t Read(int fd, void* data, size_t size) override {
+        return Guard(Op::Read, m_paths[fd], [&] { return PosixFileSystem::Read(fd, data, size); });
     }
     ssize_t Write(int fd, const void* data, size_t size) override {
         return Guard(Op::Write, m_paths[fd], [&] { return PosixFileSystem::Write(fd, data, size); });

@@ -20,7 +20,9 @@ std::string Numbered(const char* prefix, int number) {
 
 class SafeSaveTest : public TempDirTest {
 protected:
-    SaveResult Save(std::string_view content) { return SaveWithBackups(fs, project, Bytes(content)); }
+    SaveResult Save(std::string_view content) {
+        return SaveWithBackups(fs, project, [&](const PieceWriter& put) { put(Bytes(content)); });
+    }
     bool AnyTempFile() const {
         const auto names = Names();
         return std::any_of(names.begin(), names.end(),
