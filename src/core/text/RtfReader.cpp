@@ -192,141 +192,159 @@ private:
             return true;
         if (m_state.destination == Destination::FontTable && IsParagraphWord(keyword))
             LeaveUnclosedFontTable();
-        CharState& chars = m_state.chars;
-        switch (keyword) {
-        case Keyword::Skipped:
-        case Keyword::FieldInstruction:
+        if (keyword == Keyword::Skipped || keyword == Keyword::FieldInstruction)
             return SkipGroup();
+        if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword)) {
+            if (const char32_t c = NamedCharacter(keyword))
+                Emit(c);
+        }
+        return true;
+    }
+
+    // Code pages, the font and colour tables, and the destinations that decide where text goes.
+    bool TableWord(Keyword keyword, const Token& token) {
+        switch (keyword) {
         case Keyword::Ansi:
             SetDocumentCodePage(1252);
-            break;
+            return true;
         case Keyword::Mac:
             SetDocumentCodePage(10000);
-            break;
+            return true;
         case Keyword::Pc:
             SetDocumentCodePage(437);
-            break;
+            return true;
         case Keyword::Pca:
             SetDocumentCodePage(850);
-            break;
+            return true;
         case Keyword::AnsiCodePage:
             if (token.param > 0)
                 SetDocumentCodePage(token.param);
-            break;
+            return true;
         case Keyword::DefaultFont:
             m_defaultFont = token.param;
             TablesChanged();
-            break;
+            return true;
         case Keyword::FontTable:
             m_state.destination = Destination::FontTable;
             m_fontOpen = false;
-            break;
+            return true;
         case Keyword::ColourTable:
             m_state.destination = Destination::ColourTable;
             m_colours.clear();
             m_colourPart = {};
             TablesChanged();
-            break;
+            return true;
+        case Keyword::Charset:
+            if (m_fontOpen)
+                m_fontEntry.codePage = CodePage::NumberForCharset(token.param);
+            return true;
+        case Keyword::FontCodePage:
+            if (m_fontOpen && token.param > 0)
+                m_fontEntry.codePage = token.param;
+            return true;
+        case Keyword::Red:
+        case Keyword::Green:
+        case Keyword::Blue:
+            SetColourPart(keyword, token.param);
+            return true;
+        case Keyword::FieldResult:
+        case Keyword::UnicodeAlternative:
+            m_state.destination = Destination::Text;
+            return true;
+        case Keyword::UnicodePair:
+            m_state.destination = Destination::Dropped;
+            return true;
+        case Keyword::NestedTableProperties:
+            m_state.nestedRow = true;
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    bool FormatWord(Keyword keyword, const Token& token) {
+        CharState& chars = m_state.chars;
+        switch (keyword) {
         case Keyword::Font:
             if (m_state.destination == Destination::FontTable)
                 BeginFontEntry(token.param);
             else
                 chars.font = token.param;
-            break;
-        case Keyword::Charset:
-            if (m_fontOpen)
-                m_fontEntry.codePage = CodePage::NumberForCharset(token.param);
-            break;
-        case Keyword::FontCodePage:
-            if (m_fontOpen && token.param > 0)
-                m_fontEntry.codePage = token.param;
-            break;
-        case Keyword::Red:
-        case Keyword::Green:
-        case Keyword::Blue:
-            SetColourPart(keyword, token.param);
-            break;
-        case Keyword::Field:
-            break;
-        case Keyword::FieldResult:
-        case Keyword::UnicodeAlternative:
-            m_state.destination = Destination::Text;
-            break;
-        case Keyword::UnicodePair:
-            m_state.destination = Destination::Dropped;
-            break;
+            return true;
         case Keyword::Plain:
             chars = CharState();
-            break;
+            return true;
         case Keyword::FontSize:
             chars.halfPoints = token.hasParam ? token.param : kDefaultHalfPoints;
-            break;
+            return true;
         case Keyword::Bold:
             chars.bold = FlagOn(token);
-            break;
+            return true;
         case Keyword::Italic:
             chars.italic = FlagOn(token);
-            break;
+            return true;
         case Keyword::Underline:
             chars.underline = FlagOn(token);
-            break;
+            return true;
         case Keyword::UnderlineNone:
             chars.underline = false;
-            break;
+            return true;
         case Keyword::StrikeOut:
             chars.strikeOut = FlagOn(token);
-            break;
+            return true;
         case Keyword::Colour:
             chars.colour = token.param;
-            break;
+            return true;
         case Keyword::UnicodeSkip:
             m_state.unicodeSkip = std::clamp(token.param, 0, kMaxUnicodeSkip);
-            break;
+            return true;
         case Keyword::Unicode:
             if (token.hasParam)
                 UnicodeChar(token.param);
-            break;
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    // Alignment, paragraph ends and table cells.
+    bool ParagraphWord(Keyword keyword) {
+        switch (keyword) {
         case Keyword::ParagraphDefault:
         case Keyword::AlignLeft:
             m_state.alignment = Alignment::Left;
-            break;
+            return true;
         case Keyword::AlignCentre:
             m_state.alignment = Alignment::Centre;
-            break;
+            return true;
         case Keyword::AlignRight:
             m_state.alignment = Alignment::Right;
-            break;
+            return true;
         case Keyword::AlignJustified:
             m_state.alignment = Alignment::Justified;
-            break;
+            return true;
         case Keyword::Par:
         case Keyword::NestedCell:
         case Keyword::Section:
             EndParagraph(ParagraphBreak::Paragraph);
-            break;
+            return true;
         case Keyword::Page:
             PageBreak();
-            break;
+            return true;
         case Keyword::Cell:
             EndCell();
-            break;
+            return true;
         case Keyword::Row:
             m_row.cell = 0;
-            break;
+            return true;
         case Keyword::RowDefaults:
         case Keyword::CellBoundary:
         case Keyword::CellMerged:
             DefineCell(keyword);
-            break;
-        case Keyword::NestedTableProperties:
-            m_state.nestedRow = true;
-            break;
+            return true;
         default:
-            if (const char32_t c = NamedCharacter(keyword))
-                Emit(c);
-            break;
+            return false;
         }
-        return true;
     }
 
     static char32_t NamedCharacter(Keyword keyword) {
@@ -458,19 +476,23 @@ private:
     void BodyText(std::string_view bytes) {
         const CodePage& page = CurrentCodePage();
         PrepareText();
+        const size_t before = m_text.size();
         if (page.IsDoubleByte()) {
             for (char c : bytes)
                 DoubleByteText(page, static_cast<unsigned char>(c));
-            return;
+        } else {
+            const bool asciiIsAscii = !page.IsSymbol();
+            for (char c : bytes) {
+                const auto byte = static_cast<unsigned char>(c);
+                if (byte < 0x80 && asciiIsAscii)
+                    m_text += c;
+                else
+                    cp1252::AppendUtf8(m_text, page.ToUnicode(byte));
+            }
         }
-        const bool asciiIsAscii = !page.IsSymbol();
-        for (char c : bytes) {
-            const auto byte = static_cast<unsigned char>(c);
-            if (byte < 0x80 && asciiIsAscii)
-                m_text += c;
-            else
-                cp1252::AppendUtf8(m_text, page.ToUnicode(byte));
-        }
+        // A lone lead byte is no text yet: the paragraph is not open because of it.
+        if (m_text.size() != before)
+            m_openParagraph = true;
     }
 
     void DoubleByteText(const CodePage& page, unsigned char byte) {
@@ -495,11 +517,11 @@ private:
         if (!kModel && c == kLineBreak)
             c = '\n';
         cp1252::AppendUtf8(m_text, c);
+        m_openParagraph = true;
     }
 
     // Makes m_text ready to take text in the current format.
     void PrepareText() {
-        m_openParagraph = true;
         if constexpr (kModel) {
             if (m_runChars != m_state.chars) {
                 FlushRun();

@@ -336,7 +336,8 @@ TEST(RtfReaderMalformed, DeepNestingCostsNoStack) {
 TEST(RtfReaderPlainText, EqualsTheJoinedParagraphs) {
     for (const char* rtf :
          {R"({\rtf1 a\par b\line c\tab d\par\par})", R"({\rtf1 a\par})", R"({\rtf1 \par})",
-          R"({\rtf1 x\page y\sect z})", R"({\rtf1\trowd\cellx1 a\cell\row b})", "plain\r\ntext\n"}) {
+          R"({\rtf1 x\page y\sect z})", R"({\rtf1\trowd\cellx1 a\cell\row b})", "plain\r\ntext\n",
+          R"({\rtf1\ansicpg932 a\par\'82})", R"({\rtf1\ansicpg932 a\par\'82\page b})"}) {
         EXPECT_EQ(PlainText(rtf), rtftest::Joined(ReadRtf(rtf))) << rtf;
     }
 }
