@@ -55,22 +55,16 @@ bool CVeltoDoc::OnOpenDocument(const std::string& path) {
     const LockState lock = AcquireLock(path);
     if (lock == LockState::Declined)
         return false;
-    // A document that does not open must not leave its lock behind.
-    const auto releaseLock = [&] {
-        if (lock == LockState::Held)
-            m_fs->Remove(LockFilePath(path));
-    };
-
     ProjectContent content;
     ReadResult result;
-    if (const int opened = ReadProjectFile(path, content, result); opened < 0) {
-        releaseLock();
-        TellError("Die Datei \"" + path + "\" kann nicht geöffnet werden: " + FileErrorReason(opened) + ".");
-        return false;
-    }
-    if (result.status == ReadStatus::Error) {
-        releaseLock();
-        TellError(result.Message(path));
+    const int opened = ReadProjectFile(path, content, result);
+    if (opened < 0 || result.status == ReadStatus::Error) {
+        // A document that does not open must not leave its lock behind.
+        if (lock == LockState::Held)
+            m_fs->Remove(LockFilePath(path));
+        TellError(opened < 0 ? "Die Datei \"" + path +
+                                   "\" kann nicht geöffnet werden: " + FileErrorReason(opened) + "."
+                             : result.Message(path));
         return false;
     }
     if (result.status == ReadStatus::WrongFormat)
