@@ -232,26 +232,39 @@ void SpliceChainBefore(CProjectNode*& first, CProjectNode* target, CProjectNode*
 // stable sort of each group, and it reaches the same order.
 namespace {
 
+// Everything the sort needs, by position, gathered in one walk so that the passes below read
+// contiguous arrays instead of chasing list pointers.
 struct SortPlan {
     std::vector<CProjectNode*> nodes;
+    std::vector<int> level;
+    std::vector<uint32_t> key;
     std::vector<size_t> subtreeEnd; // position after each node's subtree
     std::vector<size_t> groupOf;    // each node's sibling group
     std::vector<size_t> groupStart; // members of group g: members[groupStart[g] .. groupStart[g + 1])
     std::vector<size_t> members;    // positions, grouped, sorted within each group
     std::vector<size_t> segmentEnd; // position after the last member's subtree, per group
+
+    size_t Size() const { return nodes.size(); }
 };
 
-std::vector<size_t> SubtreeEnds(const std::vector<CProjectNode*>& nodes) {
+void Gather(SortPlan& plan, CProjectNode* first, bool byDue) {
+    for (CProjectNode* p = first; p; p = p->m_pNext) {
+        plan.nodes.push_back(p);
+        plan.level.push_back(p->m_nLevel);
+        plan.key.push_back((byDue ? p->m_timeDue : p->m_timeStart).GetTime());
+    }
+}
+
+void FindSubtreeEnds(SortPlan& plan) {
     // The first later position whose level is not deeper, found with a stack of candidates.
-    std::vector<size_t> end(nodes.size());
+    plan.subtreeEnd.resize(plan.Size());
     std::vector<size_t> candidates;
-    for (size_t i = nodes.size(); i-- > 0;) {
-        while (!candidates.empty() && nodes[candidates.back()]->m_nLevel > nodes[i]->m_nLevel)
+    for (size_t i = plan.Size(); i-- > 0;) {
+        while (!candidates.empty() && plan.level[candidates.back()] > plan.level[i])
             candidates.pop_back();
-        end[i] = candidates.empty() ? nodes.size() : candidates.back();
+        plan.subtreeEnd[i] = candidates.empty() ? plan.Size() : candidates.back();
         candidates.push_back(i);
     }
-    return end;
 }
 
 // Numbers the sibling groups in order of their first member; returns the number of groups.
@@ -262,9 +275,9 @@ size_t AssignGroups(SortPlan& plan) {
     };
     std::vector<OpenGroup> open; // strictly increasing levels
     size_t count = 0;
-    plan.groupOf.resize(plan.nodes.size());
-    for (size_t i = 0; i < plan.nodes.size(); ++i) {
-        const int level = plan.nodes[i]->m_nLevel;
+    plan.groupOf.resize(plan.Size());
+    for (size_t i = 0; i < plan.Size(); ++i) {
+        const int level = plan.level[i];
         while (!open.empty() && open.back().level > level)
             open.pop_back();
         if (open.empty() || open.back().level != level)
@@ -281,23 +294,22 @@ void CollectMembers(SortPlan& plan, size_t groupCount) {
     for (size_t g = 0; g < groupCount; ++g)
         plan.groupStart[g + 1] += plan.groupStart[g];
     std::vector<size_t> fill(plan.groupStart.begin(), plan.groupStart.end() - 1);
-    plan.members.resize(plan.nodes.size());
-    for (size_t i = 0; i < plan.nodes.size(); ++i)
+    plan.members.resize(plan.Size());
+    for (size_t i = 0; i < plan.Size(); ++i)
         plan.members[fill[plan.groupOf[i]]++] = i;
     plan.segmentEnd.resize(groupCount);
     for (size_t g = 0; g < groupCount; ++g)
         plan.segmentEnd[g] = plan.subtreeEnd[plan.members[plan.groupStart[g + 1] - 1]];
 }
 
-void SortGroups(SortPlan& plan, bool byDue, bool ascending) {
-    std::vector<uint32_t> key(plan.nodes.size());
-    for (size_t i = 0; i < plan.nodes.size(); ++i)
-        key[i] = (byDue ? plan.nodes[i]->m_timeDue : plan.nodes[i]->m_timeStart).GetTime();
+void SortGroups(SortPlan& plan, bool ascending) {
+    const auto& key = plan.key;
     const auto before = [&](size_t a, size_t b) { return ascending ? key[a] < key[b] : key[a] > key[b]; };
     for (size_t g = 0; g + 1 < plan.groupStart.size(); ++g) {
         const auto begin = plan.members.begin() + std::ptrdiff_t(plan.groupStart[g]);
         const auto end = plan.members.begin() + std::ptrdiff_t(plan.groupStart[g + 1]);
-        std::stable_sort(begin, end, before);
+        if (end - begin > 1)
+            std::stable_sort(begin, end, before);
     }
 }
 
@@ -305,7 +317,7 @@ void SortGroups(SortPlan& plan, bool byDue, bool ascending) {
 // nest deeper than the call stack could follow.
 std::vector<size_t> NewOrder(const SortPlan& plan) {
     std::vector<size_t> order;
-    order.reserve(plan.nodes.size());
+    order.reserve(plan.Size());
     std::vector<size_t> pending; // positions still to emit, next on top
     std::vector<size_t> groups;
     const auto pushSegment = [&](size_t begin, size_t end) {
@@ -317,7 +329,7 @@ std::vector<size_t> NewOrder(const SortPlan& plan) {
                 pending.push_back(plan.members[m]);
         }
     };
-    pushSegment(0, plan.nodes.size());
+    pushSegment(0, plan.Size());
     while (!pending.empty()) {
         const size_t i = pending.back();
         pending.pop_back();
@@ -343,12 +355,11 @@ void Relink(CProjectNode*& first, const SortPlan& plan, const std::vector<size_t
 
 void SortSiblingsByDate(CProjectNode*& first, bool byDue, bool ascending) {
     SortPlan plan;
-    for (CProjectNode* p = first; p; p = p->m_pNext)
-        plan.nodes.push_back(p);
-    if (plan.nodes.size() < 2)
+    Gather(plan, first, byDue);
+    if (plan.Size() < 2)
         return;
-    plan.subtreeEnd = SubtreeEnds(plan.nodes);
+    FindSubtreeEnds(plan);
     CollectMembers(plan, AssignGroups(plan));
-    SortGroups(plan, byDue, ascending);
+    SortGroups(plan, ascending);
     Relink(first, plan, NewOrder(plan));
 }
