@@ -20,8 +20,10 @@
 
 namespace {
 
-QScrollBar* MakeScrollBar(Qt::Orientation orientation, const QString& text, QWidget* parent) {
+QScrollBar* MakeScrollBar(Qt::Orientation orientation, const QString& text, const QString& name,
+                          QWidget* parent) {
     auto* bar = new QScrollBar(orientation, parent);
+    bar->setObjectName(name);
     bar->setToolTip(text);
     bar->setStatusTip(text);
     bar->setFocusPolicy(Qt::NoFocus);
@@ -53,13 +55,15 @@ CGrafik::CGrafik(QWidget* parent) : QWidget(parent), m_clock(&CTime::GetCurrentT
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
 
-    m_rowScroll = MakeScrollBar(Qt::Vertical, QStringLiteral("Scrollbalken vertikal"), this);
+    m_rowScroll = MakeScrollBar(Qt::Vertical, QStringLiteral("Scrollbalken vertikal"),
+                                QStringLiteral("scrollBar131"), this);
     m_rowScroll->setSingleStep(1);
     m_rowScroll->setPageStep(10);
     connect(m_rowScroll, &QScrollBar::valueChanged, this,
             [this](int value) { OnVScroll(SB_THUMBPOSITION, value); });
 
-    m_calendarScroll = MakeScrollBar(Qt::Horizontal, QStringLiteral("Scrollbalken Kalender"), this);
+    m_calendarScroll = MakeScrollBar(Qt::Horizontal, QStringLiteral("Scrollbalken Kalender"),
+                                     QStringLiteral("scrollBar132"), this);
     m_calendarScroll->setRange(0, kCalendarRange);
     m_calendarScroll->setSingleStep(1);
     m_calendarScroll->setPageStep(7);
@@ -70,6 +74,7 @@ CGrafik::CGrafik(QWidget* parent) : QWidget(parent), m_clock(&CTime::GetCurrentT
     });
 
     m_todayButton = new QPushButton(QStringLiteral("Heute"), this);
+    m_todayButton->setObjectName(QStringLiteral("todayButton136"));
     m_todayButton->setToolTip(QStringLiteral("Kalender springe zu heute"));
     m_todayButton->setStatusTip(QStringLiteral("Kalender springe zu heute"));
     m_todayButton->setFocusPolicy(Qt::NoFocus);

@@ -22,7 +22,7 @@ namespace charttest {
 inline CTime Today() {
     return CTime(2026, 3, 11, 12, 0, 0);
 }
-// Local midnight plus a number of days from today, at the given hour.
+// A time on the day offset days from today.
 inline CTime Day(int offset, int hour = 1, int minute = 0, int second = 0) {
     return CTime(2026, 3, 11 + offset, hour, minute, second);
 }
@@ -37,25 +37,43 @@ struct Spec {
 
 // A list in display order; the first node is selected, visibility is computed. The caller owns it.
 inline CProjectNode* BuildList(std::initializer_list<Spec> specs) {
-    const NodeDefaults defaults{Today(), Day(0), Day(0, 23, 59, 59)};
     CProjectNode* first = nullptr;
     CProjectNode* tail = nullptr;
     for (const Spec& spec : specs) {
-        auto* node = new CProjectNode(defaults);
+        auto* node =
+            new CProjectNode(NodeDefaults{Today(), Day(spec.startOffset), Day(spec.dueOffset, 23, 59, 59)});
         node->m_nLevel = spec.level;
         node->m_nKind = spec.kind;
         node->m_strTitle = spec.title;
-        node->m_timeStart = Day(spec.startOffset);
-        node->m_timeDue = Day(spec.dueOffset, 23, 59, 59);
-        node->m_bSelected = 0;
+        node->m_bSelected = first == nullptr;
         node->m_pPrev = tail;
-        (tail ? tail->m_pNext : first) = node;
-        tail = node;
+        tail = (tail ? tail->m_pNext : first) = node;
     }
-    if (first)
-        first->m_bSelected = 1;
     RecomputeVisibility(first);
     return first;
+}
+
+// Links count untitled copies of node after it.
+inline void AppendCopies(CProjectNode* node, int count) {
+    for (int i = 0; i < count; ++i) {
+        CProjectNode* copy = node->CloneUnlinked();
+        copy->m_bSelected = 0;
+        copy->m_pPrev = node;
+        copy->m_pNext = node->m_pNext;
+        node->m_pNext = copy;
+        if (copy->m_pNext)
+            copy->m_pNext->m_pPrev = copy;
+    }
+}
+
+inline CHoliday Holiday(int day, int month, int year, int colour, bool yearly) {
+    CHoliday holiday;
+    holiday.day = day;
+    holiday.month = month;
+    holiday.year = year;
+    holiday.color = colour;
+    holiday.yearly = yearly;
+    return holiday;
 }
 
 inline CProjectNode* Find(CProjectNode* first, const std::string& title) {
@@ -66,28 +84,18 @@ inline CProjectNode* Find(CProjectNode* first, const std::string& title) {
     return nullptr;
 }
 
-// "level:title" of every node in list order, e.g. "0:R 1:A 2:a".
+// "level:title" of every node in list order, e.g. "0:R 1:A 2:a"; a back link that does not match
+// the forward link shows as "<broken>".
 inline std::string Outline(const CProjectNode* first) {
     std::string out;
     for (const CProjectNode* node = first; node; node = node->m_pNext) {
-        if (!out.empty())
-            out += ' ';
+        if (node != first)
+            out += node->m_pPrev && node->m_pPrev->m_pNext == node ? " " : " <broken> ";
         out += std::to_string(node->m_nLevel);
         out += ':';
         out += node->m_strTitle;
     }
     return out;
-}
-
-// Whether the list's links agree in both directions.
-inline bool LinksSound(const CProjectNode* first) {
-    const CProjectNode* before = nullptr;
-    for (const CProjectNode* node = first; node; node = node->m_pNext) {
-        if (node->m_pPrev != before)
-            return false;
-        before = node;
-    }
-    return true;
 }
 
 // Input as the window system delivers it, sent straight to the widget.
@@ -117,8 +125,6 @@ inline void DoubleClick(QWidget& w, QPoint pos) {
 inline void Key(QWidget& w, Qt::Key key) {
     QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
     QApplication::sendEvent(&w, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
-    QApplication::sendEvent(&w, &release);
 }
 
 class TestHost : public CChartHost {
