@@ -72,7 +72,8 @@ int main(int argc, char** argv) {
 
     QPdfWriter writer(args[2]);
     writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
+    // No margins of the writer's own: printing the document puts its 2 cm margins inside the page.
+    writer.setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter);
     writer.setTitle(QStringLiteral("Velto – Handbuch"));
     writer.setCreator(QStringLiteral("Velto"));
     doc.print(&writer);

@@ -1,6 +1,7 @@
 #include "app/CChildFrame.h"
 
 #include "app/CMainFrame.h"
+#include "app/Icons.h"
 #include "app/ProjectFiles.h"
 #include "app/WindowPlacement.h"
 #include "document/ProjectFile.h"
@@ -11,6 +12,7 @@
 CChildFrame::CChildFrame(std::unique_ptr<CVeltoDoc> doc, CVeltoView* view, CMainFrame& frame)
     : m_doc(std::move(doc)), m_view(view), m_commands(*this, frame.GetDesktop(), frame.Recent()) {
     setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(AppIcon());
     setWidget(m_view);
     RefreshTitle();
 }

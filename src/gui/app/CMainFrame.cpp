@@ -123,7 +123,7 @@ void CMainFrame::CreateMenuSets() {
 
 void CMainFrame::RestorePlacement() {
     SettingsSession settings = m_settings.Open();
-    resize(1024, 720);
+    PlaceAsFirstStart();
     if (!settings.IsOpen())
         return;
     const auto left = settings.Find(setting::FrameLeft), top = settings.Find(setting::FrameTop);
@@ -138,6 +138,16 @@ void CMainFrame::RestorePlacement() {
     statusBar()->setHidden(settings.Find(setting::StatusBarShown) == 0);
     m_state.noteToolbar = settings.Find(setting::NoteToolbarShown) != 0;
     m_wasMaximized = settings.Get(setting::FrameMaximized) == 1;
+}
+
+void CMainFrame::PlaceAsFirstStart() {
+    const QScreen* screen = this->screen();
+    if (!screen)
+        return;
+    const QRect available = screen->availableGeometry();
+    QRect frame(QPoint(0, 0), available.size() * 0.85);
+    frame.moveCenter(available.center());
+    setGeometry(frame);
 }
 
 void CMainFrame::SavePlacement() {

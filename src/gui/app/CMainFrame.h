@@ -81,6 +81,8 @@ private:
     void CreateBars();
     void CreateMenuSets();
     void RestorePlacement();
+    // Without a stored placement the frame takes most of the screen, centred.
+    void PlaceAsFirstStart();
     void ShowMenuSet();
     void ShowToolbar(MenuSet set);
     void SwitchMode(bool mindMap);
