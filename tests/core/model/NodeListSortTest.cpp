@@ -109,12 +109,11 @@ TEST(NodeListSort, LargeSiblingGroupsStayStable) {
     std::mt19937 rng(5);
     std::vector<NodeSpec> siblings;
     for (int i = 0; i < 300; ++i)
-        siblings.push_back(
-            {1, "s" + std::to_string(i), 0, std::uniform_int_distribution<uint32_t>(1, 3)(rng)});
+        siblings.push_back({1, std::to_string(i), 0, std::uniform_int_distribution<uint32_t>(1, 3)(rng)});
     std::vector<NodeSpec> specs{{0, "R"}};
     for (const NodeSpec& sibling : siblings) {
         specs.push_back(sibling);
-        specs.push_back({2, "c" + sibling.title.substr(1), 0, 0});
+        specs.push_back({2, sibling.title + "c", 0, 0});
     }
     for (bool ascending : {false, true}) {
         TestTree tree(specs);
@@ -125,7 +124,7 @@ TEST(NodeListSort, LargeSiblingGroupsStayStable) {
         });
         std::string outline = "0:R";
         for (const NodeSpec& sibling : expected)
-            outline += " 1:" + sibling.title + " 2:c" + sibling.title.substr(1);
+            outline.append(" 1:").append(sibling.title).append(" 2:").append(sibling.title).append("c");
         EXPECT_EQ(Outline(tree.first), outline);
     }
 }

@@ -57,8 +57,11 @@ public:
 // "level:title" of every node in list order, e.g. "0:R 1:A 2:a".
 inline std::string Outline(const CProjectNode* first) {
     std::string out;
-    for (const CProjectNode* p = first; p; p = p->m_pNext)
-        out += (out.empty() ? "" : " ") + std::to_string(p->m_nLevel) + ":" + p->m_strTitle;
+    for (const CProjectNode* p = first; p; p = p->m_pNext) {
+        if (!out.empty())
+            out += ' ';
+        out.append(std::to_string(p->m_nLevel)).append(":").append(p->m_strTitle);
+    }
     return out;
 }
 
@@ -66,8 +69,11 @@ inline std::string Outline(const CProjectNode* first) {
 inline std::string Flagged(const CProjectNode* first, int CProjectNode::*flag) {
     std::string out;
     for (const CProjectNode* p = first; p; p = p->m_pNext) {
-        if (p->*flag)
-            out += (out.empty() ? "" : " ") + p->m_strTitle;
+        if (!(p->*flag))
+            continue;
+        if (!out.empty())
+            out += ' ';
+        out += p->m_strTitle;
     }
     return out;
 }
