@@ -173,6 +173,7 @@ void CGrafik::ZeichneAllesNeu() {
         QPainter painter(&m_buffer);
         RenderTimeline(painter, size());
     }
+    SyncRowScrollBar();
     update();
 }
 
@@ -264,15 +265,14 @@ void CGrafik::OnVScroll(int code, int thumbPosition) {
     default:
         break;
     }
-    RefreshRows();
-    const int last = std::max(0, m_rows.Count() - 1);
-    m_firstRow = std::clamp(m_firstRow, 0, last);
-    {
-        const QSignalBlocker block(m_rowScroll);
-        m_rowScroll->setRange(0, last);
-        m_rowScroll->setValue(m_firstRow);
-    }
+    // The clamp and the scroll bar's range and position follow in the redraw.
     ZeichneAllesNeu();
+}
+
+void CGrafik::SyncRowScrollBar() {
+    const QSignalBlocker block(m_rowScroll);
+    m_rowScroll->setRange(0, std::max(0, m_rows.Count() - 1));
+    m_rowScroll->setValue(m_firstRow);
 }
 
 void CGrafik::OnJumpToToday() {

@@ -120,6 +120,7 @@ private:
     void RefreshRows();
     int Today() const;
     void PlaceChildren(const ChartLayout& layout);
+    void SyncRowScrollBar();
     void ShowChartControls();
     void Tell(const char* text);
 
