@@ -15,7 +15,8 @@ struct CHoliday {
 };
 
 // Parses the file's bytes. An entry cut short by the end of the file is dropped, as is the last
-// entry of a file whose last token has no separator after it.
+// entry of a file whose last token has no separator after it. A value that is not a number where
+// one belongs ends the list there. Any yearly text but "JA" reads as not yearly.
 std::vector<CHoliday> ParseHolidays(std::string_view bytes);
 // The file's bytes for these entries, in the given order.
 std::string FormatHolidays(const std::vector<CHoliday>& entries);
