@@ -1,7 +1,7 @@
 #include "text/RtfKeywords.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <utility>
 
 namespace rtf {
@@ -13,156 +13,29 @@ using Entry = std::pair<std::string_view, Keyword>;
 // definitions, pictures and objects, page furniture, notes and comments, and the fallbacks that a reader
 // of the newer forms ignores (pictures, nested-table fallback text, and list labels, which the rich-edit
 // control numbers itself).
-constexpr auto kSkipped = std::to_array<std::string_view>({
-    "aftncn",
-    "aftnsep",
-    "aftnsepc",
-    "annotation",
-    "atnauthor",
-    "atndate",
-    "atnicn",
-    "atnid",
-    "atnparent",
-    "atnref",
-    "atntime",
-    "atrfend",
-    "atrfstart",
-    "author",
-    "background",
-    "bkmkend",
-    "bkmkstart",
-    "buptim",
-    "category",
-    "colorschememapping",
-    "comment",
-    "company",
-    "creatim",
-    "datafield",
-    "datastore",
-    "do",
-    "doccomm",
-    "docvar",
-    "factoidname",
-    "falt",
-    "fchars",
-    "ffdeftext",
-    "ffentrymcr",
-    "ffexitmcr",
-    "ffformat",
-    "ffhelptext",
-    "ffl",
-    "ffname",
-    "ffstattext",
-    "filetbl",
-    "fldtype",
-    "fname",
-    "fontemb",
-    "fontfile",
-    "footer",
-    "footerf",
-    "footerl",
-    "footerr",
-    "footnote",
-    "formfield",
-    "ftncn",
-    "ftnsep",
-    "ftnsepc",
-    "generator",
-    "gridtbl",
-    "header",
-    "headerf",
-    "headerl",
-    "headerr",
-    "hl",
-    "hlfr",
-    "hlinkbase",
-    "hlloc",
-    "hlsrc",
-    "hsv",
-    "htmltag",
-    "info",
-    "ipgp",
-    "keywords",
-    "latentstyles",
-    "lchars",
-    "levelnumbers",
-    "leveltext",
-    "lfolevel",
-    "list",
-    "listlevel",
-    "listname",
-    "listoverride",
-    "listoverridetable",
-    "listpicture",
-    "listtable",
-    "listtext",
-    "manager",
-    "mhtmltag",
-    "mmathPict",
-    "mmathPr",
-    "nonesttables",
-    "nonshppict",
-    "objalias",
-    "objdata",
-    "object",
-    "objname",
-    "objsect",
-    "objtime",
-    "oleclsid",
-    "operator",
-    "panose",
-    "password",
-    "passwordhash",
-    "pgdsctbl",
-    "pgp",
-    "pgptbl",
-    "picprop",
-    "pict",
-    "pn",
-    "pnseclvl",
-    "pntext",
-    "pntxta",
-    "pntxtb",
-    "printim",
-    "private",
-    "propname",
-    "protend",
-    "protstart",
-    "protusertbl",
-    "revtbl",
-    "revtim",
-    "rsidtbl",
-    "rxe",
-    "shp",
-    "shpinst",
-    "shprslt",
-    "shptxt",
-    "sn",
-    "sp",
-    "stylesheet",
-    "subject",
-    "sv",
-    "svb",
-    "tc",
-    "template",
-    "themedata",
-    "title",
-    "txe",
-    "userprops",
-    "wgrffmtfilter",
-    "windowcaption",
-    "writereservation",
-    "writereservhash",
-    "xe",
-    "xform",
-    "xmlattrname",
-    "xmlattrvalue",
-    "xmlclose",
-    "xmlnstbl",
-    "xmlopen",
-});
+// clang-format off
+constexpr std::string_view kSkipped[] = {
+    "aftncn", "aftnsep", "aftnsepc", "annotation", "atnauthor", "atndate", "atnicn", "atnid", "atnparent",
+    "atnref", "atntime", "atrfend", "atrfstart", "author", "background", "bkmkend", "bkmkstart", "buptim",
+    "category", "colorschememapping", "comment", "company", "creatim", "datafield", "datastore", "do",
+    "doccomm", "docvar", "factoidname", "falt", "fchars", "ffdeftext", "ffentrymcr", "ffexitmcr", "ffformat",
+    "ffhelptext", "ffl", "ffname", "ffstattext", "filetbl", "fldtype", "fname", "fontemb", "fontfile",
+    "footer", "footerf", "footerl", "footerr", "footnote", "formfield", "ftncn", "ftnsep", "ftnsepc",
+    "generator", "gridtbl", "header", "headerf", "headerl", "headerr", "hlinkbase", "hlloc",
+    "hlsrc", "hsv", "htmltag", "info", "ipgp", "keywords", "latentstyles", "lchars", "levelnumbers",
+    "leveltext", "lfolevel", "list", "listlevel", "listname", "listoverride", "listoverridetable",
+    "listpicture", "listtable", "listtext", "manager", "mhtmltag", "mmathPict", "mmathPr", "nonesttables",
+    "nonshppict", "objalias", "objdata", "object", "objname", "objsect", "objtime", "oleclsid", "operator",
+    "panose", "password", "passwordhash", "pgdsctbl", "pgp", "pgptbl", "picprop", "pict", "pn", "pnseclvl",
+    "pntext", "pntxta", "pntxtb", "printim", "private", "propname", "protend", "protstart", "protusertbl",
+    "revtbl", "revtim", "rsidtbl", "rxe", "shp", "shpinst", "shprslt", "shptxt", "sn", "sp", "stylesheet",
+    "subject", "sv", "svb", "tc", "template", "themedata", "title", "txe", "userprops", "wgrffmtfilter",
+    "windowcaption", "writereservation", "writereservhash", "xe", "xform", "xmlattrname", "xmlattrvalue",
+    "xmlclose", "xmlnstbl", "xmlopen",
+};
+// clang-format on
 
-constexpr auto kKeywords = std::to_array<Entry>({
+constexpr Entry kKeywords[] = {
     {"ansi", Keyword::Ansi},
     {"ansicpg", Keyword::AnsiCodePage},
     {"b", Keyword::Bold},
@@ -243,10 +116,10 @@ constexpr auto kKeywords = std::to_array<Entry>({
     {"upr", Keyword::UnicodePair},
     {"zwj", Keyword::ZeroWidthJoiner},
     {"zwnj", Keyword::ZeroWidthNonJoiner},
-});
+};
 
 template <typename Table, typename Key> constexpr bool IsSorted(const Table& table, Key key) {
-    return std::is_sorted(table.begin(), table.end(),
+    return std::is_sorted(std::begin(table), std::end(table),
                           [key](const auto& a, const auto& b) { return key(a) < key(b); });
 }
 static_assert(IsSorted(kKeywords, [](const Entry& e) { return e.first; }));
@@ -256,11 +129,11 @@ static_assert(IsSorted(kSkipped, [](std::string_view s) { return s; }));
 
 Keyword LookUpKeyword(std::string_view word) {
     const auto found =
-        std::lower_bound(kKeywords.begin(), kKeywords.end(), word,
+        std::lower_bound(std::begin(kKeywords), std::end(kKeywords), word,
                          [](const Entry& entry, std::string_view w) { return entry.first < w; });
-    if (found != kKeywords.end() && found->first == word)
+    if (found != std::end(kKeywords) && found->first == word)
         return found->second;
-    if (std::binary_search(kSkipped.begin(), kSkipped.end(), word))
+    if (std::binary_search(std::begin(kSkipped), std::end(kSkipped), word))
         return Keyword::Skipped;
     return Keyword::Unknown;
 }
