@@ -41,10 +41,6 @@ void UnlinkRun(CProjectNode* from, CProjectNode* last) {
     last->m_pNext = nullptr;
 }
 
-std::string ToUtf8(const std::string& bytes) {
-    return cp1252::ToUtf8(bytes);
-}
-
 void SetProjectNodesExpanded(CProjectNode* first, int expanded) {
     for (CProjectNode* p = first; p; p = p->m_pNext) {
         if (p->m_nKind == KIND_PROJECT)
@@ -159,7 +155,7 @@ CProjectNode* CreateChildNode(CProjectNode* first, const std::string& defaultNot
     if (!parent)
         return nullptr;
     if (parent->m_nKind != KIND_PROJECT) {
-        prompter.Tell("Neue Knoten sind nur unter Projektknoten möglich.", ToUtf8(parent->m_strTitle),
+        prompter.Tell("Neue Knoten sind nur unter Projektknoten möglich.", cp1252::ToUtf8(parent->m_strTitle),
                       PromptIcon::Warning);
         return nullptr;
     }
@@ -189,7 +185,7 @@ bool DeleteCurrentNode(CProjectNode* first, Prompter& prompter, const std::funct
         prompter.Tell("Erster Knoten kann nicht gelöscht werden!", Prompter::kCaption, PromptIcon::Warning);
         return false;
     }
-    const std::string title = ToUtf8(node->m_strTitle);
+    const std::string title = cp1252::ToUtf8(node->m_strTitle);
     const std::string question =
         HasChildren(node) ? "Möchten Sie den Knoten '" + title + "' inkl. aller Unterknoten löschen?"
                           : "Möchten Sie den Knoten '" + title + "' löschen?";
@@ -229,7 +225,9 @@ void SpliceChainBefore(CProjectNode*& first, CProjectNode* target, CProjectNode*
 // an enclosing group) or are disjoint, so every group can be sorted on its own: the step-by-step
 // sort the program always had moves the first later sibling with a strictly better key in front of
 // the current node and restarts, which is an insertion of strictly better keys only, hence a
-// stable sort of each group, and it reaches the same order.
+// stable sort of each group, and it reaches the same order. Groups are defined by level alone, so
+// this holds for malformed lists as well (several level-0 nodes, level jumps, negative levels):
+// there the two sorts agree too, and both end.
 namespace {
 
 // Everything the sort needs, by position, gathered in one walk so that the passes below read
