@@ -148,7 +148,8 @@ public:
     explicit ArchiveReader(std::span<const uint8_t> bytes)
         : m_data(bytes.data()), m_have(bytes.size()), m_total(bytes.size()) {}
     ArchiveReader(uint64_t fileSize, const ProjectSource& source)
-        : m_source(&source), m_window(kWindowSize), m_data(m_window.data()), m_total(fileSize) {}
+        : m_source(&source), m_window(size_t(std::min<uint64_t>(kWindowSize, fileSize))),
+          m_data(m_window.data()), m_total(fileSize) {}
 
     Place place;
 
