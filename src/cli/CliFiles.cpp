@@ -85,15 +85,16 @@ bool ReadWholeFile(const std::string& path, std::vector<uint8_t>& bytes, std::st
     return true;
 }
 
-bool WriteFileSafely(const std::string& path, std::span<const uint8_t> bytes, std::string& error) {
+bool WriteFileSafely(const std::string& path, const FileWriter& writer, std::string& error) {
     const std::string temporary = path + ".tmp" + std::to_string(getpid());
     const int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (fd < 0) {
         error = FileError("geschrieben", path, errno);
         return false;
     }
-    bool ok = WriteAll(fd, bytes) && fsync(fd) == 0;
-    int failure = errno;
+    errno = 0;
+    bool ok = writer([fd](std::span<const uint8_t> piece) { return WriteAll(fd, piece); }) && fsync(fd) == 0;
+    int failure = errno ? errno : EIO;
     if (close(fd) != 0 && ok) {
         ok = false;
         failure = errno;

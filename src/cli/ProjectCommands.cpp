@@ -36,7 +36,11 @@ int LoadProject(const std::string& path, ProjectContent& content, ReadResult& re
 
 int Save(const ProjectContent& content, const std::string& path, std::ostream& err) {
     std::string error;
-    if (!WriteFileSafely(path, WriteProject(content), error)) {
+    const auto writer = [&content](const ProjectSink& sink) {
+        return WriteProject(content.view, content.assigneeHistory, content.remarkHistory, content.firstNode,
+                            sink);
+    };
+    if (!WriteFileSafely(path, writer, error)) {
         err << error << '\n';
         return kExitFileError;
     }
