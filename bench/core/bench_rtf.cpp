@@ -109,7 +109,7 @@ void BM_RtfWrite_GeneratedNote1MB(benchmark::State& state) {
     state.SetBytesProcessed(static_cast<int64_t>(bytes));
 }
 
-// One search pass over a project of 100,000 nodes with typical notes (about 700 bytes each): taking
+// One search pass over a project of 100,000 nodes with typical notes (about 500 bytes each): taking
 // every note's plain text, cold (parsing all) and through a warm cache (hashing all).
 const std::vector<std::string>& HundredThousandNotes() {
     static const std::vector<std::string> notes = [] {
