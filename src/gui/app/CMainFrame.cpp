@@ -90,8 +90,10 @@ CMainFrame::CMainFrame(Desktop& desktop, SettingsStore& settings, RecentFileList
 }
 
 CMainFrame::~CMainFrame() {
-    // The project windows go before the router and the actions they are routed through.
+    // The project windows go before the router and the actions they are routed through, and the MDI
+    // area must not report activations to a frame that is half gone.
     m_idle.stop();
+    m_mdi->disconnect(this);
     for (CChildFrame* child : Children())
         delete child;
 }

@@ -36,6 +36,9 @@ std::optional<QString> SettingsSession::Find(const TextSetting& key) const {
     if (!m_settings)
         return std::nullopt;
     const QVariant value = m_settings->value(key.name);
+    // An unquoted text with commas, edited by hand, reads as a list: its parts are joined again.
+    if (value.typeId() == QMetaType::QStringList)
+        return value.toStringList().join(QStringLiteral(", "));
     if (!value.isValid() || !value.canConvert<QString>())
         return std::nullopt;
     return value.toString();

@@ -311,6 +311,12 @@ TEST_F(MainFrame, ARecentFileIsOpenedFromTheMenuAndDroppedWhenItIsGone) {
     EXPECT_TRUE(frame.Action(cmd::FileMru1 + 1)->isEnabled());
     EXPECT_FALSE(frame.Action(cmd::FileMru1 + 2)->isEnabled());
 
+    QMenu* fileMenu = frame.menuBar()->actions().first()->menu();
+    emit fileMenu->aboutToShow();
+    EXPECT_EQ(frame.Action(cmd::FileMru1)->text(), "&1 " + QDir::toNativeSeparators(gone));
+    EXPECT_TRUE(frame.Action(cmd::FileMru1 + 1)->isVisible());
+    EXPECT_FALSE(frame.Action(cmd::FileMru1 + 2)->isVisible());
+
     frame.Router().Execute(cmd::FileMru1); // the newest: gone
     EXPECT_EQ(recent->Files(), QStringList({kept}));
     frame.Router().Execute(cmd::FileMru1);

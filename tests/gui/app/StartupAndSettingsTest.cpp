@@ -6,6 +6,8 @@
 #include "app/CommandIds.h"
 #include "view/CVeltoView.h"
 
+#include <QFileInfo>
+
 using Startup = ShellTest;
 
 TEST_F(Startup, EverySettingReadsItsDefaultWhenMissingAndItsValueWhenStored) {
@@ -35,6 +37,15 @@ TEST_F(Startup, ANumberStoredAsTextCountsAsMissing) {
     QSettings("kolvarin", "Velto5").setValue("SchriftGroesse", "zwoelf");
     EXPECT_EQ(settings.Open().Find(setting::NoteFontSize), std::nullopt);
     EXPECT_EQ(settings.Open().Get(setting::NoteFontSize), 12);
+}
+
+TEST_F(Startup, AHandEditedTextWithCommasReadsAsWritten) {
+    QFile conf(m_dir.filePath("config/kolvarin/Velto5.conf"));
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(conf).absolutePath()));
+    ASSERT_TRUE(conf.open(QIODevice::WriteOnly));
+    conf.write("[General]\nDatei1=/daten/Projekte, alt/Plan.VT5\n");
+    conf.close();
+    EXPECT_EQ(settings.Open().Get(setting::StartFile1), "/daten/Projekte, alt/Plan.VT5");
 }
 
 TEST_F(Startup, TheStartFilesOpenFirstThenTheCommandLine) {
