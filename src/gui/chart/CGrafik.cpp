@@ -160,9 +160,13 @@ void CGrafik::Tell(const char* text) {
 void CGrafik::ZeichneAllesNeu() {
     ShowChartControls();
     PlaceChildren(Layout());
-    const QSize target = size().expandedTo(QSize(1, 1));
-    if (m_buffer.size() != target)
+    // On a high-density screen the buffer holds device pixels, so the copy stays sharp.
+    const qreal ratio = devicePixelRatioF();
+    const QSize target = size().expandedTo(QSize(1, 1)) * ratio;
+    if (m_buffer.size() != target) {
         m_buffer = QPixmap(target);
+        m_buffer.setDevicePixelRatio(ratio);
+    }
     if (!First()) {
         m_buffer.fill(Qt::white);
         if (m_doc)

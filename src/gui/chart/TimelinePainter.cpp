@@ -187,7 +187,7 @@ void TimelinePainter::PaintRow(const CProjectNode& node, int rowTop) {
 void TimelinePainter::PaintRowText(const CProjectNode& node, int rowTop) {
     const ChartLayout& l = m_s.layout;
     const int x = l.TextX(node.m_nLevel);
-    const int right = std::min(l.TextRight(), l.VerticalDividerX() - 1);
+    const int right = l.TextRight();
     if (right <= x)
         return;
     const std::string text = ChartRowText(node, m_s.options.datePrefix, m_s.options.showResponsible);
