@@ -23,7 +23,7 @@ CChildFrame::~CChildFrame() {
 }
 
 void CChildFrame::RefreshTitle() {
-    setWindowTitle(FromUtf8(m_doc->GetTitle()) + QStringLiteral("[*]"));
+    setWindowTitle(FromCoreText(m_doc->GetTitle()) + QStringLiteral("[*]"));
     setWindowModified(m_doc->IsModified());
 }
 

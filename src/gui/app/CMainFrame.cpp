@@ -362,7 +362,7 @@ CChildFrame* CMainFrame::OpenDocumentFile(const QString& path) {
 CChildFrame* CMainFrame::FindDocument(const QString& fileKey) const {
     for (CChildFrame* child : Children()) {
         const std::string& path = child->GetDocument().GetPathName();
-        if (!path.empty() && FileKey(FromUtf8(path)) == fileKey)
+        if (!path.empty() && FileKey(FromCorePath(path)) == fileKey)
             return child;
     }
     return nullptr;

@@ -31,14 +31,15 @@ bool DocumentCommands::OnCommand(int id) {
 }
 
 bool DocumentCommands::Save() {
-    const QString path = FromUtf8(m_child.GetDocument().GetPathName());
+    const QString path = FromCorePath(m_child.GetDocument().GetPathName());
     return path.isEmpty() ? SaveAs() : SaveTo(path);
 }
 
 bool DocumentCommands::SaveAs() {
     CVeltoDoc& doc = m_child.GetDocument();
-    const QString current = FromUtf8(doc.GetPathName());
-    const QString suggestion = current.isEmpty() ? WithProjectExtension(FromUtf8(doc.GetTitle())) : current;
+    const QString current = FromCorePath(doc.GetPathName());
+    const QString suggestion =
+        current.isEmpty() ? WithProjectExtension(FromCoreText(doc.GetTitle())) : current;
     const QString chosen = m_desktop.ChooseFileToSave(&m_child, suggestion);
     if (chosen.isEmpty())
         return false;

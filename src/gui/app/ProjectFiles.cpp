@@ -25,6 +25,10 @@ std::string ToCorePath(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 
-QString FromUtf8(const std::string& text) {
+QString FromCorePath(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+QString FromCoreText(const std::string& text) {
     return QString::fromStdString(text);
 }

@@ -13,4 +13,6 @@ QString WithProjectExtension(const QString& path);
 QString FileKey(const QString& path);
 
 std::string ToCorePath(const QString& path);
-QString FromUtf8(const std::string& text);
+QString FromCorePath(const std::string& path);
+// Titles and messages of the core are UTF-8.
+QString FromCoreText(const std::string& text);
