@@ -51,17 +51,6 @@ void Tell(Desktop& desktop, const QString& text) {
     desktop.GetPrompter().Tell(text.toStdString(), Prompter::kCaption, PromptIcon::Warning);
 }
 
-// A new project window: four fifths of the area, each one a step further down and right, inside the area.
-QRect CascadedChildRect(const QSize& area, int index) {
-    constexpr int kStep = 24;
-    const QSize size(std::clamp(area.width() * 4 / 5, 320, 1000),
-                     std::clamp(area.height() * 4 / 5, 240, 700));
-    const int stepsRight = std::max(1, (area.width() - size.width()) / kStep + 1);
-    const int stepsDown = std::max(1, (area.height() - size.height()) / kStep + 1);
-    const int step = std::max(0, index) % std::min(stepsRight, stepsDown);
-    return QRect(QPoint(step * kStep, step * kStep), size);
-}
-
 bool IsRecentFileCommand(int id) {
     return id >= cmd::FileMru1 && id < cmd::FileMru1 + cmd::RecentFileCount;
 }
@@ -387,7 +376,7 @@ CChildFrame* CMainFrame::AddChild(std::unique_ptr<CVeltoDoc> doc, bool fromFile)
     const QSize screenSize = screen() ? screen()->size() : QSize(800, 600);
     const bool placed = fromFile && child->ApplyViewValues(child->GetDocument().m_view, area, screenSize);
     if (!placed)
-        child->setGeometry(CascadedChildRect(area, int(Children().size()) - 1));
+        child->setGeometry(NewChildWindowPlacement(area, int(Children().size()) - 1));
     if (!child->isMaximized())
         child->show();
     m_mdi->setActiveSubWindow(child);

@@ -1,10 +1,13 @@
 #include "app/WindowPlacement.h"
 
+#include <algorithm>
+
 namespace {
 enum { Left, Top, Right, Bottom };
 // Smaller than this a project window shows neither its title nor its rows.
 constexpr int kMinChildWidth = 120;
 constexpr int kMinChildHeight = 80;
+constexpr int kCascadeStep = 24;
 } // namespace
 
 StoredRect ToStoredRect(const QRect& rect) {
@@ -49,4 +52,13 @@ std::optional<QRect> ChildWindowPlacement(const StoredRect& stored, const QSize&
     if (width < kMinChildWidth || height < kMinChildHeight || width > INT32_MAX || height > INT32_MAX)
         return std::nullopt;
     return QRect(int(left), int(top), int(width), int(height));
+}
+
+QRect NewChildWindowPlacement(const QSize& mdiArea, int index) {
+    const QSize size(std::clamp(mdiArea.width() * 4 / 5, 320, 1000),
+                     std::clamp(mdiArea.height() * 4 / 5, 240, 700));
+    const int stepsRight = std::max(1, (mdiArea.width() - size.width()) / kCascadeStep + 1);
+    const int stepsDown = std::max(1, (mdiArea.height() - size.height()) / kCascadeStep + 1);
+    const int step = std::max(0, index) % std::min(stepsRight, stepsDown);
+    return QRect(QPoint(step * kCascadeStep, step * kCascadeStep), size);
 }

@@ -26,3 +26,7 @@ QRect MainFramePlacement(const std::optional<StoredRect>& stored, const QRect& v
 // then places the window as a new one.
 std::optional<QRect> ChildWindowPlacement(const StoredRect& stored, const QSize& mdiArea,
                                           const QSize& screen);
+
+// A new project window (or one whose file holds no usable rectangle): four fifths of the MDI area,
+// the index-th window a step further down and right, starting over before it would leave the area.
+QRect NewChildWindowPlacement(const QSize& mdiArea, int index);

@@ -55,6 +55,20 @@ TEST(ChildWindowPlacement, UnusableRectanglesAreLeftToTheCaller) {
               std::nullopt);
 }
 
+TEST(NewChildWindowPlacement, NewWindowsCascadeAndStayInsideTheArea) {
+    EXPECT_EQ(NewChildWindowPlacement(QSize(1000, 700), 0), QRect(0, 0, 800, 560));
+    EXPECT_EQ(NewChildWindowPlacement(QSize(1000, 700), 1), QRect(24, 24, 800, 560));
+    for (const QSize area : {QSize(1000, 700), QSize(1920, 1000), QSize(500, 400), QSize(330, 250)}) {
+        for (int index = 0; index < 40; ++index) {
+            const QRect rect = NewChildWindowPlacement(area, index);
+            EXPECT_TRUE(QRect(QPoint(0, 0), area).contains(rect))
+                << area.width() << "x" << area.height() << " #" << index;
+        }
+    }
+    // A tiny area: the window keeps a usable size at the origin rather than shrinking to nothing.
+    EXPECT_EQ(NewChildWindowPlacement(QSize(100, 50), 3), QRect(0, 0, 320, 240));
+}
+
 TEST(StoredRect, RightAndBottomAreOnePastTheLastPixel) {
     const QRect rect(5, 6, 100, 50);
     EXPECT_EQ(ToStoredRect(rect), (StoredRect{5, 6, 105, 56}));
