@@ -304,7 +304,11 @@ QIcon CommandIcon(const CommandInfo& command) {
 }
 
 QIcon AppIcon() {
-    // The resources of a static library must be registered by hand.
-    Q_INIT_RESOURCE(velto);
+    // The resources of a static library must be registered by hand, once.
+    static const bool registered = [] {
+        Q_INIT_RESOURCE(velto);
+        return true;
+    }();
+    Q_UNUSED(registered);
     return QIcon(QStringLiteral(":/velto.png"));
 }
