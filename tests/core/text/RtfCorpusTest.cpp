@@ -68,9 +68,18 @@ bool IsRichEditOutput(const std::string& rtf) {
             rtf.find("\\*\\generator Riched20") != std::string::npos);
 }
 
+// Builds a new string rather than replacing in place: g++ 12 warns falsely (-Wrestrict) about
+// std::string::replace with short literals.
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
-    for (size_t pos = 0; (pos = text.find(from, pos)) != std::string::npos; pos += to.size())
-        text.replace(pos, from.size(), to);
+    std::string out;
+    out.reserve(text.size());
+    size_t start = 0;
+    for (size_t pos; (pos = text.find(from, start)) != std::string::npos; start = pos + from.size()) {
+        out.append(text, start, pos - start);
+        out.append(to);
+    }
+    out.append(text, start);
+    text = std::move(out);
 }
 
 // A list label as the other program writes it: four blanks, a bullet or a number with '.' or ')', a
