@@ -14,5 +14,5 @@ deps:
 	@bash scripts/install-deps.sh
 
 build: deps
-	@cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >/dev/null
+	@cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELTO_BUILD_GUI=ON -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >/dev/null
 	@cmake --build $(BUILD_DIR) -j $(JOBS)

@@ -619,5 +619,5 @@ void CGrafik::OnEditPaste() {
 
 void CGrafik::PublishOutline(const CProjectNode* chain) {
     if (QClipboard* system = QGuiApplication::clipboard())
-        system->setText(ChartQString(OutlineText(chain)));
+        system->setText(ToQString(OutlineText(chain)));
 }

@@ -38,11 +38,3 @@ std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool show
     }
     return text + node.m_strTitle;
 }
-
-QString ChartQString(std::string_view cp1252Bytes) {
-    QString text;
-    text.reserve(qsizetype(cp1252Bytes.size()));
-    for (const char byte : cp1252Bytes)
-        text += QChar(char16_t(cp1252::ToUnicode(static_cast<unsigned char>(byte))));
-    return text;
-}

@@ -3,6 +3,8 @@
 // to QString at the boundary.
 #include "model/ProjectNode.h"
 
+#include "app/Cp1252Text.h"
+
 #include <QString>
 
 #include <string>
@@ -19,6 +21,3 @@ std::string ChartDatePrefix(const CProjectNode& node, int mode);
 std::string ResponsibleShortCode(const std::string& responsible);
 // The row text: date prefix, then "[short code] " when shown and set, then the title.
 std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool showResponsible);
-
-// Windows-1252 bytes to a QString, lossless for all 256 byte values.
-QString ChartQString(std::string_view cp1252Bytes);

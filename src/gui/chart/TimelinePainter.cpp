@@ -35,7 +35,7 @@ QFont ChartFont(int cellHeight, QFont::Weight weight = QFont::Normal) {
 }
 
 QFont RowFont(const CProjectNode& node, int fontSize) {
-    QFont font(ChartQString(node.m_strFontName));
+    QFont font(ToQString(node.m_strFontName));
     font.setPixelSize(EmPixels(fontSize));
     font.setWeight(node.m_bBold ? QFont::Black : QFont::Normal);
     font.setItalic(node.m_bItalic != 0);
@@ -194,7 +194,7 @@ void TimelinePainter::PaintRowText(const CProjectNode& node, int rowTop) {
     m_p.setFont(RowFont(node, l.FontSize()));
     m_p.setPen(ColorFromColorRef(node.m_crColor));
     m_p.drawText(QRect(x, rowTop, right - x, l.FontSize()),
-                 Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, ChartQString(text));
+                 Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, ToQString(text));
 }
 
 void TimelinePainter::PaintMarker(const CProjectNode& node, int rowTop) {
