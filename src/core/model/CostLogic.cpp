@@ -55,7 +55,8 @@ void RegenerateAutomaticEntries(CProjectNode& node, std::string_view plannedText
                                 std::string_view rateText, CTime now) {
     const float rate = ReadFloat(rateText);
     BookHours(node.m_pCosts, rate, ReadFloat(plannedText), "Kalkulierte Stunden", now);
-    BookHours(node.m_pCosts2, rate, ReadFloat(neededText), "Benötigte Stunden", now);
+    // Model texts are Windows-1252: 0xF6 is the "ö".
+    BookHours(node.m_pCosts2, rate, ReadFloat(neededText), "Ben\xF6tigte Stunden", now);
 }
 
 std::string NormaliseCostText(std::string text) {

@@ -31,7 +31,7 @@ TEST(CostAutomatic, HoursAreBookedAsAnExpenseAtTheRate) {
     EXPECT_EQ(node.m_pCosts->m_timeDate, kNow);
     ASSERT_NE(node.m_pCosts2, nullptr);
     EXPECT_FLOAT_EQ(node.m_pCosts2->m_fAmount, -125.0f);
-    EXPECT_EQ(node.m_pCosts2->m_str2, "Benötigte Stunden");
+    EXPECT_EQ(node.m_pCosts2->m_str2, "Ben\xF6tigte Stunden") << "model texts are Windows-1252";
     EXPECT_FLOAT_EQ(CostTotal(node.m_pCosts), -400.0f);
     EXPECT_EQ(MakeCostRow(*node.m_pCosts).amount, "-400.00");
 }

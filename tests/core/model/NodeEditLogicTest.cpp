@@ -161,13 +161,13 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsTheListsAndStampsTheChange) {
     auto copy = CopyOf("A");
     FreeHours(copy->m_pHours);
     copy->m_pHours = nullptr;
-    copy->m_strTitle = "Geändert";
+    copy->m_strTitle = "Ge\xE4ndert";
     copy->m_bBold = 1;
     copy->m_timeReminder = CTime(99);
     CommitWorkingCopy(*node, *copy, CTime(1800000000));
     EXPECT_EQ(node->m_pNext, next);
     EXPECT_EQ(node->m_pPrev, prev);
-    EXPECT_EQ(node->m_strTitle, "Geändert");
+    EXPECT_EQ(node->m_strTitle, "Ge\xE4ndert");
     EXPECT_TRUE(node->m_bBold);
     EXPECT_EQ(node->m_timeReminder, CTime(99));
     EXPECT_EQ(node->m_pHours, nullptr);

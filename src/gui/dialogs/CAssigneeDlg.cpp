@@ -1,0 +1,79 @@
+#include "dialogs/CAssigneeDlg.h"
+
+#include "dialogs/DialogParts.h"
+#include "dialogs/DialogText.h"
+#include "document/Prompter.h"
+#include "files/AssigneeFile.h"
+#include "model/HoursLogic.h"
+#include "model/PickListLogic.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+CAssigneeDlg::CAssigneeDlg(std::string presetFile, Prompter& prompter, QWidget* parent)
+    : QDialog(parent), m_presetFile(std::move(presetFile)), m_prompter(prompter), m_list(new QListWidget(this)),
+      m_edit(new QLineEdit(this)) {
+    setWindowTitle("Bearbeiter / Komission");
+    m_list->setObjectName("presets");
+    m_edit->setObjectName("preset");
+    dlgtext::Restrict(m_edit);
+    std::vector<std::string> presets = LoadAssignees(m_presetFile);
+    SortLikeListBox(presets);
+    for (const std::string& preset : presets)
+        m_list->addItem(dlgtext::Show(preset));
+
+    auto* add = new QPushButton("Zu Liste hinzufügen", this);
+    auto* takeBack = new QPushButton("Eintrag editieren / löschen", this);
+    add->setObjectName("add");
+    takeBack->setObjectName("takeBack");
+    add->setAutoDefault(false);
+    takeBack->setAutoDefault(false);
+    connect(add, &QPushButton::clicked, this, &CAssigneeDlg::AddPreset);
+    connect(takeBack, &QPushButton::clicked, this, &CAssigneeDlg::TakeBackPreset);
+
+    auto* layout = new QGridLayout(this);
+    layout->addWidget(new QLabel("Vorbelegung: Bearbeiter / Komission / Bemerkung", this), 0, 0, 1, 2);
+    layout->addWidget(m_edit, 1, 0, 1, 2);
+    layout->addWidget(add, 2, 0);
+    layout->addWidget(takeBack, 2, 1);
+    layout->addWidget(m_list, 3, 0, 1, 2);
+    layout->addWidget(NewButtonRow(this), 4, 0, 1, 2);
+}
+
+std::vector<std::string> CAssigneeDlg::Presets() const {
+    std::vector<std::string> presets;
+    for (int i = 0; i < m_list->count(); ++i)
+        presets.push_back(dlgtext::Keep(m_list->item(i)->text()));
+    return presets;
+}
+
+void CAssigneeDlg::AddPreset() {
+    // No check for duplicates or empty text: the list takes what is typed.
+    const std::string preset = dlgtext::Keep(m_edit->text());
+    m_list->insertItem(int(ListBoxInsertPosition(Presets(), preset)), dlgtext::Show(preset));
+}
+
+void CAssigneeDlg::TakeBackPreset() {
+    QListWidgetItem* item = m_list->currentItem();
+    if (!item || !item->isSelected()) {
+        m_prompter.Tell(kNoEntrySelected, Prompter::kCaption, PromptIcon::None);
+        return;
+    }
+    m_edit->setText(item->text());
+    delete item;
+}
+
+void CAssigneeDlg::accept() {
+    // A failed write would lose the edited list without a word; the dialog stays open instead, so
+    // the user can try again or cancel.
+    if (!SaveAssignees(m_presetFile, Presets())) {
+        m_prompter.Tell("Bearbeiter.dat kann nicht geschrieben werden!", Prompter::kCaption,
+                        PromptIcon::Warning);
+        return;
+    }
+    QDialog::accept();
+}

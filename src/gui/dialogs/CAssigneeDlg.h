@@ -1,0 +1,30 @@
+#pragma once
+// "Bearbeiter / Komission": edits the preset texts of "Bearbeiter.dat" that the entry combo boxes
+// offer. OK writes the file (the old one becomes "Bearbeiter.bak"); "Abbrechen" writes nothing.
+#include <QDialog>
+
+#include <string>
+#include <vector>
+
+class Prompter;
+class QLineEdit;
+class QListWidget;
+
+class CAssigneeDlg : public QDialog {
+    Q_OBJECT
+public:
+    CAssigneeDlg(std::string presetFile, Prompter& prompter, QWidget* parent = nullptr);
+    // The presets in list order (alphabetical).
+    std::vector<std::string> Presets() const;
+
+    void accept() override;
+
+private:
+    void AddPreset();
+    void TakeBackPreset();
+
+    std::string m_presetFile;
+    Prompter& m_prompter;
+    QListWidget* m_list;
+    QLineEdit* m_edit;
+};

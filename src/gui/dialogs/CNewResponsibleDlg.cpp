@@ -1,0 +1,26 @@
+#include "dialogs/CNewResponsibleDlg.h"
+
+#include "dialogs/DialogParts.h"
+#include "dialogs/DialogText.h"
+#include "model/PickListLogic.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+
+CNewResponsibleDlg::CNewResponsibleDlg(QWidget* parent)
+    : QDialog(parent), m_name(new QLineEdit(this)), m_shortCode(new QLineEdit(this)) {
+    setWindowTitle("Neuer Verantwortlicher");
+    m_name->setObjectName("name");
+    m_shortCode->setObjectName("shortCode");
+    dlgtext::Restrict(m_name);
+    dlgtext::Restrict(m_shortCode);
+    auto* form = new QFormLayout(this);
+    form->addRow("Name", m_name);
+    form->addRow("Kurzzeichen", m_shortCode);
+    form->addRow(NewButtonRow(this));
+}
+
+std::string CNewResponsibleDlg::Person() const {
+    return ComposeResponsible(dlgtext::Keep(m_name->text()), dlgtext::Keep(m_shortCode->text()));
+}

@@ -1,0 +1,22 @@
+#pragma once
+// "Verantwortlich": chooses the responsible person of a node from the persons already used in the
+// project, or adds a new one. "--- Keiner ---" stands for nobody.
+#include <QDialog>
+
+#include <string>
+
+class CProjectNode;
+class QListWidget;
+
+class CResponsibleDlg : public QDialog {
+    Q_OBJECT
+public:
+    CResponsibleDlg(const CProjectNode* first, QWidget* parent = nullptr);
+    // The selected person; empty for no selection and for "--- Keiner ---".
+    std::string Person() const;
+
+private:
+    void AddNewPerson();
+
+    QListWidget* m_list;
+};

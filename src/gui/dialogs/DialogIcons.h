@@ -1,0 +1,8 @@
+#pragma once
+// The pictures on the node dialog's owner-drawn buttons: the reminder off and on, and the
+// responsible person. Drawn here so that the program ships no image files for them.
+#include <QIcon>
+
+QIcon ReminderOffIcon();
+QIcon ReminderOnIcon();
+QIcon ResponsibleIcon();

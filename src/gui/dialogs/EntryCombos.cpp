@@ -1,0 +1,42 @@
+#include "dialogs/EntryCombos.h"
+
+#include "dialogs/DialogText.h"
+#include "files/AssigneeFile.h"
+
+#include <QComboBox>
+
+namespace {
+
+void Refill(QComboBox* combo, const std::vector<std::string>& items) {
+    combo->clear();
+    for (const std::string& item : items)
+        combo->addItem(dlgtext::Show(item));
+    combo->clearEditText();
+}
+
+void FillWith(QComboBox* assignee, QComboBox* remark, const EntryChoices& choices) {
+    Refill(assignee, choices.assignee);
+    Refill(remark, choices.remark);
+}
+
+} // namespace
+
+void FillEntryCombos(QComboBox* assignee, QComboBox* remark, const EntryHistories& histories,
+                     const std::string& presetFile) {
+    const bool hasPresets = AssigneeFileHasContent(presetFile);
+    const std::vector<std::string> presets = hasPresets ? LoadAssignees(presetFile) : std::vector<std::string>{};
+    FillWith(assignee, remark, ChooseEntryChoices(hasPresets, presets, histories));
+}
+
+void FillCombosFromHistories(QComboBox* assignee, QComboBox* remark, const EntryHistories& histories) {
+    FillWith(assignee, remark, ChooseEntryChoices(false, {}, histories));
+}
+
+QComboBox* NewEntryCombo(QWidget* parent) {
+    auto* combo = new QComboBox(parent);
+    combo->setEditable(true);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setMinimumWidth(140);
+    dlgtext::Restrict(combo);
+    return combo;
+}

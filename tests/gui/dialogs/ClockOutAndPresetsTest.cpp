@@ -1,0 +1,144 @@
+// Clocking out into an hours entry (also when a document closes with a running clock), the preset
+// file dialog, and what the document gets back from the node dialog.
+#include "dialogs/CAssigneeDlg.h"
+#include "dialogs/CClockOutDlg.h"
+#include "dialogs/CNodeEditDlg.h"
+#include "dialogs/NodeDialogs.h"
+
+#include "document/CVeltoDoc.h"
+#include "files/AssigneeFile.h"
+#include "gui/dialogs/DialogTestSupport.h"
+#include "support/ScriptedPrompter.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTimeEdit>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+struct ClockOutFixture : ::testing::Test {
+    ScriptedPrompter prompter;
+    CVeltoDoc doc{prompter};
+    CProjectNode* task = nullptr;
+
+    void SetUp() override {
+        doc.OnNewDocument();
+        task = doc.m_pFirstNode;
+        task->m_nKind = KIND_TASK;
+        task->m_strTitle = "Montage";
+        task->m_fHoursNeeded = 1.0f;
+        task->m_bClockedIn = 1;
+        task->m_timeClockIn = CTime::GetCurrentTime() - 3600;
+        doc.m_strAssigneeHistory = {"", " ", "Anna"};
+    }
+};
+
+TEST_F(ClockOutFixture, DiscardingStopsTheClockWithoutAnEntry) {
+    OnNextModal<CClockOutDlg>([](CClockOutDlg& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Ausstempeln: Montage");
+        EXPECT_EQ(Find<QComboBox>(dialog, "assignee")->count(), 1) << "no empty text, no lone blank";
+        ClickCancel(dialog); // "Verwerfen"
+    });
+    EXPECT_FALSE(ClockOutNodeOfDocument(nullptr, doc, *task, prompter));
+    EXPECT_FALSE(task->m_bClockedIn);
+    EXPECT_EQ(task->m_pHours, nullptr);
+    EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(ClockOutFixture, AnAcceptedEntryAddsItsHoursAndTheTexts) {
+    OnNextModal<CClockOutDlg>([this](CClockOutDlg& dialog) {
+        Find<QTimeEdit>(dialog, "begin")->setTime(QTime(22, 0));
+        Find<QTimeEdit>(dialog, "end")->setTime(QTime(1, 0));
+        ClickOk(dialog);
+        EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Startzeit größer gleich Endzeit!"});
+        EXPECT_TRUE(dialog.isVisible());
+        Find<QTimeEdit>(dialog, "begin")->setTime(QTime(8, 0));
+        Find<QTimeEdit>(dialog, "end")->setTime(QTime(9, 30));
+        Find<QComboBox>(dialog, "assignee")->setCurrentText("Bert");
+        ClickOk(dialog);
+    });
+    EXPECT_TRUE(ClockOutNodeOfDocument(nullptr, doc, *task, prompter));
+    EXPECT_FLOAT_EQ(task->m_fHoursNeeded, 2.5f) << "added to the stored value";
+    ASSERT_NE(task->m_pHours, nullptr);
+    EXPECT_EQ(task->m_pHours->m_str1, "Bert");
+    EXPECT_EQ(doc.m_strAssigneeHistory[0], "Bert");
+    EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(ClockOutFixture, ClosingWithARunningClockClocksOutAndStaysOpen) {
+    doc.SetClockOutHandler([this](CProjectNode& node) { ClockOutNodeOfDocument(nullptr, doc, node, prompter); });
+    OnNextModal<CClockOutDlg>([](CClockOutDlg& dialog) {
+        Find<QTimeEdit>(dialog, "begin")->setTime(QTime(8, 0));
+        Find<QTimeEdit>(dialog, "end")->setTime(QTime(9, 0));
+        ClickOk(dialog);
+    });
+    EXPECT_FALSE(doc.OnCloseDocument());
+    EXPECT_TRUE(doc.IsModified());
+    EXPECT_NE(task->m_pHours, nullptr);
+}
+
+TEST_F(ClockOutFixture, TheNodeDialogHandsBackHistoriesOnlyOnOk) {
+    doc.m_strRemarkHistory[0] = "alt";
+    OnNextModal<CNodeEditDlg>([](CNodeEditDlg& dialog) {
+        Find<QTimeEdit>(dialog, "entryBegin")->setTime(QTime(8, 0));
+        Find<QTimeEdit>(dialog, "entryEnd")->setTime(QTime(9, 0));
+        Find<QComboBox>(dialog, "entryRemark")->setCurrentText("neu");
+        Find<QPushButton>(dialog, "addEntry")->click();
+        ClickCancel(dialog);
+    });
+    EXPECT_FALSE(EditNodeOfDocument(nullptr, doc, *task, prompter));
+    EXPECT_EQ(doc.m_strRemarkHistory[0], "alt");
+    EXPECT_EQ(doc.m_pBackupFirst, nullptr) << "Cancel takes no undo copy";
+
+    OnNextModal<CNodeEditDlg>([](CNodeEditDlg& dialog) {
+        Find<QComboBox>(dialog, "entryRemark")->setCurrentText("neu");
+        Find<QTimeEdit>(dialog, "entryBegin")->setTime(QTime(8, 0));
+        Find<QTimeEdit>(dialog, "entryEnd")->setTime(QTime(9, 0));
+        Find<QPushButton>(dialog, "addEntry")->click();
+        ClickOk(dialog);
+    });
+    EXPECT_TRUE(EditNodeOfDocument(nullptr, doc, *task, prompter));
+    EXPECT_EQ(doc.m_strRemarkHistory[0], "neu");
+    EXPECT_EQ(doc.m_strRemarkHistory[1], "alt");
+    EXPECT_NE(doc.m_pBackupFirst, nullptr);
+    EXPECT_TRUE(doc.IsModified());
+}
+
+std::string Bytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream out;
+    out << in.rdbuf();
+    return out.str();
+}
+
+TEST(Presets, TwoWordsAreStoredJoinedAndComeBackSorted) {
+    ScratchDir dir;
+    const std::string file = dir.File("Bearbeiter.dat");
+    ASSERT_TRUE(SaveAssignees(file, {"Zeta"}));
+    ScriptedPrompter prompter;
+    CAssigneeDlg dialog(file, prompter);
+    Find<QLineEdit>(dialog, "preset")->setText("Max Muster");
+    Find<QPushButton>(dialog, "add")->click();
+    ClickOk(dialog);
+    EXPECT_EQ(Bytes(file), "Max#~*Muster\rZeta\r");
+    EXPECT_EQ(Bytes(dir.File("Bearbeiter.bak")), "Zeta\r");
+
+    CAssigneeDlg again(file, prompter);
+    QListWidget* list = Find<QListWidget>(again, "presets");
+    ASSERT_EQ(list->count(), 2);
+    EXPECT_EQ(list->item(0)->text(), "Max Muster");
+    Find<QPushButton>(again, "takeBack")->click();
+    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Kein Eintrag ausgewählt!"});
+    list->setCurrentRow(0);
+    Find<QPushButton>(again, "takeBack")->click();
+    EXPECT_EQ(Find<QLineEdit>(again, "preset")->text(), "Max Muster");
+    EXPECT_EQ(list->count(), 1);
+    ClickCancel(again);
+    EXPECT_EQ(Bytes(file), "Max#~*Muster\rZeta\r") << "Cancel writes nothing";
+}
+
+} // namespace

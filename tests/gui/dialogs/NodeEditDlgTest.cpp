@@ -1,0 +1,225 @@
+// "Knoten bearbeiten" driven as a user would: what each kind shows, OK's order of steps and its
+// refusals, Cancel, the step buttons, the done time stamp, text format, reminder and responsible.
+#include "dialogs/CNodeEditDlg.h"
+
+#include "core/model/NodeListTestTree.h"
+#include "dialogs/CNewResponsibleDlg.h"
+#include "dialogs/CReminderDlg.h"
+#include "dialogs/CResponsibleDlg.h"
+#include "dialogs/CTextFormatDlg.h"
+#include "gui/dialogs/DialogTestSupport.h"
+#include "support/ScriptedPrompter.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+
+namespace {
+
+// R is a project with the children T (a task) and P (a childless project).
+struct NodeDialog : ::testing::Test {
+    TestTree tree{{0, "R"}, {1, "T", KIND_TASK}, {1, "P"}};
+    ScratchDir dir;
+    ScriptedPrompter prompter;
+    int undoCopies = 0;
+
+    std::unique_ptr<CNodeEditDlg> Open(const char* title) {
+        NodeEditContext context{tree.first, {}, [this] { ++undoCopies; }, dir.File("Bearbeiter.dat")};
+        auto dialog = std::make_unique<CNodeEditDlg>(*tree[title], context, prompter);
+        dialog->show();
+        return dialog;
+    }
+};
+
+TEST_F(NodeDialog, EachKindShowsItsOwnControls) {
+    auto dialog = Open("T");
+    auto shown = [&](const char* name) { return Find<QWidget>(*dialog, name)->isVisible(); };
+    EXPECT_TRUE(shown("start") && shown("due") && shown("done") && shown("planned") && shown("entries"));
+    const int taskHeight = dialog->height();
+
+    Find<QRadioButton>(*dialog, "kindProject")->click();
+    EXPECT_TRUE(shown("title") && shown("responsible"));
+    EXPECT_FALSE(shown("start") || shown("due") || shown("alarm") || shown("entries"));
+    EXPECT_LT(dialog->height(), taskHeight) << "hidden controls leave no gaps";
+
+    Find<QRadioButton>(*dialog, "kindMilestone")->click();
+    EXPECT_TRUE(shown("due"));
+    EXPECT_FALSE(shown("start") || shown("done") || shown("responsible") || shown("planned"));
+
+    Find<QRadioButton>(*dialog, "kindNote")->click();
+    EXPECT_TRUE(shown("title") && shown("kindNote"));
+    EXPECT_FALSE(shown("due") || shown("responsible") || shown("textFormat"));
+}
+
+TEST_F(NodeDialog, AProjectWithChildrenIsRefusedAfterTheUndoCopyAndStaysAProject) {
+    const std::pair<const char*, const char*> kinds[] = {
+        {"kindTask", "Aufgabe"}, {"kindMilestone", "Meilenstein"}, {"kindNote", "Notiz"}};
+    for (auto [radio, name] : kinds) {
+        auto dialog = Open("R");
+        Find<QLineEdit>(*dialog, "title")->setText("Umbenannt");
+        Find<QRadioButton>(*dialog, radio)->click();
+        ClickOk(*dialog);
+        ASSERT_FALSE(prompter.asked().empty());
+        EXPECT_EQ(prompter.asked().back().caption, "Knoten Wandlung nicht möglich");
+        EXPECT_EQ(prompter.asked().back().text, std::string("Umwandlung in Knotenart ") + name +
+                                                    " nicht möglich, da der Projektknoten Unterknoten besitzt!");
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_TRUE(Find<QRadioButton>(*dialog, "kindProject")->isChecked());
+        EXPECT_EQ(Find<QLineEdit>(*dialog, "title")->text(), "Umbenannt") << "the input stays";
+        EXPECT_EQ(tree["R"]->m_strTitle, "R");
+    }
+    EXPECT_EQ(undoCopies, 3) << "each refused OK has taken its undo copy";
+}
+
+TEST_F(NodeDialog, DatesAreCheckedByDayAndAMilestoneTakesTheDueDay) {
+    auto dialog = Open("T");
+    Find<QDateEdit>(*dialog, "start")->setDate(QDate(2024, 5, 6));
+    Find<QDateEdit>(*dialog, "due")->setDate(QDate(2024, 5, 5));
+    ClickOk(*dialog);
+    ASSERT_EQ(prompter.asked().size(), 1u);
+    EXPECT_EQ(prompter.asked()[0].caption, "Zeiteingaben nicht plausibel");
+    EXPECT_EQ(prompter.asked()[0].text, "Der Zeitpunkt 'Zu Erledigen Bis' muss nach 'Aufgabe starten' liegen!");
+    EXPECT_TRUE(dialog->isVisible());
+
+    Find<QDateEdit>(*dialog, "due")->setDate(QDate(2024, 5, 6));
+    ClickOk(*dialog);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(tree["T"]->m_timeStart.Format("%d.%m.%Y %H:%M:%S"), "06.05.2024 01:00:00");
+    EXPECT_EQ(tree["T"]->m_timeDue.Format("%d.%m.%Y %H:%M:%S"), "06.05.2024 23:59:59");
+
+    auto milestone = Open("T");
+    Find<QRadioButton>(*milestone, "kindMilestone")->click();
+    Find<QDateEdit>(*milestone, "due")->setDate(QDate(2024, 7, 1));
+    ClickOk(*milestone);
+    EXPECT_EQ(tree["T"]->m_nKind, KIND_MILESTONE);
+    EXPECT_EQ(tree["T"]->m_timeStart.Format("%d.%m.%Y %H:%M:%S"), "01.07.2024 01:00:00");
+    EXPECT_EQ(tree["T"]->m_timeDue.Format("%d.%m.%Y %H:%M:%S"), "01.07.2024 23:59:59");
+}
+
+TEST_F(NodeDialog, CancelChangesNothingAndEveryOkStampsTheChange) {
+    CProjectNode& task = *tree["T"];
+    task.m_timeChanged = CTime(1000);
+    auto cancelled = Open("T");
+    Find<QLineEdit>(*cancelled, "title")->setText("Anders");
+    Find<CStepEdit>(*cancelled, "planned")->SetText("5");
+    ClickCancel(*cancelled);
+    EXPECT_EQ(task.m_strTitle, "T");
+    EXPECT_EQ(task.m_pCosts, nullptr) << "not even the automatic cost entries";
+    EXPECT_EQ(task.m_timeChanged, CTime(1000));
+
+    const CTime before = CTime::GetCurrentTime();
+    ClickOk(*Open("T"));
+    EXPECT_GE(task.m_timeChanged, before) << "the stamp moves even when nothing was edited";
+    EXPECT_EQ(undoCopies, 1);
+}
+
+TEST_F(NodeDialog, StepButtonsMoveQuarterAndHalfMarks) {
+    auto dialog = Open("T");
+    CStepEdit* planned = Find<CStepEdit>(*dialog, "planned");
+    const std::tuple<const char*, bool, const char*> steps[] = {
+        {"1.10", true, "1.25"}, {"1.25", false, "1.00"}, {"1.00", false, "0.75"}, {"0", false, "0.00"}};
+    for (auto [from, plus, to] : steps) {
+        planned->SetText(from);
+        (plus ? planned->PlusButton() : planned->MinusButton())->click();
+        EXPECT_EQ(planned->Text(), to) << from;
+    }
+    CStepEdit* rate = Find<CStepEdit>(*dialog, "rate");
+    rate->SetText("2.2");
+    rate->PlusButton()->click();
+    EXPECT_EQ(rate->Text(), "2.50");
+    CStepEdit* quantity = Find<CStepEdit>(*dialog, "quantity");
+    quantity->MinusButton()->click();
+    EXPECT_EQ(quantity->Text(), "0.50");
+}
+
+TEST_F(NodeDialog, TheDoneStampIsTheTimeOfTheLastClick) {
+    tree["T"]->m_timeDone = CTime(1000);
+    auto dialog = Open("T");
+    const CTime before = CTime::GetCurrentTime();
+    Find<QCheckBox>(*dialog, "done")->click();
+    Find<QCheckBox>(*dialog, "done")->click();
+    ClickOk(*dialog);
+    EXPECT_FALSE(tree["T"]->m_bDone);
+    EXPECT_GE(tree["T"]->m_timeDone, before);
+}
+
+TEST_F(NodeDialog, TextFormatReachesTheNodeOnlyThroughOk) {
+    auto dialog = Open("T");
+    OnNextModal<CTextFormatDlg>([](CTextFormatDlg& format) {
+        EXPECT_EQ(Find<QComboBox>(format, "fontName")->currentText(), "Arial");
+        Find<QComboBox>(format, "fontName")->setCurrentText("Courier");
+        for (QCheckBox* box : format.findChildren<QCheckBox*>())
+            box->setChecked(box->text() == "Fett" || box->text() == "Kursiv");
+        ClickOk(format);
+    });
+    Find<QPushButton>(*dialog, "textFormat")->click();
+    EXPECT_FALSE(tree["T"]->m_bBold);
+    ClickOk(*dialog);
+    EXPECT_EQ(tree["T"]->m_strFontName, "Courier");
+    EXPECT_TRUE(tree["T"]->m_bBold && tree["T"]->m_bItalic);
+    EXPECT_FALSE(tree["T"]->m_bUnderline || tree["T"]->m_bStrikeOut);
+}
+
+TEST_F(NodeDialog, ReminderHour24IsMidnightOfTheNextDayAndOffClearsIt) {
+    tree["T"]->m_timeReminder = CTime(2024, 5, 5, 0, 53, 0);
+    auto dialog = Open("T");
+    OnNextModal<CReminderDlg>([](CReminderDlg& reminder) {
+        EXPECT_EQ(Find<QComboBox>(reminder, "hour")->currentText(), "24");
+        EXPECT_EQ(Find<QComboBox>(reminder, "minute")->currentText(), "55");
+        Find<QComboBox>(reminder, "minute")->setCurrentText("15");
+        ClickOk(reminder);
+    });
+    Find<QPushButton>(*dialog, "alarm")->click();
+    ClickOk(*dialog);
+    EXPECT_EQ(tree["T"]->m_timeReminder.Format("%d.%m.%Y %H:%M:%S"), "06.05.2024 00:15:00");
+
+    auto again = Open("T");
+    OnNextModal<CReminderDlg>([](CReminderDlg& reminder) { ClickCancel(reminder); });
+    Find<QPushButton>(*again, "alarm")->click();
+    ClickOk(*again);
+    EXPECT_TRUE(tree["T"]->m_timeReminder.IsNull()) << "\"Erinnerung aus\" switches it off";
+}
+
+TEST_F(NodeDialog, ResponsiblePersonsAreListedOnceAndNobodyClears) {
+    tree["R"]->m_strResponsible = "Eva";
+    tree["P"]->m_strResponsible = "Eva";
+    tree["T"]->m_strResponsible = "Eva";
+    auto dialog = Open("T");
+    EXPECT_EQ(Find<QLabel>(*dialog, "responsibleName")->text(), "Eva");
+    OnNextModal<CResponsibleDlg>([](CResponsibleDlg& choice) {
+        QListWidget* list = Find<QListWidget>(choice, "persons");
+        ASSERT_EQ(list->count(), 2);
+        EXPECT_EQ(list->item(1)->text(), "Eva");
+        list->setCurrentRow(0); // "--- Keiner ---"
+        ClickOk(choice);
+    });
+    Find<QPushButton>(*dialog, "responsible")->click();
+    EXPECT_EQ(Find<QLabel>(*dialog, "responsibleName")->text(), "");
+    ClickOk(*dialog);
+    EXPECT_EQ(tree["T"]->m_strResponsible, "");
+}
+
+TEST_F(NodeDialog, ANewResponsiblePersonIsChosenAtOnce) {
+    auto dialog = Open("P");
+    OnNextModal<CResponsibleDlg>([](CResponsibleDlg& choice) {
+        OnNextModal<CNewResponsibleDlg>([](CNewResponsibleDlg& add) {
+            Find<QLineEdit>(add, "name")->setText("Jürgen");
+            Find<QLineEdit>(add, "shortCode")->setText("JÜ");
+            ClickOk(add);
+        });
+        Find<QPushButton>(choice, "add")->click();
+    });
+    Find<QPushButton>(*dialog, "responsible")->click();
+    EXPECT_EQ(Find<QLabel>(*dialog, "responsibleName")->text(), "Jürgen «» JÜ");
+    ClickOk(*dialog);
+    EXPECT_EQ(tree["P"]->m_strResponsible, "J\xFCrgen \xAB\xBB J\xDC");
+}
+
+} // namespace
