@@ -15,8 +15,8 @@
 #include <QPushButton>
 
 CAssigneeDlg::CAssigneeDlg(std::string presetFile, Prompter& prompter, QWidget* parent)
-    : QDialog(parent), m_presetFile(std::move(presetFile)), m_prompter(prompter), m_list(new QListWidget(this)),
-      m_edit(new QLineEdit(this)) {
+    : QDialog(parent), m_presetFile(std::move(presetFile)), m_prompter(prompter),
+      m_list(new QListWidget(this)), m_edit(new QLineEdit(this)) {
     setWindowTitle("Bearbeiter / Komission");
     m_list->setObjectName("presets");
     m_edit->setObjectName("preset");

@@ -249,7 +249,9 @@ void CEntryPanel::RefreshCosts() {
         Refill();
 }
 
-void CEntryPanel::FillCombos() { FillEntryCombos(m_assignee, m_remark, m_histories, m_presetFile); }
+void CEntryPanel::FillCombos() {
+    FillEntryCombos(m_assignee, m_remark, m_histories, m_presetFile);
+}
 
 // Rows stay sorted by day, newest first; a new row goes to the top of its day.
 void CEntryPanel::InsertRowSorted(const QStringList& columns) {

@@ -201,7 +201,9 @@ void CNodeEditDlg::ConnectChanges() {
     connect(m_entries, &CEntryPanel::NeededHoursChanged, m_needed, &QLineEdit::setText);
 }
 
-int CNodeEditDlg::SelectedKind() const { return m_kinds->checkedId(); }
+int CNodeEditDlg::SelectedKind() const {
+    return m_kinds->checkedId();
+}
 
 void CNodeEditDlg::ApplyVisibility() {
     const int kind = SelectedKind();
@@ -226,7 +228,9 @@ void CNodeEditDlg::ShowReminderState() {
     m_alarmButton->setIcon(m_copy->m_timeReminder.IsNull() ? ReminderOffIcon() : ReminderOnIcon());
 }
 
-void CNodeEditDlg::MarkDoneClicked() { m_doneStamp = CTime::GetCurrentTime(); }
+void CNodeEditDlg::MarkDoneClicked() {
+    m_doneStamp = CTime::GetCurrentTime();
+}
 
 void CNodeEditDlg::EditTextFormat() {
     CProjectNode& copy = *m_copy;

@@ -35,10 +35,18 @@ CStepEdit::CStepEdit(double step, QWidget* parent)
     connect(m_minus, &QToolButton::clicked, this, [this, step] { SetValue(StepDown(Value(), step)); });
 }
 
-float CStepEdit::Value() const { return float(numfmt::ParseNumber(m_edit->text().toStdString())); }
+float CStepEdit::Value() const {
+    return float(numfmt::ParseNumber(m_edit->text().toStdString()));
+}
 
-void CStepEdit::SetValue(double value) { SetText(QString::fromStdString(numfmt::FormatEditNumber(value))); }
+void CStepEdit::SetValue(double value) {
+    SetText(QString::fromStdString(numfmt::FormatEditNumber(value)));
+}
 
-QString CStepEdit::Text() const { return m_edit->text(); }
+QString CStepEdit::Text() const {
+    return m_edit->text();
+}
 
-void CStepEdit::SetText(const QString& text) { m_edit->setText(text); }
+void CStepEdit::SetText(const QString& text) {
+    m_edit->setText(text);
+}

@@ -14,9 +14,13 @@
 
 namespace {
 
-QColor FromColorRef(int color) { return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF); }
+QColor FromColorRef(int color) {
+    return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
+}
 
-int ToColorRef(const QColor& color) { return color.red() | (color.green() << 8) | (color.blue() << 16); }
+int ToColorRef(const QColor& color) {
+    return color.red() | (color.green() << 8) | (color.blue() << 16);
+}
 
 QCheckBox* NewCheck(const char* text, bool checked, QWidget* parent) {
     auto* box = new QCheckBox(QString::fromUtf8(text), parent);
@@ -57,8 +61,12 @@ CTextFormatDlg::CTextFormatDlg(const TitleFormat& format, QWidget* parent)
 }
 
 TitleFormat CTextFormatDlg::Format() const {
-    return {dlgtext::Keep(m_font->currentText()), m_strikeOut->isChecked(), m_underline->isChecked(),
-            m_italic->isChecked(), m_bold->isChecked(), m_color};
+    return {dlgtext::Keep(m_font->currentText()),
+            m_strikeOut->isChecked(),
+            m_underline->isChecked(),
+            m_italic->isChecked(),
+            m_bold->isChecked(),
+            m_color};
 }
 
 void CTextFormatDlg::ChooseColor() {

@@ -44,9 +44,13 @@ QIcon Bell(const QColor& fill, bool ringing) {
 
 } // namespace
 
-QIcon ReminderOffIcon() { return Bell(QColor(200, 200, 200), false); }
+QIcon ReminderOffIcon() {
+    return Bell(QColor(200, 200, 200), false);
+}
 
-QIcon ReminderOnIcon() { return Bell(QColor(250, 200, 40), true); }
+QIcon ReminderOnIcon() {
+    return Bell(QColor(250, 200, 40), true);
+}
 
 QIcon ResponsibleIcon() {
     QPixmap pixmap = Canvas();

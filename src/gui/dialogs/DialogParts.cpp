@@ -30,8 +30,14 @@ QTimeEdit* NewTimePicker(QWidget* parent) {
     return picker;
 }
 
-QDate ToQDate(CTime time) { return QDate(time.GetYear(), time.GetMonth(), time.GetDay()); }
+QDate ToQDate(CTime time) {
+    return QDate(time.GetYear(), time.GetMonth(), time.GetDay());
+}
 
-QTime ToQTime(CTime time) { return QTime(time.GetHour(), time.GetMinute()); }
+QTime ToQTime(CTime time) {
+    return QTime(time.GetHour(), time.GetMinute());
+}
 
-CalendarDay ToCalendarDay(const QDate& date) { return {date.year(), date.month(), date.day()}; }
+CalendarDay ToCalendarDay(const QDate& date) {
+    return {date.year(), date.month(), date.day()};
+}

@@ -24,7 +24,8 @@ void FillWith(QComboBox* assignee, QComboBox* remark, const EntryChoices& choice
 void FillEntryCombos(QComboBox* assignee, QComboBox* remark, const EntryHistories& histories,
                      const std::string& presetFile) {
     const bool hasPresets = AssigneeFileHasContent(presetFile);
-    const std::vector<std::string> presets = hasPresets ? LoadAssignees(presetFile) : std::vector<std::string>{};
+    const std::vector<std::string> presets =
+        hasPresets ? LoadAssignees(presetFile) : std::vector<std::string>{};
     FillWith(assignee, remark, ChooseEntryChoices(hasPresets, presets, histories));
 }
 

@@ -9,7 +9,9 @@
 
 namespace {
 
-EntryHistories HistoriesOf(const CVeltoDoc& doc) { return {doc.m_strAssigneeHistory, doc.m_strRemarkHistory}; }
+EntryHistories HistoriesOf(const CVeltoDoc& doc) {
+    return {doc.m_strAssigneeHistory, doc.m_strRemarkHistory};
+}
 
 void StoreHistories(CVeltoDoc& doc, const EntryHistories& histories) {
     doc.m_strAssigneeHistory = histories.assignee;
