@@ -28,6 +28,7 @@ public:
     // userName: the login name written into the lock file; empty for the process owner's.
     CVeltoDoc(Prompter& prompter, std::string noteFont = "Arial", int noteFontSize = 12,
               FileSystem* fileSystem = nullptr, std::string userName = {});
+    Prompter& GetPrompter() const { return m_prompter; }
     ~CVeltoDoc();
     CVeltoDoc(const CVeltoDoc&) = delete;
     CVeltoDoc& operator=(const CVeltoDoc&) = delete;

@@ -12,6 +12,7 @@
 #include "app/WindowPlacement.h"
 #include "document/CVeltoDoc.h"
 #include "document/Prompter.h"
+#include "files/DataDir.h"
 #include "view/CVeltoView.h"
 
 #include <QCloseEvent>
@@ -369,7 +370,9 @@ CChildFrame* CMainFrame::FindDocument(const QString& fileKey) const {
 }
 
 CChildFrame* CMainFrame::AddChild(std::unique_ptr<CVeltoDoc> doc, bool fromFile) {
-    CVeltoView* view = m_viewFactory ? m_viewFactory(*doc, m_state) : new CVeltoView(*doc, m_state);
+    CVeltoView* view =
+        m_viewFactory ? m_viewFactory(*doc, m_state)
+                      : new CVeltoView(*doc, m_state, ReadViewContext(m_settings.Open(), HolidayFilePath()));
     auto* child = new CChildFrame(std::move(doc), view, *this);
     m_mdi->addSubWindow(child);
     const QSize area = m_mdi->viewport()->size();

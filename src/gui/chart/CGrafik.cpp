@@ -555,6 +555,18 @@ void CGrafik::MoveSelection(bool down) {
         SelectAndShow(target);
 }
 
+CProjectNode* CGrafik::SelectNodeAt(QPoint pos) {
+    if (!First())
+        return nullptr;
+    RefreshRows();
+    CProjectNode* node = HitRow(Layout(), pos).node;
+    if (node) {
+        SelectOnly(First(), node);
+        AfterSelectionChange();
+    }
+    return node;
+}
+
 void CGrafik::SelectAndShow(CProjectNode* node) {
     SelectOnly(First(), node);
     const int row = m_rows.RowOf(node);

@@ -91,6 +91,9 @@ public:
     void OnVScroll(int code, int thumbPosition = 0);
     // Scrolls the row list so that the selected node's row is shown (after a go-to-node).
     void ScrollToSelection();
+    // Selects the node of the row under pos (a right click before its context menu); the node, or
+    // null when pos is on no row.
+    CProjectNode* SelectNodeAt(QPoint pos);
     // Forgets the row index; the next redraw rebuilds it. Called on every document update.
     void InvalidateRows() { m_rows.Invalidate(); }
     // One step of the drag timer: scrolls while a node is held above the first or below the last row.

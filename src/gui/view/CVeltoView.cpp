@@ -1,127 +1,482 @@
 #include "view/CVeltoView.h"
 
 #include "app/CommandIds.h"
-#include "app/Cp1252Text.h"
+#include "app/CommandTable.h"
 #include "app/ShellState.h"
+#include "chart/CGrafik.h"
+#include "dialogs/NodeDialogs.h"
 #include "model/NodeList.h"
 #include "model/NumberFormat.h"
 
-#include <QListWidget>
+#include <QAction>
+#include <QMenu>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>
-#include <vector>
 
 namespace {
-// The commands that belong to the view; those not listed in Handled() come with the chart and the
-// note pane and stay disabled until then.
-constexpr std::array kViewCommands = {
-    cmd::ZoomOut,    cmd::ZoomIn,        cmd::WidthDown,       cmd::WidthUp,
-    cmd::NewNode,    cmd::EditNode,      cmd::DeleteNode,      cmd::CollapseAll,
-    cmd::ExpandAll,  cmd::BackupTree,    cmd::EditUndo,        cmd::FindText,
-    cmd::MyTasks,    cmd::ToggleCosts,   cmd::SortByDate,      cmd::NodeDone,
-    cmd::NodeBold,   cmd::NodeItalic,    cmd::NodeUnderline,   cmd::NodeStrikeOut,
-    cmd::NodeColor,  cmd::ClockIn,       cmd::ClockOut,        cmd::NoteBold,
-    cmd::NoteItalic, cmd::NoteUnderline, cmd::NoteFont,        cmd::InsertHyperlink,
-    cmd::EditCopy,   cmd::EditCut,       cmd::EditPaste,       cmd::HoursReport,
-    cmd::CostReport, cmd::FilePrint,     cmd::FilePrintDirect, cmd::FilePrintPreview,
-    cmd::NextPane,   cmd::PrevPane,      cmd::StatusNodeInfo,  cmd::GoToAlarmNode,
-    cmd::SearchStep, cmd::MyTasksChosen,
+// Commands of the view whose features come later (search, my tasks, reports, printing, alarm):
+// the view claims them so they show disabled instead of reaching the main frame.
+constexpr std::array kLaterCommands = {
+    cmd::FindText,        cmd::MyTasks,          cmd::HoursReport,   cmd::CostReport, cmd::FilePrint,
+    cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::GoToAlarmNode, cmd::SearchStep, cmd::MyTasksChosen,
+    cmd::NoteBold,        cmd::NoteItalic,       cmd::NoteUnderline, cmd::NoteFont,   cmd::InsertHyperlink,
 };
 
-bool IsViewCommand(int id) {
-    return std::find(kViewCommands.begin(), kViewCommands.end(), id) != kViewCommands.end();
+// The items of the node context menu; 0 is a separator. Menu 154 leaves out those of tasks only.
+constexpr std::array kNodeMenu = {
+    cmd::NodeDone,  0, cmd::NodeBold, cmd::NodeItalic, cmd::NodeUnderline, cmd::NodeStrikeOut,
+    cmd::NodeColor, 0, cmd::ClockIn,  cmd::ClockOut,
+};
+
+bool IsLaterCommand(int id) {
+    return std::find(kLaterCommands.begin(), kLaterCommands.end(), id) != kLaterCommands.end();
 }
 
-constexpr int kIndentPerLevel = 4; // blanks per outline level
-
-QString RowText(const CProjectNode& node) {
-    return QString(std::max(0, node.m_nLevel) * kIndentPerLevel, QLatin1Char(' ')) +
-           ToQString(node.m_strTitle);
+bool IsTaskOnlyItem(int id) {
+    return id == cmd::NodeDone || id == cmd::ClockIn || id == cmd::ClockOut;
 }
 
 QString Stamp(const CTime& time) {
     return QString::fromStdString(time.Format("%d.%m.%y / %H:%M "));
 }
+
+int CProjectNode::*FormatFlagOf(int id) {
+    switch (id) {
+    case cmd::NodeBold:
+        return &CProjectNode::m_bBold;
+    case cmd::NodeItalic:
+        return &CProjectNode::m_bItalic;
+    case cmd::NodeUnderline:
+        return &CProjectNode::m_bUnderline;
+    case cmd::NodeStrikeOut:
+        return &CProjectNode::m_bStrikeOut;
+    default:
+        return nullptr;
+    }
+}
+
+// A zoom read from a file may lie outside the range; a step never moves it further out and never
+// pulls it in by more than the one step.
+int SteppedZoom(int zoom, int step) {
+    const bool inside = step < 0 ? zoom > CVeltoView::kMinZoom : zoom < CVeltoView::kMaxZoom;
+    return inside ? zoom + step : zoom;
+}
 } // namespace
 
-CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, QWidget* parent)
-    : QWidget(parent), m_doc(doc), m_shell(shell), m_rows(new QListWidget(this)) {
+CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext context, QWidget* parent)
+    : QWidget(parent), m_doc(doc), m_shell(shell), m_context(std::move(context)), m_chart(new CGrafik(this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_rows);
-    m_rows->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_rows->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    connect(m_rows, &QListWidget::currentRowChanged, this, &CVeltoView::SelectRow);
+    layout->addWidget(m_chart);
+    m_chart->setObjectName(QStringLiteral("chart130"));
+    m_chart->SetHost(this);
+    m_chart->SetOptions(m_context.chart);
+    m_chart->SetHolidays(m_context.holidays);
+    m_chart->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_chart, &QWidget::customContextMenuRequested, this, &CVeltoView::ShowContextMenu);
+    setFocusProxy(m_chart);
+
     m_doc.AddObserver(this);
-    Redraw();
+    m_doc.SetClockOutHandler([this](CProjectNode& node) { ClockOutOnClose(node); });
+    m_reminderTimer.setInterval(kReminderPeriodMs);
+    connect(&m_reminderTimer, &QTimer::timeout, this, &CVeltoView::OnMinuteTimer);
+    m_reminderTimer.start();
+    SetLayout({m_doc.m_view.chartWidth1, m_doc.m_view.chartWidth2, int(m_doc.m_view.zoom)});
 }
 
 CVeltoView::~CVeltoView() {
+    m_doc.SetClockOutHandler({});
     m_doc.RemoveObserver(this);
+    m_chart->DetachDocument();
 }
 
-bool CVeltoView::OnUpdateCommand(int id, CommandState& state) {
-    if (!IsViewCommand(id))
-        return false;
-    if (id == cmd::StatusNodeInfo) {
-        const CProjectNode* current = CurrentNode(m_doc.m_pFirstNode);
-        state.text = current ? NodeInfoLine(*current, m_showCosts) : QString();
-        return true;
-    }
-    state.enabled = false;
-    return true;
+void CVeltoView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Redraw();
 }
 
-bool CVeltoView::OnCommand(int) {
-    return false;
+CProjectNode* CVeltoView::Current() const {
+    return CurrentNode(m_doc.m_pFirstNode);
 }
 
-void CVeltoView::OnDocumentUpdated(CVeltoDoc&) {
-    FillRows();
+// ---- layout values of the file ----
+
+ViewLayout CVeltoView::GetLayout() const {
+    return {m_chart->ChartWidth1(), m_chart->ChartWidth2(), m_chart->FontSize()};
 }
 
 void CVeltoView::SetLayout(const ViewLayout& layout) {
-    m_layout = layout;
+    m_chart->SetChartWidth1(layout.chartWidth1);
+    m_chart->SetChartWidth2(layout.chartWidth2);
+    m_chart->SetFontSize(layout.zoom);
+    // A file may hold 5..50; the zoom commands only step while inside 10..30, so take it as it is.
     m_mindMapZoom = layout.zoom;
 }
 
+int CVeltoView::ChartZoom() const {
+    return m_chart->FontSize();
+}
+
+// ---- routing ----
+
+bool CVeltoView::OnUpdateCommand(int id, CommandState& state) {
+    if (id == cmd::StatusNodeInfo) {
+        const CProjectNode* current = Current();
+        state.text = current ? NodeInfoLine(*current, m_showCosts) : QString();
+        return true;
+    }
+    if (IsLaterCommand(id)) {
+        state.enabled = false;
+        return true;
+    }
+    return UpdateNodeCommand(id, state);
+}
+
+bool CVeltoView::UpdateNodeCommand(int id, CommandState& state) const {
+    const CProjectNode* node = Current();
+    const bool isTask = node && node->m_nKind == KIND_TASK;
+    if (int CProjectNode::*flag = FormatFlagOf(id)) {
+        state.enabled = node != nullptr;
+        state.checked = node && node->*flag;
+        return true;
+    }
+    switch (id) {
+    case cmd::ZoomOut:
+    case cmd::ZoomIn:
+    case cmd::WidthDown:
+    case cmd::WidthUp:
+    case cmd::CollapseAll:
+    case cmd::ExpandAll:
+    case cmd::BackupTree:
+    case cmd::SortByDate:
+    case cmd::EditCopy:
+    case cmd::EditCut:
+    case cmd::EditPaste:
+    case cmd::NextPane:
+    case cmd::PrevPane:
+        return true;
+    case cmd::NewNode:
+    case cmd::EditNode:
+    case cmd::DeleteNode:
+    case cmd::NodeColor:
+        state.enabled = node != nullptr;
+        return true;
+    case cmd::EditUndo:
+        state.enabled = m_doc.m_pBackupFirst != nullptr;
+        return true;
+    case cmd::ToggleCosts:
+        state.checked = m_showCosts;
+        return true;
+    case cmd::NodeDone:
+        state.enabled = isTask;
+        state.checked = isTask && node->m_bDone;
+        return true;
+    case cmd::ClockIn:
+        state.enabled = isTask && !node->m_bClockedIn;
+        return true;
+    case cmd::ClockOut:
+        state.enabled = isTask && node->m_bClockedIn;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CVeltoView::OnCommand(int id) {
+    if (IsLaterCommand(id))
+        return true; // claimed so that the frame's handler of a shared id does not run
+    CommandState state;
+    if (!UpdateNodeCommand(id, state))
+        return false;
+    if (!state.enabled)
+        return true;
+    return RunTreeCommand(id) || RunNodeCommand(id);
+}
+
+bool CVeltoView::RunTreeCommand(int id) {
+    switch (id) {
+    case cmd::ZoomOut:
+        Zoom(-1);
+        return true;
+    case cmd::ZoomIn:
+        Zoom(+1);
+        return true;
+    case cmd::WidthDown:
+        ChangeWidth(-kWidthStep);
+        return true;
+    case cmd::WidthUp:
+        ChangeWidth(+kWidthStep);
+        return true;
+    case cmd::NewNode:
+        NewNode();
+        return true;
+    case cmd::EditNode:
+        EditNode();
+        return true;
+    case cmd::DeleteNode:
+        DeleteNode();
+        return true;
+    case cmd::CollapseAll:
+        CollapseAll();
+        return true;
+    case cmd::ExpandAll:
+        ExpandAll();
+        return true;
+    case cmd::BackupTree:
+        TakeUndoCopy();
+        return true;
+    case cmd::EditUndo:
+        Undo();
+        return true;
+    case cmd::SortByDate:
+        SortByDate();
+        return true;
+    case cmd::ToggleCosts:
+        ToggleCosts();
+        return true;
+    case cmd::EditCopy:
+        m_chart->OnEditCopy();
+        return true;
+    case cmd::EditCut:
+        m_chart->OnEditCut();
+        return true;
+    case cmd::EditPaste:
+        m_chart->OnEditPaste();
+        return true;
+    case cmd::NextPane:
+    case cmd::PrevPane:
+        SwitchPane();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CVeltoView::RunNodeCommand(int id) {
+    if (int CProjectNode::*flag = FormatFlagOf(id)) {
+        ToggleFlag(flag);
+        return true;
+    }
+    switch (id) {
+    case cmd::NodeDone:
+        ToggleDone();
+        return true;
+    case cmd::NodeColor:
+        ChooseNodeColour();
+        return true;
+    case cmd::ClockIn:
+        ClockIn();
+        return true;
+    case cmd::ClockOut:
+        ClockOut();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CVeltoView::OnDocumentUpdated(CVeltoDoc&) {
+    // The chart observes the document itself and reindexes on its next redraw.
+}
+
+// ---- drawing ----
+
 void CVeltoView::Redraw() {
     m_showsMindMap = m_shell.mindMapMode;
-    FillRows();
+    m_chart->ZeichneAllesNeu();
 }
 
-void CVeltoView::FillRows() {
-    std::vector<CProjectNode*> visible;
-    for (CProjectNode* node = m_doc.m_pFirstNode; node; node = node->m_pNext)
-        if (node->m_bVisible)
-            visible.push_back(node);
-    const QSignalBlocker quiet(m_rows);
-    // The rows are kept when the same nodes are shown, so a click that selects is never answered by
-    // deleting the row under the mouse.
-    if (m_rows->count() != int(visible.size())) {
-        m_rows->clear();
-        for (size_t i = 0; i < visible.size(); ++i)
-            new QListWidgetItem(m_rows);
-    }
-    for (int row = 0; row < int(visible.size()); ++row) {
-        QListWidgetItem* item = m_rows->item(row);
-        item->setText(RowText(*visible[row]));
-        item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(visible[row])));
-        if (visible[row]->m_bSelected)
-            m_rows->setCurrentItem(item);
-    }
-}
-
-void CVeltoView::SelectRow(int row) {
-    QListWidgetItem* item = m_rows->item(row);
-    if (!item)
-        return;
-    auto* node = static_cast<CProjectNode*>(item->data(Qt::UserRole).value<void*>());
-    SelectOnly(m_doc.m_pFirstNode, node);
+void CVeltoView::AfterDisplayChange() {
     m_doc.UpdateAllViews();
+    m_chart->ZeichneAllesNeu();
 }
+
+void CVeltoView::AfterChange() {
+    m_doc.UpdateAllViews();
+    m_chart->ZeichneAllesNeu();
+    m_doc.SetModifiedFlag();
+}
+
+void CVeltoView::StampChange(CProjectNode& node) {
+    node.m_timeChanged = CTime::GetCurrentTime();
+}
+
+// ---- the commands ----
+
+void CVeltoView::Zoom(int step) {
+    if (m_showsMindMap)
+        m_mindMapZoom = SteppedZoom(m_mindMapZoom, step);
+    else
+        m_chart->SetFontSize(SteppedZoom(m_chart->FontSize(), step));
+    Redraw();
+}
+
+void CVeltoView::ChangeWidth(int step) {
+    m_chart->SetChartWidth1(m_chart->ChartWidth1() + step);
+    Redraw();
+}
+
+void CVeltoView::NewNode() {
+    if (CreateChildNode(m_doc.m_pFirstNode, m_doc.DefaultNote(), m_doc.GetPrompter(),
+                        [this] { TakeUndoCopy(); }))
+        AfterChange();
+    m_chart->ScrollToSelection();
+}
+
+void CVeltoView::EditNode() {
+    if (CProjectNode* node = Current(); node && EditNodeOfDocument(this, m_doc, *node, m_doc.GetPrompter()))
+        m_chart->ZeichneAllesNeu();
+}
+
+void CVeltoView::DeleteNode() {
+    if (DeleteCurrentNode(m_doc.m_pFirstNode, m_doc.GetPrompter(), [this] { TakeUndoCopy(); }))
+        AfterChange();
+}
+
+void CVeltoView::CollapseAll() {
+    CollapseAllProjects(m_doc.m_pFirstNode);
+    // The rows start at the top again; the calendar keeps its day, since collapsing the outline is
+    // no reason to lose the user's place in time.
+    m_chart->OnVScroll(CGrafik::SB_THUMBPOSITION, 0);
+    AfterDisplayChange();
+}
+
+void CVeltoView::ExpandAll() {
+    ExpandAllProjects(m_doc.m_pFirstNode);
+    m_chart->OnVScroll(CGrafik::SB_THUMBPOSITION, 0);
+    AfterDisplayChange();
+}
+
+void CVeltoView::TakeUndoCopy() {
+    m_doc.BackupTree();
+}
+
+void CVeltoView::Undo() {
+    if (!m_doc.Undo())
+        return;
+    RecomputeVisibility(m_doc.m_pFirstNode);
+    AfterChange();
+    m_chart->ScrollToSelection();
+}
+
+void CVeltoView::SortByDate() {
+    TakeUndoCopy();
+    SortSiblingsByDate(m_doc.m_pFirstNode, m_context.sortByDue, m_sortAscending);
+    m_sortAscending = !m_sortAscending;
+    AfterChange();
+}
+
+void CVeltoView::ToggleCosts() {
+    m_showCosts = !m_showCosts;
+    ChartOptions options = m_chart->Options();
+    options.showCosts = m_showCosts;
+    m_chart->SetOptions(options);
+    AfterDisplayChange();
+}
+
+void CVeltoView::ToggleFlag(int CProjectNode::*flag) {
+    CProjectNode* node = Current();
+    node->*flag = !(node->*flag);
+    StampChange(*node);
+    AfterChange();
+}
+
+void CVeltoView::ToggleDone() {
+    CProjectNode* node = Current();
+    node->m_bDone = !node->m_bDone;
+    if (node->m_bDone)
+        node->m_timeDone = CTime::GetCurrentTime();
+    StampChange(*node);
+    AfterChange();
+}
+
+void CVeltoView::ChooseNodeColour() {
+    CProjectNode* node = Current();
+    const auto choose = m_context.chooseColour ? m_context.chooseColour : &ChooseColourWithDialog;
+    const std::optional<int> colour = choose(this, node->m_crColor);
+    if (!colour)
+        return;
+    node->m_crColor = *colour;
+    StampChange(*node);
+    AfterChange();
+}
+
+void CVeltoView::ClockIn() {
+    CProjectNode* node = Current();
+    node->m_bClockedIn = 1;
+    node->m_timeClockIn = CTime::GetCurrentTime();
+    // The running clock is not saved, so the document stays unmodified.
+    m_chart->ZeichneAllesNeu();
+}
+
+void CVeltoView::ClockOut() {
+    ClockOutNodeOfDocument(this, m_doc, *Current(), m_doc.GetPrompter());
+    m_chart->ZeichneAllesNeu();
+}
+
+void CVeltoView::ClockOutOnClose(CProjectNode& node) {
+    ClockOutNodeOfDocument(this, m_doc, node, m_doc.GetPrompter());
+    m_chart->ZeichneAllesNeu();
+}
+
+void CVeltoView::SwitchPane() {
+    m_chart->setFocus(Qt::TabFocusReason);
+}
+
+void CVeltoView::OnMinuteTimer() {
+    // Today's column and the late marks follow the clock, also past midnight.
+    Redraw();
+}
+
+// ---- note pane ----
+
+bool CVeltoView::NotePaneHasFocus() const {
+    return false;
+}
+
+void CVeltoView::PasteIntoNotePane() {}
+
+// ---- context menu ----
+
+QMenu* CVeltoView::CreateNodeMenu(QWidget* parent) {
+    auto* menu = new QMenu(parent);
+    const CProjectNode* node = Current();
+    const bool forTask = node && node->m_nKind == KIND_TASK;
+    menu->setObjectName(forTask ? QStringLiteral("menu140") : QStringLiteral("menu154"));
+    for (int id : kNodeMenu) {
+        if (id == 0) {
+            if (!menu->isEmpty() && !menu->actions().last()->isSeparator())
+                menu->addSeparator();
+            continue;
+        }
+        if (!forTask && IsTaskOnlyItem(id))
+            continue;
+        const CommandInfo* info = FindCommand(id);
+        QAction* action = menu->addAction(QString::fromUtf8(info->label));
+        action->setStatusTip(QString::fromUtf8(info->prompt).section(QLatin1Char('\n'), 0, 0));
+        CommandState state;
+        UpdateNodeCommand(id, state);
+        action->setEnabled(state.enabled);
+        action->setCheckable(FormatFlagOf(id) || id == cmd::NodeDone);
+        action->setChecked(state.checked);
+        connect(action, &QAction::triggered, this, [this, id] { OnCommand(id); });
+    }
+    if (menu->actions().last()->isSeparator())
+        menu->removeAction(menu->actions().last());
+    return menu;
+}
+
+void CVeltoView::ShowContextMenu(const QPoint& pos) {
+    if (!m_chart->SelectNodeAt(pos))
+        return;
+    QMenu* menu = CreateNodeMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(m_chart->mapToGlobal(pos));
+}
+
+// ---- status pane ----
 
 QString CVeltoView::NodeInfoLine(const CProjectNode& node, bool costs) {
     const QString separator = QStringLiteral("  |  ");

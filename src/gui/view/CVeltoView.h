@@ -1,17 +1,20 @@
 #pragma once
-// The view of one project inside its window. For now it shows the outline as plain rows (the visible
-// nodes indented by level, the current node highlighted, a click selects) and the node info line;
-// the chart and the node commands take its place later. It already claims every command that is
-// the view's, so they stay visible but disabled until they come, and 32791 is never taken by the
-// main frame's settings while a view is active.
+// The view of one project inside its window: hosts the timeline chart, runs the node commands of
+// the menus, toolbar, keys and the node context menu on the selected node, keeps the one-level undo
+// copy current before every change of the tree, and ends every change by updating all views,
+// redrawing the chart and marking the document modified.
 #include "app/CommandTarget.h"
+#include "chart/ChartHost.h"
 #include "document/CVeltoDoc.h"
+#include "view/ViewContext.h"
 
+#include <QTimer>
 #include <QWidget>
 
 struct ShellState;
-class QListWidget;
+class CGrafik;
 class CProjectNode;
+class QMenu;
 
 // The view values a project file keeps.
 struct ViewLayout {
@@ -20,39 +23,95 @@ struct ViewLayout {
     int zoom = 20;
 };
 
-class CVeltoView : public QWidget, public CommandTarget, public CDocObserver {
+class CVeltoView : public QWidget, public CommandTarget, public CDocObserver, public CChartHost {
     Q_OBJECT
 public:
-    CVeltoView(CVeltoDoc& doc, const ShellState& shell, QWidget* parent = nullptr);
+    static constexpr int kMinZoom = 10;
+    static constexpr int kMaxZoom = 30;
+    static constexpr int kWidthStep = 10;
+    static constexpr int kReminderPeriodMs = 60000;
+
+    CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext context = {}, QWidget* parent = nullptr);
     ~CVeltoView() override;
 
     CVeltoDoc& GetDocument() const { return m_doc; }
+    CGrafik& Chart() const { return *m_chart; }
 
     bool OnUpdateCommand(int id, CommandState& state) override;
     bool OnCommand(int id) override;
     void OnDocumentUpdated(CVeltoDoc& doc) override;
 
-    ViewLayout GetLayout() const { return m_layout; }
+    ViewLayout GetLayout() const;
     // Takes the values of a file just read: the zoom goes to the timeline and to the mind map.
     void SetLayout(const ViewLayout& layout);
+    int ChartZoom() const;
     int MindMapZoom() const { return m_mindMapZoom; }
+    bool ShowsCosts() const { return m_showCosts; }
+    // The direction the next sort runs in.
+    bool SortsAscending() const { return m_sortAscending; }
 
     // Draws everything anew in the mode the main frame shows.
     void Redraw();
     bool ShowsMindMap() const { return m_showsMindMap; }
 
+    // The node context menu: menu 140 for a task, 154 (without "Erledigt" and the clock) otherwise.
+    // Its items run this view's commands; the caller shows it.
+    QMenu* CreateNodeMenu(QWidget* parent);
+
     // The status pane's node info line for the current node ("Erstellt: ..."), in hours or costs.
     static QString NodeInfoLine(const CProjectNode& node, bool costs);
 
+    // CChartHost
+    CVeltoDoc* Document() override { return &m_doc; }
+    void SendCommand(int id) override { OnCommand(id); }
+    bool NotePaneHasFocus() const override;
+    void PasteIntoNotePane() override;
+    Prompter& ChartPrompter() override { return m_doc.GetPrompter(); }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
-    void FillRows();
-    void SelectRow(int row);
+    CProjectNode* Current() const;
+    bool UpdateNodeCommand(int id, CommandState& state) const;
+    bool RunNodeCommand(int id);
+    bool RunTreeCommand(int id);
+
+    void Zoom(int step);
+    void ChangeWidth(int step);
+    void NewNode();
+    void EditNode();
+    void DeleteNode();
+    void CollapseAll();
+    void ExpandAll();
+    void TakeUndoCopy();
+    void Undo();
+    void SortByDate();
+    void ToggleCosts();
+    void ToggleFlag(int CProjectNode::*flag);
+    void ToggleDone();
+    void ChooseNodeColour();
+    void ClockIn();
+    void ClockOut();
+    void ClockOutOnClose(CProjectNode& node);
+    void SwitchPane();
+    void ShowContextMenu(const QPoint& pos);
+    void OnMinuteTimer();
+
+    // The common ends of the commands: what changed the tree or a node, and what only changed
+    // what is shown.
+    void AfterChange();
+    void AfterDisplayChange();
+    void StampChange(CProjectNode& node);
 
     CVeltoDoc& m_doc;
     const ShellState& m_shell;
-    QListWidget* m_rows;
-    ViewLayout m_layout;
+    ViewContext m_context;
+    CGrafik* m_chart;
+    QTimer m_reminderTimer;
     int m_mindMapZoom = 20;
     bool m_showsMindMap = false;
     bool m_showCosts = false;
+    // Earliest first on the first sort; every sort flips it.
+    bool m_sortAscending = true;
 };

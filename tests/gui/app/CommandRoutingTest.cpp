@@ -225,18 +225,22 @@ TEST_F(ShellRouting, Command32791IsSettingsWithoutAViewAndBoldWithOne) {
     EXPECT_TRUE(frame.Action(cmd::NoteBold)->isChecked());
 }
 
-TEST_F(ShellRouting, TheShellViewClaimsTheNodeCommandsUntilTheyComeAndLeavesTheRestToTheFrame) {
+TEST_F(ShellRouting, TheViewRunsTheNodeCommandsAndLeavesTheRestToTheFrame) {
     CMainFrame& frame = MakeFrame();
-    frame.SetCommandHandler(cmd::SettingsNoDoc, [] {});
+    int settingsOpened = 0;
+    frame.SetCommandHandler(cmd::SettingsNoDoc, [&] { ++settingsOpened; });
     frame.NewDocument();
     CommandRouter& router = frame.Router();
-    for (int id : {cmd::NewNode, cmd::EditUndo, cmd::NoteBold, cmd::FilePrint, cmd::EditCopy})
+    for (int id : {cmd::NewNode, cmd::EditCopy, cmd::SortByDate, cmd::ZoomIn})
+        EXPECT_TRUE(router.Query(id).enabled) << id;
+    for (int id : {cmd::EditUndo, cmd::FilePrint, cmd::FindText})
         EXPECT_FALSE(router.Query(id).enabled) << id;
     for (int id :
          {cmd::FileSave, cmd::FileSaveAs, cmd::FileClose, cmd::FileNew, cmd::Manual, cmd::MindMapMode})
         EXPECT_TRUE(router.Query(id).enabled) << id;
-    // 32791 is the view's even though only the frame could run it now.
-    EXPECT_FALSE(router.Execute(cmd::SettingsNoDoc));
+    // 32791 is the view's while a project is open: the settings of the frame must not open.
+    router.Execute(cmd::SettingsNoDoc);
+    EXPECT_EQ(settingsOpened, 0);
 }
 
 TEST_F(ShellRouting, DocumentCommandsNeedAProjectAndDialogsNeedTheirHandler) {
@@ -294,10 +298,12 @@ TEST_F(ShellRouting, ShortcutsBelongToTheMainWindowWhicheverMenuIsShown) {
         EXPECT_EQ(action->shortcutContext(), Qt::WindowShortcut);
         EXPECT_TRUE(frame.actions().contains(action)) << info.id;
     }
-    // The new-node shortcut is disabled while the view has no node commands; new project works.
-    frame.NewDocument();
+    // Without a project the node shortcuts are off; with one they reach the view.
     frame.OnIdle();
     EXPECT_FALSE(frame.Action(cmd::NewNode)->isEnabled());
+    frame.NewDocument();
+    frame.OnIdle();
+    EXPECT_TRUE(frame.Action(cmd::NewNode)->isEnabled());
     EXPECT_TRUE(frame.Action(cmd::FileNew)->isEnabled());
 }
 

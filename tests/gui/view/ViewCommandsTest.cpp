@@ -1,0 +1,352 @@
+// The project view's commands as the menus, keys and the node context menu run them: what they
+// change, what they refuse, and which of them take the undo copy.
+#include "app/CommandIds.h"
+#include "app/CommandTarget.h"
+#include "app/Settings.h"
+#include "app/ShellState.h"
+#include "chart/CGrafik.h"
+#include "chart/NodeClipboard.h"
+#include "gui/app/ShellTestSupport.h"
+#include "gui/chart/ChartTestSupport.h"
+#include "view/CVeltoView.h"
+#include "view/ViewContext.h"
+
+#include <QAction>
+#include <QMenu>
+
+using namespace charttest;
+
+namespace {
+
+class ViewCommands : public ::testing::Test {
+protected:
+    ViewCommands() : doc(prompter) {
+        NodeClipboard::Instance().Clear();
+        doc.OnNewDocument();
+        FreeNodeList(doc.m_pFirstNode);
+        doc.m_pFirstNode = BuildList({{0, KIND_PROJECT, "R"},
+                                      {1, KIND_PROJECT, "P", 0, 5},
+                                      {2, KIND_TASK, "t1", 3, 3},
+                                      {2, KIND_TASK, "t2", 1, 1},
+                                      {2, KIND_TASK, "t3", 2, 2},
+                                      {1, KIND_NOTE, "N", -1, -1},
+                                      {1, KIND_MILESTONE, "M", 4, 4}});
+        doc.SetModifiedFlag(false);
+    }
+    ~ViewCommands() override { NodeClipboard::Instance().Clear(); }
+
+    CVeltoView& MakeView(ViewContext context = {}) {
+        m_view = std::make_unique<CVeltoView>(doc, shell, std::move(context));
+        m_view->resize(900, 500);
+        return *m_view;
+    }
+    CommandState Query(int id) {
+        CommandState state;
+        EXPECT_TRUE(m_view->OnUpdateCommand(id, state)) << id;
+        return state;
+    }
+    bool Run(int id) { return m_view->OnCommand(id); }
+    void Select(const std::string& title) { SelectOnly(doc.m_pFirstNode, Find(doc.m_pFirstNode, title)); }
+    CProjectNode* Node(const std::string& title) { return Find(doc.m_pFirstNode, title); }
+    std::string Selected() { return CurrentNode(doc.m_pFirstNode)->m_strTitle; }
+    std::string Outline() { return charttest::Outline(doc.m_pFirstNode); }
+
+    ScriptedPrompter prompter;
+    CVeltoDoc doc;
+    ShellState shell;
+
+private:
+    std::unique_ptr<CVeltoView> m_view;
+};
+
+TEST_F(ViewCommands, ZoomStaysInsideItsRangeInEachModeAndWidthHasNoBound) {
+    CVeltoView& view = MakeView();
+    for (int i = 0; i < 30; ++i)
+        Run(cmd::ZoomIn);
+    EXPECT_EQ(view.ChartZoom(), CVeltoView::kMaxZoom);
+    EXPECT_EQ(view.MindMapZoom(), 20) << "the modes zoom apart";
+
+    shell.mindMapMode = true;
+    view.Redraw();
+    for (int i = 0; i < 30; ++i)
+        Run(cmd::ZoomOut);
+    EXPECT_EQ(view.MindMapZoom(), CVeltoView::kMinZoom);
+    EXPECT_EQ(view.ChartZoom(), CVeltoView::kMaxZoom);
+
+    for (int i = 0; i < 40; ++i)
+        Run(cmd::WidthDown);
+    EXPECT_EQ(view.GetLayout().chartWidth1, 200 - 400);
+}
+
+TEST_F(ViewCommands, AZoomFromTheFileOutsideTheRangeOnlyStepsBackTowardsIt) {
+    doc.m_view.zoom = 5;
+    CVeltoView& view = MakeView();
+    EXPECT_EQ(view.ChartZoom(), 5);
+    EXPECT_EQ(view.MindMapZoom(), 5);
+    Run(cmd::ZoomOut);
+    EXPECT_EQ(view.ChartZoom(), 5);
+    Run(cmd::ZoomIn);
+    EXPECT_EQ(view.ChartZoom(), 6);
+}
+
+TEST_F(ViewCommands, NewNodeGoesFirstUnderAProjectAndIsRefusedElsewhere) {
+    MakeView();
+    Select("P");
+    Node("P")->m_bExpanded = 0;
+    Run(cmd::NewNode);
+    EXPECT_EQ(Outline(), "0:R 1:P 2:Neuer Knoten 2:t1 2:t2 2:t3 1:N 1:M");
+    EXPECT_EQ(Selected(), "Neuer Knoten");
+    EXPECT_TRUE(Node("P")->m_bExpanded);
+    EXPECT_TRUE(doc.IsModified());
+    ASSERT_TRUE(doc.m_pBackupFirst);
+
+    Select("N");
+    Run(cmd::NewNode);
+    ASSERT_EQ(prompter.asked().size(), 1u);
+    EXPECT_EQ(prompter.asked()[0].caption, "N");
+    EXPECT_EQ(prompter.asked()[0].text, "Neue Knoten sind nur unter Projektknoten möglich.");
+    EXPECT_EQ(CountNodes(doc.m_pFirstNode), 8);
+}
+
+TEST_F(ViewCommands, UndoSwapsWithTheCopyAndASecondUndoSwapsBack) {
+    MakeView();
+    EXPECT_FALSE(Query(cmd::EditUndo).enabled) << "no copy yet";
+    const std::string before = Outline();
+    Select("P");
+    prompter.Answer(PromptAnswer::Yes);
+    Run(cmd::DeleteNode);
+    const std::string after = Outline();
+    EXPECT_EQ(after, "0:R 1:N 1:M");
+    EXPECT_EQ(Selected(), "R");
+
+    ASSERT_TRUE(Query(cmd::EditUndo).enabled);
+    Run(cmd::EditUndo);
+    EXPECT_EQ(Outline(), before);
+    EXPECT_EQ(Selected(), "P");
+    Run(cmd::EditUndo);
+    EXPECT_EQ(Outline(), after);
+}
+
+TEST_F(ViewCommands, TheFirstNodeIsNeverDeletedAndNoMeansNo) {
+    MakeView();
+    Run(cmd::DeleteNode);
+    Select("t1");
+    Run(cmd::DeleteNode);
+    EXPECT_EQ(prompter.texts(), (std::vector<std::string>{"Erster Knoten kann nicht gelöscht werden!",
+                                                          "Möchten Sie den Knoten 't1' löschen?"}));
+    EXPECT_EQ(prompter.asked()[1].caption, "Löschen bestätigen");
+    EXPECT_EQ(CountNodes(doc.m_pFirstNode), 7);
+    EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(ViewCommands, SortAlternatesDirectionByTheConfiguredDate) {
+    ViewContext byDue;
+    byDue.sortByDue = true;
+    Node("t1")->m_timeDue = Day(9); // t1 starts last but is due last too; t3 is due before t2
+    Node("t2")->m_timeDue = Day(8);
+    Node("t3")->m_timeDue = Day(7);
+    MakeView(byDue);
+    Run(cmd::SortByDate);
+    EXPECT_EQ(Outline(), "0:R 1:N 1:M 1:P 2:t3 2:t2 2:t1") << "ascending first, by due date";
+    ASSERT_TRUE(doc.m_pBackupFirst);
+    Run(cmd::SortByDate);
+    EXPECT_EQ(Outline(), "0:R 1:P 2:t1 2:t2 2:t3 1:M 1:N");
+    EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(ViewCommands, CollapseAllSelectsTheFirstNodeAndExpandAllKeepsTheSelection) {
+    CVeltoView& view = MakeView();
+    view.Chart().OnVScroll(CGrafik::SB_LINEDOWN);
+    Select("t2");
+    Run(cmd::CollapseAll);
+    EXPECT_EQ(Selected(), "R");
+    EXPECT_FALSE(Node("P")->m_bVisible) << "the root folds too";
+    EXPECT_EQ(view.Chart().FirstRow(), 0);
+    Select("P");
+    Run(cmd::ExpandAll);
+    EXPECT_TRUE(Node("t2")->m_bVisible);
+    EXPECT_EQ(Selected(), "P");
+    EXPECT_FALSE(doc.IsModified()) << "folding the outline is no change of the project";
+}
+
+TEST_F(ViewCommands, FormatToggleAndColourStampTheNodeAndMarkTheDocument) {
+    int offered = -1;
+    std::optional<int> answer;
+    ViewContext context;
+    context.chooseColour = [&](QWidget*, int colour) {
+        offered = colour;
+        return answer;
+    };
+    MakeView(context);
+    Select("t1");
+    CProjectNode* node = Node("t1");
+    node->m_timeChanged = Day(-30);
+    node->m_crColor = 0x0000FF;
+
+    Run(cmd::NodeColor);
+    EXPECT_EQ(offered, 0x0000FF);
+    EXPECT_EQ(node->m_crColor, 0x0000FF) << "cancelled";
+    EXPECT_FALSE(doc.IsModified());
+
+    answer = 0x00FF00;
+    Run(cmd::NodeColor);
+    EXPECT_EQ(node->m_crColor, 0x00FF00);
+    EXPECT_GT(node->m_timeChanged, Day(-30));
+    EXPECT_TRUE(doc.IsModified());
+
+    for (int id : {cmd::NodeBold, cmd::NodeItalic, cmd::NodeUnderline, cmd::NodeStrikeOut}) {
+        EXPECT_FALSE(Query(id).checked) << id;
+        Run(id);
+        EXPECT_TRUE(Query(id).checked) << id;
+    }
+    EXPECT_TRUE(node->m_bBold && node->m_bItalic && node->m_bUnderline && node->m_bStrikeOut);
+    Run(cmd::NodeBold);
+    EXPECT_FALSE(node->m_bBold);
+    EXPECT_EQ(doc.m_pBackupFirst, nullptr) << "format changes take no undo copy";
+}
+
+TEST_F(ViewCommands, DoneAndTheClockAreForTasksOnly) {
+    MakeView();
+    Select("P");
+    for (int id : {cmd::NodeDone, cmd::ClockIn, cmd::ClockOut})
+        EXPECT_FALSE(Query(id).enabled) << id;
+    Run(cmd::NodeDone);
+    EXPECT_FALSE(Node("P")->m_bDone);
+
+    Select("t2");
+    CProjectNode* task = Node("t2");
+    Run(cmd::NodeDone);
+    EXPECT_TRUE(task->m_bDone);
+    EXPECT_TRUE(Query(cmd::NodeDone).checked);
+    const CTime doneAt = task->m_timeDone;
+    EXPECT_GT(doneAt, Today() - 24 * 3600);
+    Run(cmd::NodeDone);
+    EXPECT_FALSE(task->m_bDone);
+    EXPECT_EQ(task->m_timeDone, doneAt) << "undone keeps the time it was done";
+
+    doc.SetModifiedFlag(false);
+    EXPECT_TRUE(Query(cmd::ClockIn).enabled);
+    EXPECT_FALSE(Query(cmd::ClockOut).enabled);
+    Run(cmd::ClockIn);
+    EXPECT_TRUE(task->m_bClockedIn);
+    EXPECT_FALSE(doc.IsModified()) << "a running clock is not saved";
+    EXPECT_FALSE(Query(cmd::ClockIn).enabled);
+    EXPECT_TRUE(Query(cmd::ClockOut).enabled);
+}
+
+TEST_F(ViewCommands, TheNodeInfoLineShowsStampsAndTheBalanceOfTheMode) {
+    CProjectNode* node = Node("t1");
+    node->m_timeCreated = CTime(2026, 1, 2, 3, 4, 0);
+    node->m_timeChanged = CTime(2026, 2, 3, 14, 5, 0);
+    node->m_timeDone = CTime(2026, 3, 4, 23, 59, 0);
+    node->m_fHoursPlanned = 8;
+    node->m_fHoursNeeded = 10.5f;
+    node->m_fCostPlanned = 100;
+    node->m_fCostNeeded = 40;
+    EXPECT_EQ(
+        CVeltoView::NodeInfoLine(*node, false),
+        QString::fromUtf8("Erstellt: 02.01.26 / 03:04   |  Letzte Änderung: 03.02.26 / 14:05   |  -2.50h"));
+    node->m_bDone = 1;
+    EXPECT_EQ(CVeltoView::NodeInfoLine(*node, true),
+              QString::fromUtf8("Erstellt: 02.01.26 / 03:04   |  Letzte Änderung: 03.02.26 / 14:05   |  "
+                                "Erledigt am: 04.03.26 / 23:59   |  -60.00€"));
+    node->m_nKind = KIND_NOTE;
+    EXPECT_FALSE(CVeltoView::NodeInfoLine(*node, true).contains("Erledigt"));
+
+    MakeView();
+    Select("t1");
+    EXPECT_TRUE(Query(cmd::StatusNodeInfo).text.endsWith("h"));
+    Run(cmd::ToggleCosts);
+    EXPECT_TRUE(Query(cmd::ToggleCosts).checked);
+    EXPECT_TRUE(Query(cmd::StatusNodeInfo).text.endsWith(QString::fromUtf8("€")));
+}
+
+QStringList MenuTexts(QMenu& menu) {
+    QStringList texts;
+    for (QAction* action : menu.actions())
+        texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return texts;
+}
+
+TEST_F(ViewCommands, ATaskGetsTheFullContextMenuAndOtherNodesTheShortOne) {
+    CVeltoView& view = MakeView();
+    Select("t1");
+    std::unique_ptr<QMenu> menu(view.CreateNodeMenu(nullptr));
+    EXPECT_EQ(menu->objectName(), "menu140");
+    EXPECT_EQ(MenuTexts(*menu),
+              (QStringList{"&Erledigt !", "-", "&Fett", "&Kursiv", "&Unterstrichen", "&Durchgestrichen",
+                           "F&arbe", "-", "E&instempeln", "Au&sstempeln"}));
+    EXPECT_FALSE(menu->actions().last()->isEnabled()) << "not clocked in";
+    menu->actions()[2]->trigger();
+    EXPECT_TRUE(Node("t1")->m_bBold);
+
+    Select("M");
+    menu.reset(view.CreateNodeMenu(nullptr));
+    EXPECT_EQ(menu->objectName(), "menu154");
+    EXPECT_EQ(MenuTexts(*menu),
+              (QStringList{"&Fett", "&Kursiv", "&Unterstrichen", "&Durchgestrichen", "F&arbe"}));
+}
+
+TEST_F(ViewCommands, CutThroughTheViewTakesTheUndoCopySoUndoBringsTheNodeBack) {
+    MakeView();
+    Select("P");
+    Run(cmd::EditCut);
+    EXPECT_EQ(Outline(), "0:R 1:N 1:M");
+    Select("M");
+    Run(cmd::EditPaste);
+    Run(cmd::EditPaste);
+    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Zwischenablage ist leer!"});
+    EXPECT_EQ(Outline(), "0:R 1:N 1:P 2:t1 2:t2 2:t3 1:M");
+    Run(cmd::EditUndo);
+    EXPECT_EQ(Outline(), "0:R 1:N 1:M") << "the paste took the copy";
+}
+
+TEST_F(ViewCommands, LaterFeaturesAreClaimedSoTheFramesSharedIdsStayQuiet) {
+    CVeltoView& view = MakeView();
+    for (int id : {cmd::FindText, cmd::FilePrint, cmd::HoursReport, cmd::NoteBold}) {
+        EXPECT_FALSE(Query(id).enabled) << id;
+        EXPECT_TRUE(Run(id)) << id;
+    }
+    CommandState state;
+    EXPECT_FALSE(view.OnUpdateCommand(cmd::FileSave, state)) << "the frame's own";
+}
+
+class ViewSettings : public ShellTest {};
+
+TEST_F(ViewSettings, TheChartOptionsAreReadAsTheyWereMeant) {
+    SettingsStore store(desktop.prompter);
+    const auto read = [&](auto&&... writes) {
+        SettingsSession session = store.Open();
+        (writes(session), ...);
+        EXPECT_TRUE(session.Commit());
+        return ReadViewContext(store.Open(), TempPath("keine-Feiertage.dat").toStdString());
+    };
+    ViewContext none = read();
+    EXPECT_EQ(none.chart.datePrefix, 0);
+    EXPECT_FALSE(none.chart.showResponsible) << "a missing Verant shows nothing";
+    EXPECT_FALSE(none.chart.barInNodeColour);
+    EXPECT_FALSE(none.sortByDue);
+    EXPECT_TRUE(none.holidays.empty());
+
+    ViewContext set =
+        read([](SettingsSession& s) { s.Set(setting::DatePrefix, 2); },
+             [](SettingsSession& s) { s.Set(setting::ShowResponsible, QStringLiteral("false")); },
+             [](SettingsSession& s) { s.Set(setting::BarInNodeColor, 1); },
+             [](SettingsSession& s) { s.Set(setting::SortByDue, 7); });
+    EXPECT_EQ(set.chart.datePrefix, 2);
+    EXPECT_TRUE(set.chart.showResponsible) << "only an upper-case F switches it off";
+    EXPECT_TRUE(set.chart.barInNodeColour);
+    EXPECT_TRUE(set.sortByDue) << "any value but 0 sorts by the due date";
+
+    ViewContext odd =
+        read([](SettingsSession& s) { s.Set(setting::DatePrefix, 4); },
+             [](SettingsSession& s) { s.Set(setting::ShowResponsible, QStringLiteral("FALSE")); },
+             [](SettingsSession& s) { s.Set(setting::BarInNodeColor, 2); },
+             [](SettingsSession& s) { s.Set(setting::SortByDue, 0); });
+    EXPECT_EQ(odd.chart.datePrefix, 0);
+    EXPECT_FALSE(odd.chart.showResponsible);
+    EXPECT_FALSE(odd.chart.barInNodeColour);
+    EXPECT_FALSE(odd.sortByDue);
+}
+
+} // namespace
