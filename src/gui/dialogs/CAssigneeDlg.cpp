@@ -9,6 +9,7 @@
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -31,6 +32,8 @@ CAssigneeDlg::CAssigneeDlg(std::string presetFile, Prompter& prompter, QWidget* 
     add->setObjectName("add");
     takeBack->setObjectName("takeBack");
     add->setAutoDefault(false);
+    add->setToolTip(QString::fromUtf8("Den eingegebenen Text in die Liste übernehmen (Eingabetaste)"));
+    takeBack->setToolTip(QString::fromUtf8("Den gewählten Eintrag zum Bearbeiten in das Eingabefeld holen"));
     takeBack->setAutoDefault(false);
     connect(add, &QPushButton::clicked, this, &CAssigneeDlg::AddPreset);
     connect(takeBack, &QPushButton::clicked, this, &CAssigneeDlg::TakeBackPreset);
@@ -54,7 +57,20 @@ std::vector<std::string> CAssigneeDlg::Presets() const {
 void CAssigneeDlg::AddPreset() {
     // No check for duplicates or empty text: the list takes what is typed.
     const std::string preset = dlgtext::Keep(m_edit->text());
-    m_list->insertItem(int(ListBoxInsertPosition(Presets(), preset)), dlgtext::Show(preset));
+    const int row = int(ListBoxInsertPosition(Presets(), preset));
+    m_list->insertItem(row, dlgtext::Show(preset));
+    m_list->setCurrentRow(row);
+    m_edit->clear();
+}
+
+void CAssigneeDlg::keyPressEvent(QKeyEvent* event) {
+    // Enter after typing a preset adds it, rather than closing the dialog with OK.
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && m_edit->hasFocus()) {
+        event->accept();
+        AddPreset();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void CAssigneeDlg::TakeBackPreset() {

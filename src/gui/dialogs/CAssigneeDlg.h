@@ -7,6 +7,7 @@
 #include <vector>
 
 class Prompter;
+class QKeyEvent;
 class QLineEdit;
 class QListWidget;
 
@@ -18,6 +19,9 @@ public:
     std::vector<std::string> Presets() const;
 
     void accept() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void AddPreset();

@@ -6,8 +6,10 @@
 #include "dialogs/EntryCombos.h"
 #include "document/Prompter.h"
 #include "model/CostLogic.h"
+#include "model/NodeEditLogic.h"
 #include "model/NumberFormat.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QDateEdit>
@@ -15,9 +17,11 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTimeEdit>
 #include <QTreeWidget>
 
@@ -85,6 +89,18 @@ template <typename Row> Row RowOf(const QTreeWidgetItem& item) {
     return row;
 }
 
+// The widths are the design's; a header the platform's font draws wider gets the room it needs.
+int ColumnWidth(const Column& column, const QFontMetrics& metrics) {
+    return std::max(column.width, metrics.horizontalAdvance(QString::fromUtf8(column.header)) + 12);
+}
+
+int TotalWidth(const ColumnSet& columns, const QFontMetrics& metrics) {
+    int total = 0;
+    for (int i = 1; i < kColumns; ++i)
+        total += ColumnWidth(columns[i], metrics);
+    return total;
+}
+
 const char* const kModeCaptions[] = {"Stundenerfassung", "Kalkulierte Kosten", "Benötigte Kosten"};
 
 QPushButton* NewButton(const char* text, const char* name, QWidget* parent) {
@@ -109,6 +125,7 @@ CEntryPanel::CEntryPanel(CProjectNode& copy, EntryHistories& histories, std::str
     m_expense->setChecked(true);
     FillCombos();
     ShowMode();
+    KeepWidthAcrossModes();
 }
 
 QWidget* CEntryPanel::BuildModeRadios() {
@@ -137,8 +154,8 @@ QGroupBox* CEntryPanel::BuildListGroup() {
     m_day = NewDayPicker(m_group);
     m_begin = NewTimePicker(m_group);
     m_end = NewTimePicker(m_group);
-    m_unitPrice = new CStepEdit(0.5, m_group);
-    m_quantity = new CStepEdit(0.5, m_group);
+    m_unitPrice = new CStepEdit(kHalfStep, m_group);
+    m_quantity = new CStepEdit(kHalfStep, m_group);
     m_expense = new QRadioButton("Ausgabe", m_group);
     m_income = new QRadioButton("Einnahme", m_group);
     m_assignee = NewEntryCombo(m_group);
@@ -184,17 +201,47 @@ QGroupBox* CEntryPanel::BuildListGroup() {
     actions->addWidget(m_expense);
     actions->addWidget(m_income);
     actions->addStretch(1);
-    QPushButton* add = NewButton("Zu Liste hinzufügen", "addEntry", m_group);
-    QPushButton* takeBack = NewButton("Eintrag editieren / löschen", "takeBackEntry", m_group);
-    actions->addWidget(add);
-    actions->addWidget(takeBack);
+    m_add = NewButton("Zu Liste hinzufügen", "addEntry", m_group);
+    m_add->setToolTip(
+        QString::fromUtf8("Den Eintrag der Eingabezeile in die Liste übernehmen (Eingabetaste)"));
+    m_takeBack = NewButton("Eintrag editieren / löschen", "takeBackEntry", m_group);
+    m_takeBack->setToolTip(
+        QString::fromUtf8("Den gewählten Eintrag aus der Liste nehmen und in die Eingabezeile stellen"));
+    actions->addWidget(m_add);
+    actions->addWidget(m_takeBack);
     grid->addLayout(actions, 2, 0, 1, 5);
     grid->addWidget(m_list, 3, 0, 1, 5);
     grid->setRowStretch(3, 1);
 
-    connect(add, &QPushButton::clicked, this, &CEntryPanel::AddEntry);
-    connect(takeBack, &QPushButton::clicked, this, &CEntryPanel::TakeBackEntry);
+    connect(m_add, &QPushButton::clicked, this, &CEntryPanel::AddEntry);
+    connect(m_takeBack, &QPushButton::clicked, this, &CEntryPanel::TakeBackEntry);
     return m_group;
+}
+
+QList<QWidget*> CEntryPanel::TabChain() const {
+    return {m_modeRadios[0], m_modeRadios[1], m_modeRadios[2], m_day,      m_begin,
+            m_unitPrice,     m_end,           m_quantity,      m_assignee, m_remark,
+            m_expense,       m_income,        m_add,           m_takeBack, m_list};
+}
+
+QList<QWidget*> CEntryPanel::InputRow() const {
+    return {m_day, m_begin, m_end, m_unitPrice, m_quantity, m_assignee, m_remark, m_expense, m_income};
+}
+
+// Enter in the input row adds the entry: typing a remark and pressing Enter must not close the
+// whole dialog with OK.
+void CEntryPanel::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QWidget* focus = QApplication::focusWidget();
+    const QList<QWidget*> row = InputRow();
+    if (enter && focus && std::any_of(row.begin(), row.end(), [focus](QWidget* w) {
+            return w == focus || w->isAncestorOf(focus);
+        })) {
+        event->accept();
+        AddEntry();
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }
 
 void CEntryPanel::SetMode(ListMode mode) {
@@ -203,9 +250,7 @@ void CEntryPanel::SetMode(ListMode mode) {
     ShowMode();
 }
 
-void CEntryPanel::ShowMode() {
-    const bool hours = m_mode == ListMode::Hours;
-    m_group->setTitle(QString::fromUtf8(kModeCaptions[int(m_mode)]));
+void CEntryPanel::ShowInputRow(bool hours) {
     m_beginLabel->setText(hours ? "Beginn" : "Einzelpreis in €");
     m_endLabel->setText(hours ? "Ende" : "Anzahl");
     m_begin->setVisible(hours);
@@ -213,6 +258,23 @@ void CEntryPanel::ShowMode() {
     for (QWidget* costOnly : {static_cast<QWidget*>(m_unitPrice), static_cast<QWidget*>(m_quantity),
                               static_cast<QWidget*>(m_expense), static_cast<QWidget*>(m_income)})
         costOnly->setVisible(!hours);
+}
+
+// As wide as the wider input row, so that the dialog keeps its width when the mode changes.
+void CEntryPanel::KeepWidthAcrossModes() {
+    int widest = 0;
+    for (bool hours : {false, true}) {
+        ShowInputRow(hours);
+        widest = std::max(widest, minimumSizeHint().width());
+    }
+    setMinimumWidth(widest);
+    ShowInputRow(m_mode == ListMode::Hours);
+}
+
+void CEntryPanel::ShowMode() {
+    const bool hours = m_mode == ListMode::Hours;
+    m_group->setTitle(QString::fromUtf8(kModeCaptions[int(m_mode)]));
+    ShowInputRow(hours);
 
     const ColumnSet& columns = hours ? kHoursColumns : kCostColumns;
     QStringList headers;
@@ -220,16 +282,15 @@ void CEntryPanel::ShowMode() {
         headers << QString::fromUtf8(column.header);
     m_list->setHeaderLabels(headers);
     m_list->setColumnHidden(0, true);
-    // The widths are the design's; a header the platform's font draws wider gets the room it needs.
     const QFontMetrics metrics = m_list->header()->fontMetrics();
-    int total = 0;
     for (int i = 1; i < kColumns; ++i) {
-        const int width = std::max(columns[i].width, metrics.horizontalAdvance(headers[i]) + 12);
-        m_list->setColumnWidth(i, width);
+        m_list->setColumnWidth(i, ColumnWidth(columns[i], metrics));
         m_list->headerItem()->setTextAlignment(i, columns[i].alignment);
-        total += width;
     }
-    m_list->setMinimumWidth(total + 2 * m_list->frameWidth() + 24);
+    // Wide enough for either set of columns, so that the dialog keeps its width between the modes.
+    const int widest = std::max(TotalWidth(kHoursColumns, metrics), TotalWidth(kCostColumns, metrics));
+    m_list->setMinimumWidth(widest + 2 * m_list->frameWidth() +
+                            m_list->verticalScrollBar()->sizeHint().width());
     Refill();
 }
 

@@ -14,7 +14,9 @@ class Prompter;
 class QComboBox;
 class QDateEdit;
 class QGroupBox;
+class QKeyEvent;
 class QLabel;
+class QPushButton;
 class QRadioButton;
 class QTimeEdit;
 class QTreeWidget;
@@ -35,15 +37,23 @@ public:
     void Refill();
     // Refills the list when a cost list is shown (its automatic entry has changed).
     void RefreshCosts();
+    // The panel's controls in the order Tab visits them.
+    QList<QWidget*> TabChain() const;
 
 signals:
     // The hours list changed: "Benötigt" becomes its sum.
     void NeededHoursChanged(const QString& text);
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     QWidget* BuildModeRadios();
     QGroupBox* BuildListGroup();
+    QList<QWidget*> InputRow() const;
     void ShowMode();
+    void ShowInputRow(bool hours);
+    void KeepWidthAcrossModes();
     void FillCombos();
     void InsertRowSorted(const QStringList& columns);
     QTreeWidgetItem* SelectedRow() const;
@@ -76,5 +86,7 @@ private:
     QRadioButton* m_income;
     QComboBox* m_assignee;
     QComboBox* m_remark;
+    QPushButton* m_add;
+    QPushButton* m_takeBack;
     QTreeWidget* m_list;
 };

@@ -4,6 +4,7 @@
 #include "dialogs/DialogText.h"
 #include "model/PickListLogic.h"
 
+#include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
@@ -18,7 +19,13 @@ CNewResponsibleDlg::CNewResponsibleDlg(QWidget* parent)
     auto* form = new QFormLayout(this);
     form->addRow("Name", m_name);
     form->addRow("Kurzzeichen", m_shortCode);
-    form->addRow(NewButtonRow(this));
+    QDialogButtonBox* buttons = NewButtonRow(this);
+    form->addRow(buttons);
+    // A person needs a name; the short code may stay empty.
+    QAbstractButton* ok = AcceptButtonOf(buttons);
+    ok->setEnabled(false);
+    connect(m_name, &QLineEdit::textChanged, ok,
+            [ok](const QString& name) { ok->setEnabled(!name.trimmed().isEmpty()); });
 }
 
 std::string CNewResponsibleDlg::Person() const {

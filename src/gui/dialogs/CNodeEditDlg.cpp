@@ -28,10 +28,11 @@
 
 namespace {
 
-QGroupBox* GroupWith(const char* title, QWidget* content, QWidget* parent) {
+QGroupBox* GroupWith(const char* title, std::initializer_list<QWidget*> content, QWidget* parent) {
     auto* group = new QGroupBox(QString::fromUtf8(title), parent);
     auto* layout = new QHBoxLayout(group);
-    layout->addWidget(content);
+    for (QWidget* widget : content)
+        layout->addWidget(widget);
     return group;
 }
 
@@ -53,20 +54,26 @@ CNodeEditDlg::CNodeEditDlg(CProjectNode& node, const NodeEditContext& context, P
     m_title = new QLineEdit(this);
     m_title->setObjectName("title");
     dlgtext::Restrict(m_title);
-    m_entries = new CEntryPanel(*m_copy, m_histories, m_context.presetFile, m_prompter, this);
+
+    // Kept wide enough for a long title even when the kind shows little else.
+    m_title->setMinimumWidth(360);
 
     auto* top = new QHBoxLayout;
     top->addWidget(BuildKindGroup());
     top->addWidget(BuildResponsibleGroup());
     top->addStretch(1);
+    top->addLayout(BuildFormatButtons());
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_title);
     layout->addLayout(top);
     layout->addWidget(BuildDateRow());
     layout->addWidget(BuildHoursGroup());
+    m_entries = new CEntryPanel(*m_copy, m_histories, m_context.presetFile, m_prompter, this);
     layout->addWidget(m_entries, 1);
-    layout->addWidget(NewButtonRow(this));
+    QDialogButtonBox* buttons = NewButtonRow(this);
+    layout->addWidget(buttons);
+    SetTabOrder(buttons);
 
     LoadNode();
     ConnectChanges();
@@ -82,6 +89,20 @@ bool CNodeEditDlg::Run(QWidget* parent, CProjectNode& node, NodeEditContext& con
         return false;
     context.histories = dialog.Histories();
     return true;
+}
+
+// Top to bottom, left to right, as the controls are laid out; the step buttons are left out, the
+// arrow keys in their edits step instead.
+void CNodeEditDlg::SetTabOrder(QDialogButtonBox* buttons) {
+    QList<QWidget*> chain{m_title};
+    for (int kind : {KIND_PROJECT, KIND_TASK, KIND_MILESTONE, KIND_NOTE})
+        chain << m_kinds->button(kind);
+    chain << m_responsibleButton << m_start << m_due << m_done << m_fontButton << m_alarmButton << m_planned
+          << m_needed << m_rate << m_entries->TabChain();
+    for (QAbstractButton* button : buttons->buttons())
+        chain << button;
+    for (qsizetype i = 1; i < chain.size(); ++i)
+        QWidget::setTabOrder(chain[i - 1], chain[i]);
 }
 
 QWidget* CNodeEditDlg::BuildKindGroup() {
@@ -110,17 +131,31 @@ QWidget* CNodeEditDlg::BuildKindGroup() {
 QWidget* CNodeEditDlg::BuildResponsibleGroup() {
     m_responsibleGroup = new QGroupBox("Verantwortlich", this);
     auto* row = new QHBoxLayout(m_responsibleGroup);
-    QPushButton* choose = NewButton(QString(), "responsible", m_responsibleGroup);
-    choose->setIcon(ResponsibleIcon());
-    choose->setIconSize(QSize(24, 24));
-    choose->setToolTip("Verantwortlich");
+    m_responsibleButton = NewButton(QString(), "responsible", m_responsibleGroup);
+    m_responsibleButton->setIcon(ResponsibleIcon());
+    m_responsibleButton->setIconSize(QSize(24, 24));
+    m_responsibleButton->setToolTip(QString::fromUtf8("Verantwortlichen auswählen oder neu anlegen"));
     m_responsibleName = new QLabel(m_responsibleGroup);
     m_responsibleName->setObjectName("responsibleName");
     m_responsibleName->setMinimumWidth(160);
-    row->addWidget(choose);
+    row->addWidget(m_responsibleButton);
     row->addWidget(m_responsibleName, 1);
-    connect(choose, &QPushButton::clicked, this, &CNodeEditDlg::ChooseResponsible);
+    connect(m_responsibleButton, &QPushButton::clicked, this, &CNodeEditDlg::ChooseResponsible);
     return m_responsibleGroup;
+}
+
+QLayout* CNodeEditDlg::BuildFormatButtons() {
+    m_fontButton = NewButton("Schriftart", "textFormat", this);
+    m_fontButton->setToolTip("Schrift, Stil und Farbe des Titels");
+    m_alarmButton = NewButton("Alarm", "alarm", this);
+    m_alarmButton->setIconSize(QSize(20, 20));
+    auto* column = new QVBoxLayout;
+    column->addStretch(1);
+    column->addWidget(m_fontButton);
+    column->addWidget(m_alarmButton);
+    connect(m_fontButton, &QPushButton::clicked, this, &CNodeEditDlg::EditTextFormat);
+    connect(m_alarmButton, &QPushButton::clicked, this, &CNodeEditDlg::EditReminder);
+    return column;
 }
 
 QWidget* CNodeEditDlg::BuildDateRow() {
@@ -131,22 +166,15 @@ QWidget* CNodeEditDlg::BuildDateRow() {
     m_due = NewDayPicker(box);
     m_start->setObjectName("start");
     m_due->setObjectName("due");
-    m_startGroup = GroupWith("Aufgabe starten", m_start, box);
-    m_dueGroup = GroupWith("Zu erledigen bis", m_due, box);
     m_done = new QCheckBox("Erledigt !", box);
     m_done->setObjectName("done");
-    m_fontButton = NewButton("Schriftart", "textFormat", box);
-    m_alarmButton = NewButton("Alarm", "alarm", box);
-    m_alarmButton->setIconSize(QSize(24, 24));
+    m_startGroup = GroupWith("Aufgabe starten", {m_start}, box);
+    // "Erledigt !" sits beside the due day it completes; a milestone hides it and keeps the day.
+    m_dueGroup = GroupWith("Zu erledigen bis", {m_due, m_done}, box);
     row->addWidget(m_startGroup);
     row->addWidget(m_dueGroup);
-    row->addWidget(m_done);
     row->addStretch(1);
-    row->addWidget(m_fontButton);
-    row->addWidget(m_alarmButton);
     connect(m_done, &QCheckBox::clicked, this, &CNodeEditDlg::MarkDoneClicked);
-    connect(m_fontButton, &QPushButton::clicked, this, &CNodeEditDlg::EditTextFormat);
-    connect(m_alarmButton, &QPushButton::clicked, this, &CNodeEditDlg::EditReminder);
     return box;
 }
 
@@ -225,7 +253,13 @@ void CNodeEditDlg::RegenerateAutomaticEntries() {
 }
 
 void CNodeEditDlg::ShowReminderState() {
-    m_alarmButton->setIcon(m_copy->m_timeReminder.IsNull() ? ReminderOffIcon() : ReminderOnIcon());
+    const CTime reminder = m_copy->m_timeReminder;
+    m_alarmButton->setIcon(reminder.IsNull() ? ReminderOffIcon() : ReminderOnIcon());
+    m_alarmButton->setToolTip(reminder.IsNull()
+                                  ? QString("Erinnerung einstellen (zurzeit aus)")
+                                  : QString("Erinnerung am %1 um %2 Uhr")
+                                        .arg(QString::fromStdString(reminder.Format("%d.%m.%Y")),
+                                             QString::fromStdString(reminder.Format("%H:%M"))));
 }
 
 void CNodeEditDlg::MarkDoneClicked() {
@@ -251,13 +285,15 @@ void CNodeEditDlg::EditTextFormat() {
 void CNodeEditDlg::EditReminder() {
     const CTime current = m_copy->m_timeReminder;
     CReminderDlg dialog(current.IsNull() ? CTime::GetCurrentTime() : current, this);
-    // "Erinnerung aus" switches the reminder off.
-    m_copy->m_timeReminder = dialog.exec() == QDialog::Accepted ? dialog.Chosen() : CTime();
+    if (dialog.exec() == QDialog::Accepted)
+        m_copy->m_timeReminder = dialog.Chosen();
+    else if (dialog.SwitchedOff())
+        m_copy->m_timeReminder = CTime();
     ShowReminderState();
 }
 
 void CNodeEditDlg::ChooseResponsible() {
-    CResponsibleDlg dialog(m_context.firstNode, this);
+    CResponsibleDlg dialog(m_context.firstNode, m_responsible, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
     m_responsible = dialog.Person();

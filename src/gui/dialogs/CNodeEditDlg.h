@@ -18,8 +18,10 @@ class QAbstractButton;
 class QButtonGroup;
 class QCheckBox;
 class QDateEdit;
+class QDialogButtonBox;
 class QGroupBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 
@@ -54,8 +56,10 @@ public:
 private:
     QWidget* BuildKindGroup();
     QWidget* BuildResponsibleGroup();
+    QLayout* BuildFormatButtons();
     QWidget* BuildDateRow();
     QWidget* BuildHoursGroup();
+    void SetTabOrder(QDialogButtonBox* buttons);
     void LoadNode();
     void ConnectChanges();
 
@@ -80,6 +84,7 @@ private:
     QLineEdit* m_title;
     QButtonGroup* m_kinds;
     QGroupBox* m_responsibleGroup;
+    QPushButton* m_responsibleButton;
     QLabel* m_responsibleName;
     QGroupBox* m_startGroup;
     QDateEdit* m_start;

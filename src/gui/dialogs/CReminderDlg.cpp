@@ -3,6 +3,7 @@
 #include "dialogs/DialogParts.h"
 #include "model/NodeEditLogic.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QDialogButtonBox>
@@ -39,7 +40,14 @@ CReminderDlg::CReminderDlg(CTime proposed, QWidget* parent)
     row->addWidget(m_minute);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(row);
-    layout->addWidget(NewButtonRow(this, "Erinnerung ein", "Erinnerung aus"));
+    QDialogButtonBox* buttons = NewButtonRow(this, "Erinnerung ein", "Erinnerung aus");
+    layout->addWidget(buttons);
+    // The box reports the click before it rejects the dialog.
+    connect(buttons, &QDialogButtonBox::clicked, this, [this, buttons](QAbstractButton* button) {
+        m_switchedOff = buttons->buttonRole(button) == QDialogButtonBox::RejectRole;
+    });
+    m_hour->setToolTip("Stunde");
+    m_minute->setToolTip("Minute");
 }
 
 CTime CReminderDlg::Chosen() const {

@@ -20,18 +20,25 @@ std::vector<std::string> Items(const QListWidget* list) {
 
 } // namespace
 
-CResponsibleDlg::CResponsibleDlg(const CProjectNode* first, QWidget* parent)
+CResponsibleDlg::CResponsibleDlg(const CProjectNode* first, const std::string& current, QWidget* parent)
     : QDialog(parent), m_list(new QListWidget(this)) {
     setWindowTitle("Verantwortlich");
     m_list->setObjectName("persons");
-    for (const std::string& person : ResponsibleChoices(first))
+    for (const std::string& person : ResponsibleChoices(first)) {
         m_list->addItem(dlgtext::Show(person));
+        // The current person starts selected, so "Auswählen" without a click keeps it.
+        if (!current.empty() && person == current)
+            m_list->setCurrentRow(m_list->count() - 1);
+    }
+    connect(m_list, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
 
     auto* buttons = new QDialogButtonBox(this);
     QPushButton* choose = buttons->addButton("Auswählen", QDialogButtonBox::AcceptRole);
     choose->setDefault(true);
     QPushButton* add = buttons->addButton("Hinzufügen", QDialogButtonBox::ActionRole);
     add->setObjectName("add");
+    add->setAutoDefault(false);
+    add->setToolTip("Einen neuen Verantwortlichen mit Name und Kurzzeichen anlegen");
     connect(choose, &QPushButton::clicked, this, &QDialog::accept);
     connect(add, &QPushButton::clicked, this, &CResponsibleDlg::AddNewPerson);
 

@@ -11,7 +11,8 @@ class QListWidget;
 class CResponsibleDlg : public QDialog {
     Q_OBJECT
 public:
-    CResponsibleDlg(const CProjectNode* first, QWidget* parent = nullptr);
+    // first: the project's node list; current: the node's responsible person, selected at the start.
+    CResponsibleDlg(const CProjectNode* first, const std::string& current, QWidget* parent = nullptr);
     // The selected person; empty for no selection and for "--- Keiner ---".
     std::string Person() const;
 

@@ -26,7 +26,12 @@ signals:
     // Every change of the text, typed or set.
     void TextChanged(const QString& text);
 
+protected:
+    // The arrow keys in the edit step like the buttons, so that the keyboard needs no stop on them.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    double m_step;
     QLineEdit* m_edit;
     QToolButton* m_plus;
     QToolButton* m_minus;

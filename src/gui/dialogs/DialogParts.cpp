@@ -15,6 +15,13 @@ QDialogButtonBox* NewButtonRow(QDialog* dialog, const QString& okText, const QSt
     return buttons;
 }
 
+QAbstractButton* AcceptButtonOf(const QDialogButtonBox* buttons) {
+    for (QAbstractButton* button : buttons->buttons())
+        if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
+            return button;
+    return nullptr;
+}
+
 QDateEdit* NewDayPicker(QWidget* parent) {
     auto* picker = new QDateEdit(QDate::currentDate(), parent);
     picker->setDisplayFormat("dd.MM.yyyy");

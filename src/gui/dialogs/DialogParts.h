@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QTime>
 
+class QAbstractButton;
 class QDateEdit;
 class QDialog;
 class QDialogButtonBox;
@@ -16,6 +17,8 @@ class QWidget;
 // accepts and rejects the dialog.
 QDialogButtonBox* NewButtonRow(QDialog* dialog, const QString& okText = "OK",
                                const QString& cancelText = "Abbrechen");
+// The accept button of such a row.
+QAbstractButton* AcceptButtonOf(const QDialogButtonBox* buttons);
 
 // A day picker ("dd.MM.yyyy", with a calendar) limited to 1970-01-01 .. 2037-12-31.
 QDateEdit* NewDayPicker(QWidget* parent);

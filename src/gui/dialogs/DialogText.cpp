@@ -1,6 +1,6 @@
 #include "dialogs/DialogText.h"
 
-#include "model/Cp1252.h"
+#include "app/Cp1252Text.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -8,15 +8,15 @@
 namespace dlgtext {
 
 QString Show(std::string_view cp1252Bytes) {
-    return QString::fromStdString(cp1252::ToUtf8(cp1252Bytes));
+    return ToQString(cp1252Bytes);
 }
 
 std::string Keep(const QString& text) {
-    return cp1252::FromUtf8Lossy(text.toStdString());
+    return ToCp1252Lossy(text);
 }
 
 QValidator::State Cp1252Validator::validate(QString& input, int&) const {
-    return cp1252::Fits(input.toStdString()) ? Acceptable : Invalid;
+    return ToCp1252(input) ? Acceptable : Invalid;
 }
 
 void Restrict(QLineEdit* edit) {

@@ -13,7 +13,7 @@ class QLineEdit;
 
 namespace dlgtext {
 
-// Lossless for all 256 byte values.
+// Lossless for all 256 byte values; both go through the GUI's one Windows-1252 helper.
 QString Show(std::string_view cp1252Bytes);
 // The edits only hold what fits (see Restrict); anything else would become '?'.
 std::string Keep(const QString& text);

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTest>
 #include <QTimeEdit>
 #include <fstream>
 #include <sstream>
@@ -70,7 +71,8 @@ TEST_F(ClockOutFixture, AnAcceptedEntryAddsItsHoursAndTheTexts) {
 }
 
 TEST_F(ClockOutFixture, ClosingWithARunningClockClocksOutAndStaysOpen) {
-    doc.SetClockOutHandler([this](CProjectNode& node) { ClockOutNodeOfDocument(nullptr, doc, node, prompter); });
+    doc.SetClockOutHandler(
+        [this](CProjectNode& node) { ClockOutNodeOfDocument(nullptr, doc, node, prompter); });
     OnNextModal<CClockOutDlg>([](CClockOutDlg& dialog) {
         Find<QTimeEdit>(dialog, "begin")->setTime(QTime(8, 0));
         Find<QTimeEdit>(dialog, "end")->setTime(QTime(9, 0));
@@ -123,22 +125,30 @@ TEST(Presets, TwoWordsAreStoredJoinedAndComeBackSorted) {
     CAssigneeDlg dialog(file, prompter);
     Find<QLineEdit>(dialog, "preset")->setText("Max Muster");
     Find<QPushButton>(dialog, "add")->click();
+    // Enter in the edit adds too, rather than closing the dialog and writing the file.
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    Find<QLineEdit>(dialog, "preset")->setFocus();
+    QTest::keyClicks(Find<QLineEdit>(dialog, "preset"), "Anna");
+    QTest::keyClick(Find<QLineEdit>(dialog, "preset"), Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(Find<QListWidget>(dialog, "presets")->count(), 3);
     ClickOk(dialog);
-    EXPECT_EQ(Bytes(file), "Max#~*Muster\rZeta\r");
+    EXPECT_EQ(Bytes(file), "Anna\rMax#~*Muster\rZeta\r");
     EXPECT_EQ(Bytes(dir.File("Bearbeiter.bak")), "Zeta\r");
 
     CAssigneeDlg again(file, prompter);
     QListWidget* list = Find<QListWidget>(again, "presets");
-    ASSERT_EQ(list->count(), 2);
-    EXPECT_EQ(list->item(0)->text(), "Max Muster");
+    ASSERT_EQ(list->count(), 3);
+    EXPECT_EQ(list->item(1)->text(), "Max Muster");
     Find<QPushButton>(again, "takeBack")->click();
     EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Kein Eintrag ausgewählt!"});
-    list->setCurrentRow(0);
+    list->setCurrentRow(1);
     Find<QPushButton>(again, "takeBack")->click();
     EXPECT_EQ(Find<QLineEdit>(again, "preset")->text(), "Max Muster");
-    EXPECT_EQ(list->count(), 1);
+    EXPECT_EQ(list->count(), 2);
     ClickCancel(again);
-    EXPECT_EQ(Bytes(file), "Max#~*Muster\rZeta\r") << "Cancel writes nothing";
+    EXPECT_EQ(Bytes(file), "Anna\rMax#~*Muster\rZeta\r") << "Cancel writes nothing";
 }
 
 } // namespace

@@ -19,7 +19,10 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTest>
+#include <QTimeEdit>
 #include <QToolButton>
+#include <QTreeWidget>
 
 namespace {
 
@@ -68,8 +71,9 @@ TEST_F(NodeDialog, AProjectWithChildrenIsRefusedAfterTheUndoCopyAndStaysAProject
         ClickOk(*dialog);
         ASSERT_FALSE(prompter.asked().empty());
         EXPECT_EQ(prompter.asked().back().caption, "Knoten Wandlung nicht möglich");
-        EXPECT_EQ(prompter.asked().back().text, std::string("Umwandlung in Knotenart ") + name +
-                                                    " nicht möglich, da der Projektknoten Unterknoten besitzt!");
+        EXPECT_EQ(prompter.asked().back().text,
+                  std::string("Umwandlung in Knotenart ") + name +
+                      " nicht möglich, da der Projektknoten Unterknoten besitzt!");
         EXPECT_TRUE(dialog->isVisible());
         EXPECT_TRUE(Find<QRadioButton>(*dialog, "kindProject")->isChecked());
         EXPECT_EQ(Find<QLineEdit>(*dialog, "title")->text(), "Umbenannt") << "the input stays";
@@ -85,7 +89,8 @@ TEST_F(NodeDialog, DatesAreCheckedByDayAndAMilestoneTakesTheDueDay) {
     ClickOk(*dialog);
     ASSERT_EQ(prompter.asked().size(), 1u);
     EXPECT_EQ(prompter.asked()[0].caption, "Zeiteingaben nicht plausibel");
-    EXPECT_EQ(prompter.asked()[0].text, "Der Zeitpunkt 'Zu Erledigen Bis' muss nach 'Aufgabe starten' liegen!");
+    EXPECT_EQ(prompter.asked()[0].text,
+              "Der Zeitpunkt 'Zu Erledigen Bis' muss nach 'Aufgabe starten' liegen!");
     EXPECT_TRUE(dialog->isVisible());
 
     Find<QDateEdit>(*dialog, "due")->setDate(QDate(2024, 5, 6));
@@ -130,6 +135,12 @@ TEST_F(NodeDialog, StepButtonsMoveQuarterAndHalfMarks) {
         (plus ? planned->PlusButton() : planned->MinusButton())->click();
         EXPECT_EQ(planned->Text(), to) << from;
     }
+    // The arrow keys in the edit step like the buttons.
+    planned->SetText("1.10");
+    QTest::keyClick(planned->Edit(), Qt::Key_Up);
+    EXPECT_EQ(planned->Text(), "1.25");
+    QTest::keyClick(planned->Edit(), Qt::Key_Down);
+    EXPECT_EQ(planned->Text(), "1.00");
     CStepEdit* rate = Find<CStepEdit>(*dialog, "rate");
     rate->SetText("2.2");
     rate->PlusButton()->click();
@@ -181,6 +192,10 @@ TEST_F(NodeDialog, ReminderHour24IsMidnightOfTheNextDayAndOffClearsIt) {
     EXPECT_EQ(tree["T"]->m_timeReminder.Format("%d.%m.%Y %H:%M:%S"), "06.05.2024 00:15:00");
 
     auto again = Open("T");
+    // Escape (or closing the window) leaves the reminder as it was.
+    OnNextModal<CReminderDlg>([](CReminderDlg& reminder) { QTest::keyClick(&reminder, Qt::Key_Escape); });
+    Find<QPushButton>(*again, "alarm")->click();
+    EXPECT_FALSE(Find<QPushButton>(*again, "alarm")->toolTip().contains("aus"));
     OnNextModal<CReminderDlg>([](CReminderDlg& reminder) { ClickCancel(reminder); });
     Find<QPushButton>(*again, "alarm")->click();
     ClickOk(*again);
@@ -197,6 +212,7 @@ TEST_F(NodeDialog, ResponsiblePersonsAreListedOnceAndNobodyClears) {
         QListWidget* list = Find<QListWidget>(choice, "persons");
         ASSERT_EQ(list->count(), 2);
         EXPECT_EQ(list->item(1)->text(), "Eva");
+        EXPECT_EQ(list->currentRow(), 1) << "the current person starts selected";
         list->setCurrentRow(0); // "--- Keiner ---"
         ClickOk(choice);
     });
@@ -210,6 +226,7 @@ TEST_F(NodeDialog, ANewResponsiblePersonIsChosenAtOnce) {
     auto dialog = Open("P");
     OnNextModal<CResponsibleDlg>([](CResponsibleDlg& choice) {
         OnNextModal<CNewResponsibleDlg>([](CNewResponsibleDlg& add) {
+            EXPECT_FALSE(ButtonOfRole(add, QDialogButtonBox::AcceptRole)->isEnabled()) << "a name is needed";
             Find<QLineEdit>(add, "name")->setText("Jürgen");
             Find<QLineEdit>(add, "shortCode")->setText("JÜ");
             ClickOk(add);
@@ -220,6 +237,37 @@ TEST_F(NodeDialog, ANewResponsiblePersonIsChosenAtOnce) {
     EXPECT_EQ(Find<QLabel>(*dialog, "responsibleName")->text(), "Jürgen «» JÜ");
     ClickOk(*dialog);
     EXPECT_EQ(tree["P"]->m_strResponsible, "J\xFCrgen \xAB\xBB J\xDC");
+}
+
+TEST_F(NodeDialog, TabFollowsTheLayoutAndEnterInTheInputRowAddsTheEntry) {
+    auto dialog = Open("T");
+    QApplication::setActiveWindow(dialog.get());
+    Find<QLineEdit>(*dialog, "title")->setFocus();
+    // The named control that holds the focus; Tab through the sections of a date counts once.
+    QStringList visited;
+    for (int i = 0; i < 60 && !visited.contains("entries"); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QWidget* w = QApplication::focusWidget();
+        while (w && (w->objectName().isEmpty() || w->objectName().startsWith("qt_")))
+            w = w->parentWidget();
+        if (w && (visited.isEmpty() || visited.back() != w->objectName()))
+            visited << w->objectName();
+    }
+    const QStringList expected{"kindProject", "responsible", "start",         "due",      "done",
+                               "textFormat",  "alarm",       "planned",       "needed",   "rate",
+                               "modeHours",   "entryDay",    "entryBegin",    "entryEnd", "entryAssignee",
+                               "entryRemark", "addEntry",    "takeBackEntry", "entries"};
+    EXPECT_EQ(visited, expected) << "one stop for each radio group, none on + and -";
+
+    Find<QTimeEdit>(*dialog, "entryBegin")->setTime(QTime(8, 0));
+    Find<QTimeEdit>(*dialog, "entryEnd")->setTime(QTime(9, 0));
+    QComboBox* remark = Find<QComboBox>(*dialog, "entryRemark");
+    remark->setFocus();
+    remark->setCurrentText("Montage");
+    QTest::keyClick(remark, Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible()) << "Enter while typing an entry does not close the dialog";
+    EXPECT_EQ(Find<QTreeWidget>(*dialog, "entries")->topLevelItemCount(), 1);
+    EXPECT_EQ(Find<QLineEdit>(*dialog, "needed")->text(), "1.00");
 }
 
 } // namespace
