@@ -5,13 +5,16 @@
 #include <string_view>
 #include <vector>
 
+// Light green (red 220, green 255, blue 220): the colour a new entry starts with.
+inline constexpr int kDefaultHolidayColor = 0xDCFFDC;
+
 struct CHoliday {
     int day = 1;
     int month = 1;
     int year = 1970;
-    int color = 0xDCFFDC; // COLORREF of the day column, red in the low byte
-    std::string name;     // Windows-1252; an empty name comes back from the file as one blank
-    bool yearly = false;  // stored as "JA" / "NEIN"
+    int color = kDefaultHolidayColor; // COLORREF of the day column, red in the low byte
+    std::string name;                 // Windows-1252; an empty name comes back from the file as one blank
+    bool yearly = false;              // stored as "JA" / "NEIN"
 };
 
 // Parses the file's bytes. An entry cut short by the end of the file is dropped, as is the last
