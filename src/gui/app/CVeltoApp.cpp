@@ -1,7 +1,11 @@
 #include "app/CVeltoApp.h"
 
 #include "app/CMainFrame.h"
+#include "app/CommandIds.h"
 #include "app/Desktop.h"
+#include "dialogs/CHolidayDlg.h"
+#include "dialogs/CSettingsDlg.h"
+#include "dialogs/NodeDialogs.h"
 #include "document/Prompter.h"
 
 #include <QCoreApplication>
@@ -12,9 +16,23 @@
 
 CVeltoApp::CVeltoApp(Desktop& desktop)
     : m_desktop(desktop), m_settings(desktop.GetPrompter()),
-      m_frame(std::make_unique<CMainFrame>(desktop, m_settings, m_recent)) {}
+      m_frame(std::make_unique<CMainFrame>(desktop, m_settings, m_recent)) {
+    RegisterDialogs();
+}
 
 CVeltoApp::~CVeltoApp() = default;
+
+void CVeltoApp::RegisterDialogs() {
+    // The menus with and without a project have their own command for the same dialog.
+    const auto settings = [this] { EditSettings(m_frame.get(), m_settings, m_desktop); };
+    const auto holidays = [this] { EditHolidays(m_frame.get(), m_desktop.GetPrompter()); };
+    m_frame->SetCommandHandler(cmd::SettingsNoDoc, settings);
+    m_frame->SetCommandHandler(cmd::Settings, settings);
+    m_frame->SetCommandHandler(cmd::HolidaysNoDoc, holidays);
+    m_frame->SetCommandHandler(cmd::Holidays, holidays);
+    m_frame->SetCommandHandler(cmd::Assignees,
+                               [this] { EditAssigneePresets(m_frame.get(), m_desktop.GetPrompter()); });
+}
 
 void CVeltoApp::Start(const QStringList& files) {
     if (m_frame->WasMaximized())

@@ -26,6 +26,8 @@ public:
     static void InstallQtTranslation();
 
 private:
+    // Plugs the dialogs of the settings, the holidays and the assignee presets into their commands.
+    void RegisterDialogs();
     // True when a file was named in the settings (opened or not).
     bool OpenStartupFiles();
 

@@ -12,6 +12,18 @@ bool Usable(const QSettings& settings) {
 }
 } // namespace
 
+int setting::DatePrefixOf(std::optional<int> stored) {
+    return stored && *stored >= 1 && *stored <= 3 ? *stored : 0;
+}
+
+bool setting::IsResponsibleShown(const std::optional<QString>& stored) {
+    return stored && !stored->startsWith(QLatin1Char('F'));
+}
+
+QString setting::ResponsibleText(bool shown) {
+    return shown ? QStringLiteral("TRUE") : QStringLiteral("FALSE");
+}
+
 SettingsSession SettingsStore::Open() const {
     auto settings = std::make_unique<QSettings>(kOrganization, kApplication);
     if (!Usable(*settings)) {

@@ -26,6 +26,8 @@ inline constexpr TextSetting StartFile2{"Datei2", ""};
 inline constexpr TextSetting StartFile3{"Datei3", ""};
 inline constexpr TextSetting NoteFontName{"SchriftName", "Arial"};
 inline constexpr NumberSetting NoteFontSize{"SchriftGroesse", 12};
+inline constexpr int kMinNoteFontSize = 6;
+inline constexpr int kMaxNoteFontSize = 100;
 inline constexpr NumberSetting DatePrefix{"Datum", 0};      // 0 none, 1 start, 2 due, 3 both
 inline constexpr TextSetting ShowResponsible{"Verant", ""}; // only a leading "F" means off
 inline constexpr NumberSetting SortByDue{"Sortieren", 0};
@@ -38,6 +40,15 @@ inline constexpr NumberSetting FrameMaximized{"Max", 0};
 inline constexpr NumberSetting ToolbarShown{"Tool", 1};
 inline constexpr NumberSetting StatusBarShown{"Status", 1};
 inline constexpr NumberSetting NoteToolbarShown{"BtnNotiz", 1};
+
+// How every reader understands "Datum" and "Verant", so that the chart shows what the settings
+// dialog shows.
+// "Datum" 1 to 3 as stored; any other value, or none, shows no date.
+int DatePrefixOf(std::optional<int> stored);
+// "Verant" is written "TRUE" or "FALSE"; a missing value is off, and of the texts only one starting
+// with an upper-case "F" is off ("false" is on).
+bool IsResponsibleShown(const std::optional<QString>& stored);
+QString ResponsibleText(bool shown);
 } // namespace setting
 
 // One opening of the store. When the store could not be opened, reads give the defaults and writes

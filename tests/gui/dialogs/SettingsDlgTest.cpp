@@ -1,0 +1,210 @@
+// "Einstellungen": what it shows for stored and missing values, what it writes and with which type,
+// the "Regestry Error" path, and the menu commands that open it and the other settings dialogs.
+#include "dialogs/CSettingsDlg.h"
+
+#include "app/CVeltoApp.h"
+#include "app/CommandIds.h"
+#include "dialogs/CAssigneeDlg.h"
+#include "dialogs/CHolidayDlg.h"
+#include "gui/app/ShellTestSupport.h"
+#include "gui/dialogs/DialogTestSupport.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+
+namespace {
+
+using SettingsDlg = ShellTest;
+
+bool Checked(const CSettingsDlg& dialog, const char* name) {
+    return Find<QAbstractButton>(dialog, name)->isChecked();
+}
+
+void SetChecked(const CSettingsDlg& dialog, const char* name, bool checked) {
+    Find<QAbstractButton>(dialog, name)->setChecked(checked);
+}
+
+QLineEdit& StartFile(const CSettingsDlg& dialog, int number) {
+    return *Find<QLineEdit>(dialog, QStringLiteral("startFile%1").arg(number).toLatin1().constData());
+}
+
+TEST_F(SettingsDlg, WithNothingStoredItShowsTheDefaultsAndOkCreatesEveryValue) {
+    CSettingsDlg dialog(settings, desktop);
+    for (int number : {1, 2, 3})
+        EXPECT_EQ(StartFile(dialog, number).text(), "");
+    EXPECT_EQ(Find<QComboBox>(dialog, "fontName")->currentText(), "Arial");
+    const QSpinBox& size = *Find<QSpinBox>(dialog, "fontSize");
+    EXPECT_EQ(size.value(), 12);
+    EXPECT_EQ(size.minimum(), 6);
+    EXPECT_EQ(size.maximum(), 100);
+    for (const char* box : {"startDate", "dueDate", "responsible", "barInNodeColour", "sortByDue"})
+        EXPECT_FALSE(Checked(dialog, box)) << box;
+    EXPECT_TRUE(Checked(dialog, "sortByStart")) << "a missing value sorts by the start date, so it says so";
+
+    ClickOk(dialog);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    QStringList keys = QSettings("kolvarin", "Velto5").allKeys();
+    keys.sort();
+    EXPECT_EQ(keys, QStringList({"Balken", "Datei1", "Datei2", "Datei3", "Datum", "SchriftGroesse",
+                                 "SchriftName", "Sortieren", "Verant"}));
+    // Numbers are read back as numbers and "Verant" as its text.
+    const SettingsSession stored = settings.Open();
+    EXPECT_EQ(stored.Find(setting::NoteFontSize), 12);
+    EXPECT_EQ(stored.Find(setting::DatePrefix), 0);
+    EXPECT_EQ(stored.Find(setting::SortByDue), 0);
+    EXPECT_EQ(stored.Find(setting::BarInNodeColor), 0);
+    EXPECT_EQ(stored.Find(setting::ShowResponsible), "FALSE");
+    EXPECT_EQ(stored.Find(setting::NoteFontName), "Arial");
+    EXPECT_TRUE(desktop.prompter.asked().empty());
+}
+
+TEST_F(SettingsDlg, StoredValuesAreShownAndTheEditedOnesWrittenBack) {
+    const QString first = ProjectPath("Projekte, alt.VT5");
+    {
+        QSettings stored("kolvarin", "Velto5");
+        stored.setValue("Datei1", first);
+        stored.setValue("SchriftName", "Liberation Serif");
+        stored.setValue("SchriftGroesse", 20);
+        stored.setValue("Datum", 2);
+        stored.setValue("Verant", "false"); // only an upper-case "F" is off
+        stored.setValue("Sortieren", 1);
+        stored.setValue("Balken", 1);
+    }
+    CSettingsDlg dialog(settings, desktop);
+    EXPECT_EQ(StartFile(dialog, 1).text(), first);
+    EXPECT_EQ(Find<QComboBox>(dialog, "fontName")->currentText(), "Liberation Serif");
+    EXPECT_EQ(Find<QSpinBox>(dialog, "fontSize")->value(), 20);
+    EXPECT_FALSE(Checked(dialog, "startDate"));
+    EXPECT_TRUE(Checked(dialog, "dueDate"));
+    EXPECT_TRUE(Checked(dialog, "responsible"));
+    EXPECT_TRUE(Checked(dialog, "sortByDue"));
+    EXPECT_TRUE(Checked(dialog, "barInNodeColour"));
+
+    desktop.ChooseFiles({ProjectPath("Zwei.VT5"), ""});
+    Find<QPushButton>(dialog, "browse2")->click();
+    Find<QPushButton>(dialog, "browse1")->click(); // cancelled: the file stays
+    EXPECT_EQ(StartFile(dialog, 2).text(), ProjectPath("Zwei.VT5"));
+    SetChecked(dialog, "startDate", true);
+    SetChecked(dialog, "responsible", false);
+    SetChecked(dialog, "sortByStart", true);
+    Find<QSpinBox>(dialog, "fontSize")->setValue(150);
+    ClickOk(dialog);
+
+    const SettingsSession stored = settings.Open();
+    EXPECT_EQ(stored.Get(setting::StartFile1), first);
+    EXPECT_EQ(stored.Get(setting::StartFile2), ProjectPath("Zwei.VT5"));
+    EXPECT_EQ(stored.Get(setting::StartFile3), "");
+    EXPECT_EQ(stored.Find(setting::NoteFontSize), 100);
+    EXPECT_EQ(stored.Find(setting::DatePrefix), 3);
+    EXPECT_EQ(stored.Find(setting::ShowResponsible), "FALSE");
+    EXPECT_EQ(stored.Find(setting::SortByDue), 0);
+    EXPECT_EQ(stored.Find(setting::BarInNodeColor), 1);
+}
+
+TEST_F(SettingsDlg, EachPairOfDateBoxesIsStoredAsItsNumberAndShownAgain) {
+    struct Case {
+        bool start, due;
+        int stored;
+    };
+    for (const Case& c :
+         {Case{false, false, 0}, Case{true, false, 1}, Case{false, true, 2}, Case{true, true, 3}}) {
+        CSettingsDlg dialog(settings, desktop);
+        SetChecked(dialog, "startDate", c.start);
+        SetChecked(dialog, "dueDate", c.due);
+        ClickOk(dialog);
+        EXPECT_EQ(settings.Open().Find(setting::DatePrefix), c.stored);
+        const CSettingsDlg again(settings, desktop);
+        EXPECT_EQ(Checked(again, "startDate"), c.start) << c.stored;
+        EXPECT_EQ(Checked(again, "dueDate"), c.due) << c.stored;
+    }
+}
+
+TEST_F(SettingsDlg, OddStoredValuesReadAsTheChartAndTheSortReadThem) {
+    const auto read = [this](const char* name, const QVariant& value) {
+        QSettings stored("kolvarin", "Velto5");
+        stored.clear();
+        if (value.isValid())
+            stored.setValue(name, value);
+        stored.sync();
+        return ReadSettingsValues(settings.Open());
+    };
+    EXPECT_FALSE(read("Verant", QVariant()).showResponsible) << "missing";
+    EXPECT_TRUE(read("Verant", "TRUE").showResponsible);
+    EXPECT_TRUE(read("Verant", "false").showResponsible);
+    EXPECT_TRUE(read("Verant", "").showResponsible);
+    EXPECT_FALSE(read("Verant", "FALSE").showResponsible);
+    EXPECT_FALSE(read("Verant", "Fertig").showResponsible);
+    for (int datePrefix : {-1, 4, 7}) {
+        const SettingsValues values = read("Datum", datePrefix);
+        EXPECT_FALSE(values.showStartDate || values.showDueDate) << datePrefix;
+    }
+    EXPECT_TRUE(read("Sortieren", 5).sortByDue);
+    EXPECT_FALSE(read("Balken", 2).barInNodeColour);
+    EXPECT_EQ(read("SchriftGroesse", 3).noteFontSize, 6);
+    EXPECT_EQ(read("SchriftGroesse", "zwoelf").noteFontSize, 12);
+}
+
+TEST_F(SettingsDlg, CancelWritesNothing) {
+    CSettingsDlg dialog(settings, desktop);
+    SetChecked(dialog, "dueDate", true);
+    StartFile(dialog, 1).setText(ProjectPath("Eins.VT5"));
+    ClickCancel(dialog);
+    EXPECT_TRUE(QSettings("kolvarin", "Velto5").allKeys().isEmpty());
+}
+
+TEST_F(SettingsDlg, AnUnusableStoreIsReportedOnOpeningAndOnOk) {
+    QFile blocker(TempPath("blocked"));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    UseSettingsFolder(TempPath("blocked"));
+    CSettingsDlg dialog(settings, desktop);
+    EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>{"Regestry Error"});
+    EXPECT_EQ(desktop.prompter.asked()[0].caption, "Velto");
+    EXPECT_EQ(Find<QComboBox>(dialog, "fontName")->currentText(), "Arial") << "the defaults are shown";
+    dialog.show();
+    SetChecked(dialog, "dueDate", true);
+    ClickOk(dialog);
+    EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>(2, "Regestry Error"));
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+// Points the data directory at a folder of the test while it runs.
+class DataDirOverride {
+public:
+    explicit DataDirOverride(const QString& folder) { qputenv("VELTO_DATA_DIR", QFile::encodeName(folder)); }
+    ~DataDirOverride() { qunsetenv("VELTO_DATA_DIR"); }
+};
+
+template <typename D> void ExpectOpensAndCancel(CMainFrame& frame, int id) {
+    bool opened = false;
+    OnNextModal<D>([&opened](D& dialog) {
+        opened = true;
+        ClickCancel(dialog);
+    });
+    EXPECT_TRUE(frame.Router().Execute(id)) << id;
+    EXPECT_TRUE(opened) << id;
+}
+
+TEST_F(SettingsDlg, TheMenuCommandsOpenTheDialogsWithAndWithoutAProject) {
+    const DataDirOverride data(TempPath("daten"));
+    CVeltoApp app(desktop);
+    CMainFrame& frame = app.MainFrame();
+    ExpectOpensAndCancel<CSettingsDlg>(frame, cmd::SettingsNoDoc);
+    ExpectOpensAndCancel<CHolidayDlg>(frame, cmd::HolidaysNoDoc);
+    ExpectOpensAndCancel<CAssigneeDlg>(frame, cmd::Assignees);
+
+    ASSERT_TRUE(frame.NewDocument());
+    ExpectOpensAndCancel<CSettingsDlg>(frame, cmd::Settings);
+    OnNextModal<CHolidayDlg>([](CHolidayDlg& dialog) { ClickOk(dialog); });
+    EXPECT_TRUE(frame.Router().Execute(cmd::Holidays));
+    EXPECT_TRUE(QFileInfo::exists(TempPath("daten/Feiertage.dat"))) << "the data folder is made when missing";
+    EXPECT_TRUE(desktop.prompter.asked().empty());
+    CloseWithoutQuestions(frame);
+}
+
+} // namespace
