@@ -14,6 +14,7 @@
 #include <QRadioButton>
 #include <QTimeEdit>
 #include <QTreeWidget>
+#include <fstream>
 
 namespace {
 
@@ -101,10 +102,17 @@ TEST_F(EntryList, CombosOfferPresetsWhenTheFileHasSomeElseTheRecentTexts) {
     EXPECT_EQ(assignee->itemText(0), "Bert");
     EXPECT_EQ(dialog->Histories().remark[0], "Montage");
 
+    context.histories = dialog->Histories();
     ASSERT_TRUE(SaveAssignees(context.presetFile, {"Zeta", "Max Muster"}));
     Open();
+    EXPECT_EQ(Get<QComboBox>("entryAssignee")->count(), 2) << "presets only, no recent texts";
     EXPECT_EQ(Get<QComboBox>("entryAssignee")->itemText(0), "Max Muster");
-    EXPECT_EQ(Get<QComboBox>("entryRemark")->count(), 2) << "presets only, no recent texts";
+    EXPECT_EQ(Get<QComboBox>("entryRemark")->itemText(1), "Zeta");
+
+    std::ofstream(context.presetFile, std::ios::trunc).close();
+    Open();
+    EXPECT_EQ(Get<QComboBox>("entryRemark")->count(), 1) << "an empty file offers the recent texts";
+    EXPECT_EQ(Get<QComboBox>("entryRemark")->itemText(0), "Montage");
 }
 
 TEST_F(EntryList, AutomaticEntriesFollowHoursAndRate) {

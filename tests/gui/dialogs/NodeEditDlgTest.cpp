@@ -80,6 +80,11 @@ TEST_F(NodeDialog, AProjectWithChildrenIsRefusedAfterTheUndoCopyAndStaysAProject
         EXPECT_EQ(tree["R"]->m_strTitle, "R");
     }
     EXPECT_EQ(undoCopies, 3) << "each refused OK has taken its undo copy";
+
+    auto childless = Open("P");
+    Find<QRadioButton>(*childless, "kindTask")->click();
+    ClickOk(*childless);
+    EXPECT_EQ(tree["P"]->m_nKind, KIND_TASK) << "a project without children may change its kind";
 }
 
 TEST_F(NodeDialog, DatesAreCheckedByDayAndAMilestoneTakesTheDueDay) {
