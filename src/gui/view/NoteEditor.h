@@ -1,0 +1,27 @@
+#pragma once
+// The rich-text control of the note pane (control 137): a QTextEdit that tells the pane what it
+// reacts to — text typed, a key let go, a double click after the word under it was selected, the
+// focus lost, and the wish for a context menu.
+#include <QTextEdit>
+
+class NoteEditor : public QTextEdit {
+    Q_OBJECT
+public:
+    explicit NoteEditor(QWidget* parent = nullptr);
+
+signals:
+    // After the editor has handled a key press that typed text.
+    void textTyped(const QString& text);
+    void keyReleased();
+    // After the editor has handled the double click (and selected the word under it).
+    void doubleClicked();
+    void focusLost();
+    void contextMenuWanted(const QPoint& globalPos);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+};

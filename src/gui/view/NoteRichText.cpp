@@ -1,0 +1,177 @@
+#include "view/NoteRichText.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <cmath>
+
+namespace notetext {
+namespace {
+
+enum : int {
+    kHalfPointsProperty = QTextFormat::UserProperty + 1,
+    kUnterminatedProperty = QTextFormat::UserProperty + 2, // on a block: no paragraph mark closes it
+};
+
+// Qt draws no font of 0 pt or below, and giant sizes only cost memory.
+constexpr double kSmallestShownPoints = 1.0;
+constexpr double kLargestShownPoints = 1638.0;
+
+Qt::Alignment ToQtAlignment(rtf::Alignment alignment) {
+    switch (alignment) {
+    case rtf::Alignment::Centre:
+        return Qt::AlignHCenter;
+    case rtf::Alignment::Right:
+        return Qt::AlignRight;
+    case rtf::Alignment::Justified:
+        return Qt::AlignJustify;
+    case rtf::Alignment::Left:
+        break;
+    }
+    return Qt::AlignLeft;
+}
+
+rtf::Alignment ToNoteAlignment(Qt::Alignment alignment) {
+    switch (alignment & Qt::AlignHorizontal_Mask) {
+    case Qt::AlignHCenter:
+        return rtf::Alignment::Centre;
+    case Qt::AlignRight:
+        return rtf::Alignment::Right;
+    case Qt::AlignJustify:
+        return rtf::Alignment::Justified;
+    default:
+        return rtf::Alignment::Left;
+    }
+}
+
+QTextBlockFormat ToBlockFormat(const rtf::Paragraph& paragraph) {
+    QTextBlockFormat format;
+    format.setAlignment(ToQtAlignment(paragraph.alignment));
+    if (paragraph.end == rtf::ParagraphBreak::Page)
+        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysAfter);
+    if (paragraph.end == rtf::ParagraphBreak::None)
+        format.setProperty(kUnterminatedProperty, true);
+    return format;
+}
+
+rtf::ParagraphBreak EndOf(const QTextBlock& block) {
+    const QTextBlockFormat format = block.blockFormat();
+    if (format.pageBreakPolicy() & QTextFormat::PageBreak_AlwaysAfter)
+        return rtf::ParagraphBreak::Page;
+    // Only the last paragraph can run out without a mark; a block split off it keeps the property.
+    if (!block.next().isValid() && format.boolProperty(kUnterminatedProperty))
+        return rtf::ParagraphBreak::None;
+    return rtf::ParagraphBreak::Paragraph;
+}
+
+std::string FaceOf(const QTextCharFormat& format) {
+    const QStringList families = format.fontFamilies().toStringList();
+    return families.isEmpty() ? std::string() : families.first().toStdString();
+}
+
+void AppendFragments(rtf::DocumentBuilder& builder, const QTextBlock& block) {
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        QString text = fragment.text();
+        // Pictures and other objects have no place in a note.
+        text.remove(QChar::ObjectReplacementCharacter);
+        builder.AppendText(text.toStdString(), ToNoteFormat(fragment.charFormat()));
+    }
+}
+
+} // namespace
+
+void ShowNote(QTextDocument& target, const rtf::Document& note) {
+    target.setUndoRedoEnabled(false);
+    target.clear();
+    QTextCursor cursor(&target);
+    bool first = true;
+    for (const rtf::Paragraph& paragraph : note.paragraphs) {
+        if (first) {
+            cursor.setBlockFormat(ToBlockFormat(paragraph));
+            cursor.setBlockCharFormat(ToTextFormat(paragraph.mark));
+        } else {
+            cursor.insertBlock(ToBlockFormat(paragraph), ToTextFormat(paragraph.mark));
+        }
+        first = false;
+        for (const rtf::Run& run : paragraph.runs)
+            cursor.insertText(QString::fromStdString(run.text), ToTextFormat(run.format));
+    }
+    // An empty note is one unterminated empty block, which TakeNote reads as no paragraph at all.
+    if (first)
+        cursor.setBlockFormat(ToBlockFormat(rtf::Paragraph{.end = rtf::ParagraphBreak::None}));
+    target.setUndoRedoEnabled(true);
+    target.setModified(false);
+}
+
+rtf::Document TakeNote(const QTextDocument& source) {
+    rtf::DocumentBuilder builder;
+    for (QTextBlock block = source.begin(); block.isValid(); block = block.next()) {
+        AppendFragments(builder, block);
+        const rtf::ParagraphBreak end = EndOf(block);
+        // An unterminated empty block is no paragraph at all: it is how an empty note shows.
+        if (end == rtf::ParagraphBreak::None && !builder.HasOpenParagraph())
+            break;
+        builder.EndParagraph(ToNoteAlignment(block.blockFormat().alignment()),
+                             ToNoteFormat(block.charFormat()), end);
+    }
+    return builder.Finish(rtf::Alignment::Left, rtf::CharFormat());
+}
+
+QTextCharFormat ToTextFormat(const rtf::CharFormat& format) {
+    QTextCharFormat text;
+    if (!format.face.empty())
+        text.setFontFamilies({QString::fromStdString(format.face)});
+    SetHalfPoints(text, format.halfPoints);
+    text.setFontWeight(format.bold ? QFont::Bold : QFont::Normal);
+    text.setFontItalic(format.italic);
+    text.setFontUnderline(format.underline);
+    text.setFontStrikeOut(format.strikeOut);
+    if (format.colour)
+        text.setForeground(ToQColor(*format.colour));
+    return text;
+}
+
+rtf::CharFormat ToNoteFormat(const QTextCharFormat& format) {
+    rtf::CharFormat note;
+    note.face = FaceOf(format);
+    note.halfPoints = HalfPointsOf(format);
+    note.bold = format.fontWeight() >= QFont::DemiBold;
+    note.italic = format.fontItalic();
+    note.underline = format.fontUnderline();
+    note.strikeOut = format.fontStrikeOut();
+    if (format.hasProperty(QTextFormat::ForegroundBrush) && format.foreground().style() != Qt::NoBrush) {
+        const QColor colour = format.foreground().color();
+        note.colour = rtf::MakeColour(colour.red(), colour.green(), colour.blue());
+    }
+    return note;
+}
+
+QColor ToQColor(rtf::Colour colour) {
+    return QColor(int(colour & 0xFF), int(colour >> 8 & 0xFF), int(colour >> 16 & 0xFF));
+}
+
+int HalfPointsOf(const QTextCharFormat& format) {
+    const bool shownSizeSet = format.hasProperty(QTextFormat::FontPointSize);
+    if (format.hasProperty(kHalfPointsProperty)) {
+        const int kept = format.intProperty(kHalfPointsProperty);
+        if (!shownSizeSet || format.fontPointSize() == DisplayPoints(kept))
+            return kept;
+    }
+    if (shownSizeSet)
+        return int(std::lround(format.fontPointSize() * 2));
+    return rtf::kDefaultHalfPoints;
+}
+
+void SetHalfPoints(QTextCharFormat& format, int halfPoints) {
+    format.setProperty(kHalfPointsProperty, halfPoints);
+    format.setFontPointSize(DisplayPoints(halfPoints));
+}
+
+double DisplayPoints(int halfPoints) {
+    return std::clamp(halfPoints / 2.0, kSmallestShownPoints, kLargestShownPoints);
+}
+
+} // namespace notetext

@@ -1,0 +1,33 @@
+#pragma once
+// Moves a note between the core's formatted-text model and the QTextDocument of the note pane. A
+// paragraph is a block, its mark the block's char format, a run a fragment. What Qt cannot hold as
+// it is rides along in properties of our own: the exact size (the model keeps sizes of 0 pt and
+// below, the screen shows them clamped) and a last paragraph that no paragraph mark closes.
+#include "text/RtfDocument.h"
+
+#include <QTextCharFormat>
+
+class QTextDocument;
+
+namespace notetext {
+
+// Replaces the document's content with the note; the undo history starts afresh and the document
+// counts as unmodified.
+void ShowNote(QTextDocument& target, const rtf::Document& note);
+// The document's content as a note. ShowNote followed by TakeNote gives the note back unchanged.
+rtf::Document TakeNote(const QTextDocument& source);
+
+QTextCharFormat ToTextFormat(const rtf::CharFormat& format);
+rtf::CharFormat ToNoteFormat(const QTextCharFormat& format);
+
+QColor ToQColor(rtf::Colour colour);
+
+// The size the model keeps. A format whose shown size was changed by other means (the font dialog,
+// pasted text) gives that size.
+int HalfPointsOf(const QTextCharFormat& format);
+// Sets the kept size and the size shown for it.
+void SetHalfPoints(QTextCharFormat& format, int halfPoints);
+// The point size the screen uses for a kept size: any size is kept, only sizes Qt can draw are shown.
+double DisplayPoints(int halfPoints);
+
+} // namespace notetext

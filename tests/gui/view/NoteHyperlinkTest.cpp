@@ -1,0 +1,245 @@
+// Hyperlinks in notes: inserted through "Hyperlink einfügen", closed by typing "]" on any keyboard
+// layout, found around a double click, resolved to a web address or an existing file, and opened
+// only after a question when they lead to a program or script.
+#include "app/CommandIds.h"
+#include "dialogs/CHyperlinkDlg.h"
+#include "gui/dialogs/DialogTestSupport.h"
+#include "gui/view/NoteTestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+using namespace notetest;
+
+namespace {
+
+const rtf::Colour kBlue = rtf::MakeColour(0, 0, 255);
+
+bool IsLink(const rtf::CharFormat& format) {
+    return format.underline && format.colour == kBlue;
+}
+
+class NoteHyperlinks : public NotePaneFixture {
+protected:
+    // Shows a node whose note is the text in one paragraph.
+    void ShowText(const char* text) {
+        a->m_strNote = std::string("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs20 ") + text + "\\par}";
+        pane->ShowNode(a);
+    }
+    // A double click on the character at position.
+    void DoubleClickAt(int position) {
+        QTextCursor cursor(Editor().document());
+        cursor.setPosition(position);
+        const QPoint point = Editor().cursorRect(cursor).center() + QPoint(2, 0);
+        QTest::mouseDClick(Editor().viewport(), Qt::LeftButton, {}, point);
+    }
+    // A key that types "]" as the German layout does it: the key of the 9 with AltGr.
+    void TypeClosingBracket() {
+        QTest::sendKeyEvent(QTest::Click, &Editor(), Qt::Key_9, QStringLiteral("]"), Qt::GroupSwitchModifier);
+    }
+    std::vector<std::string> Told() const { return prompter.texts(); }
+};
+
+TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
+    ShowText("Alpha Erste Zeile");
+    Select(6, 11);
+    Click(CNotePane::kHyperlinkButton);
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha Erste Zeile") << "cancelled: nothing changes";
+    EXPECT_FALSE(doc.IsModified());
+
+    linkAnswer = "www.example.com";
+    Click(CNotePane::kHyperlinkButton);
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha [www.example.com] Zeile");
+    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 6)));
+    EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 7)));
+    EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 21)));
+    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 22)));
+    EXPECT_EQ(SavedFormatAt(a, 0, 7).halfPoints, 20);
+    EXPECT_EQ(Editor().textCursor().position(), 23) << "the caret stands behind the link";
+    EXPECT_TRUE(pane->EditorHasFocus());
+
+    QTest::keyClicks(&Editor(), "!");
+    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 23))) << "typing on after the link is plain text";
+    Run(cmd::EditUndo);
+    Run(cmd::EditUndo);
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha Erste Zeile") << "the insertion is one undo step";
+}
+
+TEST_F(NoteHyperlinks, InsertedThroughTheDialog) {
+    pane->SetDialogs({}); // the real "Hyperlink einfügen"
+    ShowText("Text");
+    Caret(4);
+    OnNextModal<CHyperlinkDlg>([](CHyperlinkDlg& dialog) {
+        Find<QLineEdit>(dialog, "target1006")->setText("  https://www.example.com/a b ");
+        ClickOk(dialog);
+    });
+    Run(cmd::InsertHyperlink);
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Text[https://www.example.com/a b]");
+}
+
+TEST_F(NoteHyperlinks, TypedClosingBracketFormatsTheLinkAndSaves) {
+    ShowText("Siehe ");
+    Focus();
+    QTest::keyClick(&Editor(), Qt::Key_End);
+    QTest::keyClicks(&Editor(), "[C:\\Daten\\Plan.doc");
+    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 8)));
+    TypeClosingBracket();
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Siehe [C:\\Daten\\Plan.doc]") << "saved on key-up";
+    EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 7)));
+    EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 23)));
+    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 6)));
+    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 24))) << "the bracket itself stays plain";
+    EXPECT_EQ(Editor().textCursor().position(), 25);
+
+    // A "]" without an opening bracket, or closing an empty pair, formats nothing.
+    QTest::keyClicks(&Editor(), " x]");
+    QTest::keyClicks(&Editor(), " []");
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Siehe [C:\\Daten\\Plan.doc] x] []");
+    for (size_t offset = 25; offset < 31; ++offset)
+        EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, offset))) << offset;
+}
+
+TEST_F(NoteHyperlinks, TargetAroundTheSelection) {
+    ShowText("Siehe [C:\\\\Daten\\\\Plan.doc] und [www.example.com]."); // RTF escapes the backslashes
+    const auto targetAround = [&](int from, int to) {
+        Select(from, to);
+        return notetext::LinkTargetAround(Editor().textCursor());
+    };
+    EXPECT_EQ(targetAround(10, 15), "C:\\Daten\\Plan.doc");
+    EXPECT_EQ(targetAround(31, 46), "www.example.com");
+    EXPECT_EQ(targetAround(35, 35), "www.example.com");
+    EXPECT_EQ(targetAround(0, 5), std::nullopt);
+    EXPECT_EQ(targetAround(26, 29), std::nullopt) << "between two links";
+    ShowText("[  ] [a\\line b]");
+    EXPECT_EQ(targetAround(1, 2), std::nullopt) << "blanks are no target";
+    EXPECT_EQ(targetAround(6, 7), std::nullopt) << "a link never spans a line break";
+}
+
+TEST_F(NoteHyperlinks, DoubleClickOpensAWebAddressWhole) {
+    ShowText("Siehe [www.example.com/plan] oder [mailto:anna@example.com] hier");
+    DoubleClickAt(12);
+    ASSERT_EQ(opener.opened.size(), 1u);
+    EXPECT_EQ(opener.opened[0], QUrl("http://www.example.com/plan"));
+    DoubleClickAt(40);
+    ASSERT_EQ(opener.opened.size(), 2u);
+    EXPECT_EQ(opener.opened[1], QUrl("mailto:anna@example.com"));
+    DoubleClickAt(61);
+    DoubleClickAt(1);
+    EXPECT_EQ(opener.opened.size(), 2u) << "outside brackets a double click only selects";
+    EXPECT_TRUE(Told().empty());
+}
+
+TEST_F(NoteHyperlinks, DoubleClickOpensAFileBesideTheProject) {
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    ASSERT_TRUE(QDir(dir.path()).mkpath("Anhang"));
+    QFile file(dir.filePath("Anhang/Plan.txt"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    ASSERT_TRUE(doc.OnSaveDocument(QFile::encodeName(dir.filePath("P.VT5")).toStdString()));
+
+    ShowText("[Anhang\\\\Plan.txt] [Anhang\\\\Fehlt.txt]");
+    DoubleClickAt(3);
+    ASSERT_EQ(opener.opened.size(), 1u);
+    EXPECT_EQ(opener.opened[0], QUrl::fromLocalFile(dir.filePath("Anhang/Plan.txt")));
+    EXPECT_TRUE(Told().empty());
+
+    DoubleClickAt(22);
+    EXPECT_EQ(opener.opened.size(), 1u) << "a missing file is not handed on";
+    EXPECT_EQ(Told(), std::vector<std::string>{"Angewählter Hyperlink konnte nicht geöffnet werden!"});
+    doc.OnCloseDocument();
+}
+
+// Links resolved against a project folder holding Plan.txt, run.sh and an executable "werkzeug".
+class NoteLinkTargets : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        for (const char* name : {"Plan.txt", "run.sh", "werkzeug"}) {
+            QFile file(dir.filePath(name));
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        }
+        QFile::setPermissions(dir.filePath("werkzeug"),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    void Open(const QString& target) { notetext::OpenNoteLink(target, dir.path(), opener, prompter); }
+
+    QTemporaryDir dir;
+    RecordingOpener opener;
+    ScriptedPrompter prompter;
+};
+
+TEST_F(NoteLinkTargets, WebAddressesGoWholeFilesSplitAtTheirFolder) {
+    const auto web = notetext::ResolveNoteLink(" www.example.com/a/b ", dir.path());
+    ASSERT_TRUE(web);
+    EXPECT_EQ(web->url, QUrl("http://www.example.com/a/b"));
+    EXPECT_EQ(web->folder, "");
+    EXPECT_EQ(web->file, "www.example.com/a/b");
+    EXPECT_FALSE(web->isProgram);
+
+    for (const QString& target : {QString("Plan.txt"), dir.filePath("Plan.txt"),
+                                  QUrl::fromLocalFile(dir.filePath("Plan.txt")).toString()}) {
+        const auto file = notetext::ResolveNoteLink(target, dir.path());
+        ASSERT_TRUE(file) << target.toStdString();
+        EXPECT_EQ(file->url, QUrl::fromLocalFile(dir.filePath("Plan.txt")));
+        EXPECT_EQ(file->folder, QDir::toNativeSeparators(dir.path()));
+        EXPECT_EQ(file->file, "Plan.txt");
+        EXPECT_FALSE(file->isProgram);
+    }
+    EXPECT_FALSE(notetext::ResolveNoteLink("Fehlt.txt", dir.path()));
+    EXPECT_FALSE(notetext::ResolveNoteLink("C:\\Daten\\Plan.txt", dir.path()));
+    EXPECT_FALSE(notetext::ResolveNoteLink("   ", dir.path()));
+}
+
+TEST_F(NoteLinkTargets, ProgramsOpenOnlyAfterTheUserAgreed) {
+    Open("run.sh");
+    Open("werkzeug");
+    EXPECT_TRUE(opener.opened.empty()) << "the script prompter answers No";
+    ASSERT_EQ(prompter.asked().size(), 2u);
+    EXPECT_EQ(prompter.asked()[0].buttons, PromptButtons::YesNo);
+    EXPECT_NE(prompter.asked()[0].text.find(QDir(dir.path()).filePath("run.sh").toStdString()),
+              std::string::npos);
+
+    prompter.Answer(PromptAnswer::Yes);
+    Open("werkzeug");
+    EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("werkzeug"))});
+
+    Open("Plan.txt");
+    EXPECT_EQ(opener.opened.size(), 2u);
+    EXPECT_EQ(prompter.asked().size(), 3u) << "a document opens without a question";
+
+    opener.succeeds = false;
+    Open("Plan.txt");
+    EXPECT_EQ(prompter.texts().back(), "Angewählter Hyperlink konnte nicht geöffnet werden!");
+}
+
+TEST(HyperlinkDialog, TargetTypedOrPickedAndOkOnlyWithATarget) {
+    int chosen = 0;
+    CHyperlinkDlg dialog(nullptr,
+                         [&](QWidget*) { return ++chosen == 1 ? QString() : QString("/tmp/Plan.odt"); });
+    EXPECT_EQ(dialog.windowTitle(), QString::fromUtf8("Hyperlink einfügen"));
+    auto* target = Find<QLineEdit>(dialog, "target1006");
+    auto* ok = ButtonOfRole(dialog, QDialogButtonBox::AcceptRole);
+    EXPECT_FALSE(ok->isEnabled());
+    target->setText("   ");
+    EXPECT_FALSE(ok->isEnabled());
+
+    auto* file = Find<QPushButton>(dialog, "file1031");
+    EXPECT_EQ(file->text(), "Datei");
+    file->click();
+    EXPECT_EQ(dialog.Target(), "") << "the file dialog was cancelled";
+    file->click();
+    EXPECT_EQ(dialog.Target(), QDir::toNativeSeparators("/tmp/Plan.odt"));
+    EXPECT_TRUE(ok->isEnabled());
+    target->setText(" www.example.com ");
+    EXPECT_EQ(dialog.Target(), "www.example.com");
+
+    const QString hint = Find<QLabel>(dialog, "hint")->text();
+    EXPECT_TRUE(hint.contains("www.") && hint.contains(QDir::toNativeSeparators("/Angebot.pdf")));
+}
+
+} // namespace
