@@ -61,6 +61,18 @@ TEST_F(NodeDialog, EachKindShowsItsOwnControls) {
     EXPECT_FALSE(shown("due") || shown("responsible") || shown("textFormat"));
 }
 
+TEST_F(NodeDialog, TheTaskFitsA1024x768ScreenAndKeepsItsWidthInEveryListMode) {
+    auto dialog = Open("T");
+    const int width = dialog->minimumSizeHint().width();
+    for (const char* mode : {"modeCalculated", "modeNeeded", "modeHours"}) {
+        Find<QRadioButton>(*dialog, mode)->click();
+        EXPECT_EQ(dialog->minimumSizeHint().width(), width) << mode;
+        // Room left for the window frame and a task bar.
+        EXPECT_LE(dialog->minimumSizeHint().width(), 1000) << mode;
+        EXPECT_LE(dialog->minimumSizeHint().height(), 680) << mode;
+    }
+}
+
 TEST_F(NodeDialog, AProjectWithChildrenIsRefusedAfterTheUndoCopyAndStaysAProject) {
     const std::pair<const char*, const char*> kinds[] = {
         {"kindTask", "Aufgabe"}, {"kindMilestone", "Meilenstein"}, {"kindNote", "Notiz"}};
