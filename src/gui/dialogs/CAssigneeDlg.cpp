@@ -33,10 +33,12 @@ CAssigneeDlg::CAssigneeDlg(std::string presetFile, Prompter& prompter, QWidget* 
     takeBack->setObjectName("takeBack");
     add->setAutoDefault(false);
     add->setToolTip(QString::fromUtf8("Den eingegebenen Text in die Liste übernehmen (Eingabetaste)"));
-    takeBack->setToolTip(QString::fromUtf8("Den gewählten Eintrag zum Bearbeiten in das Eingabefeld holen"));
+    takeBack->setToolTip(QString::fromUtf8(
+        "Den gewählten Eintrag zum Bearbeiten in das Eingabefeld holen (Doppelklick, Entf)"));
     takeBack->setAutoDefault(false);
     connect(add, &QPushButton::clicked, this, &CAssigneeDlg::AddPreset);
     connect(takeBack, &QPushButton::clicked, this, &CAssigneeDlg::TakeBackPreset);
+    TakeBackOnDoubleClickOrDelete(m_list, [this] { TakeBackPreset(); });
 
     auto* layout = new QGridLayout(this);
     layout->addWidget(new QLabel("Vorbelegung: Bearbeiter / Komission / Bemerkung", this), 0, 0, 1, 2);

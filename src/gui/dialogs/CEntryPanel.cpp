@@ -205,8 +205,8 @@ QGroupBox* CEntryPanel::BuildListGroup() {
     m_add->setToolTip(
         QString::fromUtf8("Den Eintrag der Eingabezeile in die Liste übernehmen (Eingabetaste)"));
     m_takeBack = NewButton("Eintrag editieren / löschen", "takeBackEntry", m_group);
-    m_takeBack->setToolTip(
-        QString::fromUtf8("Den gewählten Eintrag aus der Liste nehmen und in die Eingabezeile stellen"));
+    m_takeBack->setToolTip(QString::fromUtf8(
+        "Den gewählten Eintrag aus der Liste nehmen und in die Eingabezeile stellen (Doppelklick, Entf)"));
     actions->addWidget(m_add);
     actions->addWidget(m_takeBack);
     grid->addLayout(actions, 2, 0, 1, 5);
@@ -215,6 +215,7 @@ QGroupBox* CEntryPanel::BuildListGroup() {
 
     connect(m_add, &QPushButton::clicked, this, &CEntryPanel::AddEntry);
     connect(m_takeBack, &QPushButton::clicked, this, &CEntryPanel::TakeBackEntry);
+    TakeBackOnDoubleClickOrDelete(m_list, [this] { TakeBackEntry(); });
     return m_group;
 }
 

@@ -1,9 +1,11 @@
 #include "dialogs/DialogParts.h"
 
+#include <QAbstractItemView>
 #include <QDateEdit>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimeEdit>
 
 QDialogButtonBox* NewButtonRow(QDialog* dialog, const QString& okText, const QString& cancelText) {
@@ -20,6 +22,13 @@ QAbstractButton* AcceptButtonOf(const QDialogButtonBox* buttons) {
         if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole)
             return button;
     return nullptr;
+}
+
+void TakeBackOnDoubleClickOrDelete(QAbstractItemView* list, std::function<void()> takeBack) {
+    QObject::connect(list, &QAbstractItemView::doubleClicked, list, [takeBack] { takeBack(); });
+    auto* remove = new QShortcut(QKeySequence::Delete, list);
+    remove->setContext(Qt::WidgetShortcut);
+    QObject::connect(remove, &QShortcut::activated, list, std::move(takeBack));
 }
 
 QDateEdit* NewDayPicker(QWidget* parent) {

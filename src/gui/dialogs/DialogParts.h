@@ -6,7 +6,10 @@
 #include <QDate>
 #include <QTime>
 
+#include <functional>
+
 class QAbstractButton;
+class QAbstractItemView;
 class QDateEdit;
 class QDialog;
 class QDialogButtonBox;
@@ -19,6 +22,10 @@ QDialogButtonBox* NewButtonRow(QDialog* dialog, const QString& okText = "OK",
                                const QString& cancelText = "Abbrechen");
 // The accept button of such a row.
 QAbstractButton* AcceptButtonOf(const QDialogButtonBox* buttons);
+
+// Double-click on a row or the Delete key in the list runs takeBack, as "Eintrag editieren /
+// löschen" does.
+void TakeBackOnDoubleClickOrDelete(QAbstractItemView* list, std::function<void()> takeBack);
 
 // A day picker ("dd.MM.yyyy", with a calendar) limited to 1970-01-01 .. 2037-12-31.
 QDateEdit* NewDayPicker(QWidget* parent);

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTest>
 #include <QTimeEdit>
 #include <QTreeWidget>
 #include <fstream>
@@ -92,6 +93,15 @@ TEST_F(EntryList, TakingBackHoursRefillsTheInputRowAndTheSum) {
     EXPECT_EQ(Get<QLineEdit>("needed")->text(), "1.00");
     EXPECT_EQ(Get<QTimeEdit>("entryBegin")->time(), QTime(8, 0));
     EXPECT_EQ(Get<QComboBox>("entryRemark")->currentText(), "x");
+
+    // The Delete key in the list takes the selected entry back too.
+    dialog->show();
+    QApplication::setActiveWindow(dialog.get());
+    List()->setFocus();
+    List()->setCurrentItem(List()->topLevelItem(0));
+    QTest::keyClick(List(), Qt::Key_Delete);
+    EXPECT_EQ(List()->topLevelItemCount(), 0);
+    EXPECT_EQ(Get<QLineEdit>("needed")->text(), "0.00");
 }
 
 TEST_F(EntryList, CombosOfferPresetsWhenTheFileHasSomeElseTheRecentTexts) {
