@@ -82,4 +82,19 @@ void BM_DeepCopy(benchmark::State& state) {
 }
 BENCHMARK(BM_DeepCopy)->Unit(benchmark::kMillisecond);
 
+// The undo copy as the document takes it: the previous copy's nodes, strings and entries are
+// refilled instead of freed and allocated again.
+void BM_RefreshUndoCopy(benchmark::State& state) {
+    CProjectNode* first = MakeOutline(false, true);
+    CProjectNode* copy = DeepCopyList(first);
+    for (auto _ : state) {
+        copy = RefreshListCopy(copy, first);
+        benchmark::DoNotOptimize(copy);
+    }
+    FreeNodeList(copy);
+    FreeNodeList(first);
+    state.SetItemsProcessed(state.iterations() * kNodes);
+}
+BENCHMARK(BM_RefreshUndoCopy)->Unit(benchmark::kMillisecond);
+
 } // namespace

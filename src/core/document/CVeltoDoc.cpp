@@ -264,8 +264,7 @@ void CVeltoDoc::UpdateAllViews() {
 }
 
 void CVeltoDoc::BackupTree() {
-    FreeNodeList(m_pBackupFirst);
-    m_pBackupFirst = DeepCopyList(m_pFirstNode);
+    m_pBackupFirst = RefreshListCopy(m_pBackupFirst, m_pFirstNode);
 }
 
 bool CVeltoDoc::Undo() {

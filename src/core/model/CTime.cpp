@@ -33,13 +33,27 @@ struct tm CTime::LocalFields() const {
     return fields;
 }
 
-int CTime::GetYear() const { return LocalFields().tm_year + 1900; }
-int CTime::GetMonth() const { return LocalFields().tm_mon + 1; }
-int CTime::GetDay() const { return LocalFields().tm_mday; }
-int CTime::GetHour() const { return LocalFields().tm_hour; }
-int CTime::GetMinute() const { return LocalFields().tm_min; }
-int CTime::GetSecond() const { return LocalFields().tm_sec; }
-int CTime::GetDayOfWeek() const { return LocalFields().tm_wday + 1; }
+int CTime::GetYear() const {
+    return LocalFields().tm_year + 1900;
+}
+int CTime::GetMonth() const {
+    return LocalFields().tm_mon + 1;
+}
+int CTime::GetDay() const {
+    return LocalFields().tm_mday;
+}
+int CTime::GetHour() const {
+    return LocalFields().tm_hour;
+}
+int CTime::GetMinute() const {
+    return LocalFields().tm_min;
+}
+int CTime::GetSecond() const {
+    return LocalFields().tm_sec;
+}
+int CTime::GetDayOfWeek() const {
+    return LocalFields().tm_wday + 1;
+}
 
 std::string CTime::Format(const char* pattern) const {
     const struct tm fields = LocalFields();

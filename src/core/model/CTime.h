@@ -20,8 +20,8 @@ public:
     bool IsNull() const { return m_time == 0; }
 
     int GetYear() const;
-    int GetMonth() const;  // 1..12
-    int GetDay() const;    // 1..31
+    int GetMonth() const; // 1..12
+    int GetDay() const;   // 1..31
     int GetHour() const;
     int GetMinute() const;
     int GetSecond() const;

@@ -122,6 +122,8 @@ std::string FromUtf8Lossy(std::string_view utf8) {
     return out;
 }
 
-bool Fits(std::string_view utf8) { return FromUtf8(utf8).has_value(); }
+bool Fits(std::string_view utf8) {
+    return FromUtf8(utf8).has_value();
+}
 
 } // namespace cp1252

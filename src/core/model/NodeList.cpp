@@ -95,31 +95,57 @@ void FreeNodeList(CProjectNode* first) {
 }
 
 CProjectNode* DeepCopyList(const CProjectNode* first) {
-    CProjectNode* head = nullptr;
+    return RefreshListCopy(nullptr, first);
+}
+
+CProjectNode* RefreshListCopy(CProjectNode* copy, const CProjectNode* first) {
+    CProjectNode* head = copy;
     CProjectNode* tail = nullptr;
+    CProjectNode* reuse = copy;
     for (; first; first = first->m_pNext) {
-        CProjectNode* copy = first->CloneUnlinked();
-        copy->m_pPrev = tail;
-        (tail ? tail->m_pNext : head) = copy;
-        tail = copy;
+        CProjectNode* node = reuse;
+        if (node) {
+            reuse = node->m_pNext;
+            node->AssignContentOf(*first);
+        } else {
+            node = first->CloneUnlinked();
+            node->m_pPrev = tail;
+            (tail ? tail->m_pNext : head) = node;
+        }
+        tail = node;
     }
+    if (tail)
+        tail->m_pNext = nullptr;
+    else
+        head = nullptr;
+    FreeNodeList(reuse);
     return head;
 }
 
-void RecomputeVisibility(CProjectNode* first) {
-    // The chain of open ancestors, shallowest first, with whether each one shows its children.
-    struct Ancestor {
-        int level;
-        bool showsChildren;
-    };
-    std::vector<Ancestor> ancestors;
-    for (CProjectNode* p = first; p; p = p->m_pNext) {
-        while (!ancestors.empty() && ancestors.back().level >= p->m_nLevel)
+namespace {
+// A shown-or-not walk from node on up to (not including) the first node at or above stopLevel.
+// ancestors: the chain of open ancestors, shallowest first, with whether each shows its children.
+struct Ancestor {
+    int level;
+    bool showsChildren;
+};
+void ApplyVisibility(CProjectNode* node, std::vector<Ancestor> ancestors, int64_t stopLevel) {
+    for (; node && node->m_nLevel > stopLevel; node = node->m_pNext) {
+        while (!ancestors.empty() && ancestors.back().level >= node->m_nLevel)
             ancestors.pop_back();
         const bool visible = ancestors.empty() || ancestors.back().showsChildren;
-        p->m_bVisible = visible ? 1 : 0;
-        ancestors.push_back({p->m_nLevel, visible && p->m_bExpanded});
+        node->m_bVisible = visible ? 1 : 0;
+        ancestors.push_back({node->m_nLevel, visible && node->m_bExpanded});
     }
+}
+} // namespace
+
+void RecomputeVisibility(CProjectNode* first) {
+    ApplyVisibility(first, {}, INT64_MIN);
+}
+
+void RecomputeSubtreeVisibility(CProjectNode* root) {
+    ApplyVisibility(root->m_pNext, {{root->m_nLevel, root->m_bVisible && root->m_bExpanded}}, root->m_nLevel);
 }
 
 void ExpandAncestors(CProjectNode* first, CProjectNode* node) {
@@ -173,7 +199,7 @@ CProjectNode* CreateChildNode(CProjectNode* first, const std::string& defaultNot
         parent->m_pNext->m_pPrev = child;
     parent->m_pNext = child;
     // Expanding a collapsed parent shows its older children again.
-    RecomputeVisibility(first);
+    RecomputeSubtreeVisibility(parent);
     return child;
 }
 
@@ -187,8 +213,9 @@ bool DeleteCurrentNode(CProjectNode* first, Prompter& prompter, const std::funct
     }
     const std::string title = cp1252::ToUtf8(node->m_strTitle);
     const std::string question =
-        HasChildren(node) ? "Möchten Sie den Knoten '" + title + "' inkl. aller Unterknoten löschen?"
-                          : "Möchten Sie den Knoten '" + title + "' löschen?";
+        node->m_nKind == KIND_PROJECT
+            ? "Möchten Sie den Knoten '" + title + "' inkl. aller Unterknoten löschen?"
+            : "Möchten Sie den Knoten '" + title + "' löschen?";
     if (!prompter.AskYesNo("Löschen bestätigen", question))
         return false;
     if (beforeChange)

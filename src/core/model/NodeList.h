@@ -24,11 +24,17 @@ CProjectNode* SubtreeLast(CProjectNode* node);
 void FreeNodeList(CProjectNode* first);
 // A deep copy of the whole list in order: every field, the selection and the three entry lists.
 CProjectNode* DeepCopyList(const CProjectNode* first);
+// Makes copy (a list, or null) a deep copy of the list from first on and returns its head. The
+// nodes, strings and entries of the old copy are reused, so a repeated copy of a large project
+// allocates only for what grew.
+CProjectNode* RefreshListCopy(CProjectNode* copy, const CProjectNode* first);
 
 // Recomputes m_bVisible: a node is shown when no ancestor has m_bExpanded cleared. A node's ancestors
 // are found by level alone (the nearest preceding shallower node, and so on), so level jumps and
 // negative levels need no special case.
 void RecomputeVisibility(CProjectNode* first);
+// The same for the subtree of root only, taking root's own m_bVisible as it is.
+void RecomputeSubtreeVisibility(CProjectNode* root);
 // Expands every ancestor of node (so that it becomes visible) and recomputes visibility. In a sound
 // tree the ancestors are all project nodes; in a malformed one a task may stand above deeper nodes,
 // and it is expanded too so that node really shows.

@@ -74,8 +74,8 @@ double ParseNumber(std::string_view text) {
     } else if (StartsWithNoCase(text, "nan")) {
         value = NAN;
     } else if (StartsWithNoCase(text, "0x")) {
-        const auto result = std::from_chars(text.data() + 2, text.data() + text.size(), value,
-                                            std::chars_format::hex);
+        const auto result =
+            std::from_chars(text.data() + 2, text.data() + text.size(), value, std::chars_format::hex);
         if (result.ec == std::errc::invalid_argument)
             value = 0.0; // "0x" alone: scanf has read the zero
     } else {

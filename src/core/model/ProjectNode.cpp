@@ -21,12 +21,38 @@ template <typename Entry> Entry* CopyEntries(const Entry* head) {
     return first;
 }
 
+// Copies source into the entries of reuse, adding entries when it runs short and freeing what is
+// left over; the strings of reused entries keep their buffers.
+template <typename Entry> Entry* CopyEntriesInto(Entry* reuse, const Entry* source) {
+    Entry* first = reuse;
+    Entry** link = &first;
+    for (; source; source = source->m_pNext) {
+        if (!*link)
+            *link = new Entry;
+        Entry* const next = (*link)->m_pNext;
+        **link = *source;
+        (*link)->m_pNext = next;
+        link = &(*link)->m_pNext;
+    }
+    FreeEntries(*link);
+    *link = nullptr;
+    return first;
+}
+
 } // namespace
 
-void FreeHours(CHoursEntry* head) { FreeEntries(head); }
-void FreeCosts(CCostEntry* head) { FreeEntries(head); }
-CHoursEntry* CopyHours(const CHoursEntry* head) { return CopyEntries(head); }
-CCostEntry* CopyCosts(const CCostEntry* head) { return CopyEntries(head); }
+void FreeHours(CHoursEntry* head) {
+    FreeEntries(head);
+}
+void FreeCosts(CCostEntry* head) {
+    FreeEntries(head);
+}
+CHoursEntry* CopyHours(const CHoursEntry* head) {
+    return CopyEntries(head);
+}
+CCostEntry* CopyCosts(const CCostEntry* head) {
+    return CopyEntries(head);
+}
 
 NodeDefaults NodeDefaults::Current() {
     const CTime now = CTime::GetCurrentTime();
@@ -36,13 +62,27 @@ NodeDefaults NodeDefaults::Current() {
 CProjectNode::CProjectNode() : CProjectNode(NodeDefaults::Current()) {}
 
 CProjectNode::CProjectNode(const NodeDefaults& defaults)
-    : m_timeCreated(defaults.now), m_timeChanged(defaults.now), m_timeDone(defaults.now),
-      m_timeStart(defaults.start), m_timeDue(defaults.due) {}
+    : m_timeDue(defaults.due), m_timeCreated(defaults.now), m_timeChanged(defaults.now),
+      m_timeDone(defaults.now), m_timeStart(defaults.start) {}
 
 CProjectNode::~CProjectNode() {
     FreeHours(m_pHours);
     FreeCosts(m_pCosts);
     FreeCosts(m_pCosts2);
+}
+
+void CProjectNode::AssignContentOf(const CProjectNode& other) {
+    CProjectNode* const next = m_pNext;
+    CProjectNode* const prev = m_pPrev;
+    CHoursEntry* const hours = m_pHours;
+    CCostEntry* const costs = m_pCosts;
+    CCostEntry* const costs2 = m_pCosts2;
+    *this = other;
+    m_pNext = next;
+    m_pPrev = prev;
+    m_pHours = CopyEntriesInto(hours, other.m_pHours);
+    m_pCosts = CopyEntriesInto(costs, other.m_pCosts);
+    m_pCosts2 = CopyEntriesInto(costs2, other.m_pCosts2);
 }
 
 CProjectNode* CProjectNode::CloneUnlinked() const {

@@ -127,8 +127,14 @@ CProjectNode* CutSubtree(CProjectNode*& first, CProjectNode* node) {
 void PasteChainBefore(CProjectNode*& first, CProjectNode* target, CProjectNode* chainFirst) {
     for (CProjectNode* node = chainFirst; node; node = node->m_pNext)
         node->m_bSelected = 0;
+    if (!target || !chainFirst)
+        return;
+    // The chain becomes the target's sibling: it is shown when the target is, and only its own
+    // rows need their visibility worked out (a walk of the whole list costs on large projects).
+    const int shown = target->m_bVisible;
     SpliceChainBefore(first, target, chainFirst);
-    RecomputeVisibility(first);
+    chainFirst->m_bVisible = shown;
+    RecomputeSubtreeVisibility(chainFirst);
 }
 
 DropVerdict CheckDrop(CProjectNode* first, CProjectNode* moved, CProjectNode* rowBelow) {

@@ -34,6 +34,28 @@ bool IsLaterCommand(int id) {
     return std::find(kLaterCommands.begin(), kLaterCommands.end(), id) != kLaterCommands.end();
 }
 
+// The commands that are always enabled and never checked.
+bool IsPlainViewCommand(int id) {
+    switch (id) {
+    case cmd::ZoomOut:
+    case cmd::ZoomIn:
+    case cmd::WidthDown:
+    case cmd::WidthUp:
+    case cmd::CollapseAll:
+    case cmd::ExpandAll:
+    case cmd::BackupTree:
+    case cmd::SortByDate:
+    case cmd::EditCopy:
+    case cmd::EditCut:
+    case cmd::EditPaste:
+    case cmd::NextPane:
+    case cmd::PrevPane:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool IsTaskOnlyItem(int id) {
     return id == cmd::NodeDone || id == cmd::ClockIn || id == cmd::ClockOut;
 }
@@ -135,6 +157,17 @@ bool CVeltoView::OnUpdateCommand(int id, CommandState& state) {
 }
 
 bool CVeltoView::UpdateNodeCommand(int id, CommandState& state) const {
+    if (IsPlainViewCommand(id))
+        return true;
+    if (id == cmd::EditUndo) {
+        state.enabled = m_doc.m_pBackupFirst != nullptr;
+        return true;
+    }
+    if (id == cmd::ToggleCosts) {
+        state.checked = m_showCosts;
+        return true;
+    }
+    // Finding the selected node walks the list, so only the commands that need it look.
     const CProjectNode* node = Current();
     const bool isTask = node && node->m_nKind == KIND_TASK;
     if (int CProjectNode::*flag = FormatFlagOf(id)) {
@@ -143,31 +176,11 @@ bool CVeltoView::UpdateNodeCommand(int id, CommandState& state) const {
         return true;
     }
     switch (id) {
-    case cmd::ZoomOut:
-    case cmd::ZoomIn:
-    case cmd::WidthDown:
-    case cmd::WidthUp:
-    case cmd::CollapseAll:
-    case cmd::ExpandAll:
-    case cmd::BackupTree:
-    case cmd::SortByDate:
-    case cmd::EditCopy:
-    case cmd::EditCut:
-    case cmd::EditPaste:
-    case cmd::NextPane:
-    case cmd::PrevPane:
-        return true;
     case cmd::NewNode:
     case cmd::EditNode:
     case cmd::DeleteNode:
     case cmd::NodeColor:
         state.enabled = node != nullptr;
-        return true;
-    case cmd::EditUndo:
-        state.enabled = m_doc.m_pBackupFirst != nullptr;
-        return true;
-    case cmd::ToggleCosts:
-        state.checked = m_showCosts;
         return true;
     case cmd::NodeDone:
         state.enabled = isTask;
@@ -187,12 +200,16 @@ bool CVeltoView::UpdateNodeCommand(int id, CommandState& state) const {
 bool CVeltoView::OnCommand(int id) {
     if (IsLaterCommand(id))
         return true; // claimed so that the frame's handler of a shared id does not run
+    // The tree commands find the selected node themselves (or need none) and do nothing without
+    // one; checking first would walk a large list twice.
+    if (RunTreeCommand(id))
+        return true;
     CommandState state;
     if (!UpdateNodeCommand(id, state))
         return false;
-    if (!state.enabled)
-        return true;
-    return RunTreeCommand(id) || RunNodeCommand(id);
+    if (state.enabled)
+        RunNodeCommand(id);
+    return true;
 }
 
 bool CVeltoView::RunTreeCommand(int id) {

@@ -79,19 +79,21 @@ TEST(NodeListDelete, FirstNodeIsRefusedWithoutAsking) {
     EXPECT_EQ(Outline(tree.first), "0:R 1:A");
 }
 
-TEST(NodeListDelete, AsksOnceWithTheTextForNodesWithAndWithoutChildren) {
-    TestTree tree{{0, "R"}, {1, "Pl\xE4ne"}, {2, "x"}, {1, "leer"}};
+TEST(NodeListDelete, AsksOnceWithTheTextForProjectNodesAndOtherKinds) {
+    TestTree tree{{0, "R"}, {1, "Pl\xE4ne"}, {2, "x"}, {1, "leer"}, {1, "t", KIND_TASK}};
     ScriptedPrompter prompter;
-    tree.Select("Pl\xE4ne");
-    EXPECT_FALSE(DeleteCurrentNode(tree.first, prompter));
-    tree.Select("leer");
-    EXPECT_FALSE(DeleteCurrentNode(tree.first, prompter));
+    for (const char* title : {"Pl\xE4ne", "leer", "t"}) {
+        tree.Select(title);
+        EXPECT_FALSE(DeleteCurrentNode(tree.first, prompter));
+    }
 
-    ASSERT_EQ(prompter.asked().size(), 2u);
+    ASSERT_EQ(prompter.asked().size(), 3u);
     EXPECT_EQ(prompter.asked()[0].caption, "Löschen bestätigen");
     EXPECT_EQ(prompter.asked()[0].buttons, PromptButtons::YesNo);
     EXPECT_EQ(prompter.asked()[0].text, "Möchten Sie den Knoten 'Pläne' inkl. aller Unterknoten löschen?");
-    EXPECT_EQ(prompter.asked()[1].text, "Möchten Sie den Knoten 'leer' löschen?");
+    EXPECT_EQ(prompter.asked()[1].text, "Möchten Sie den Knoten 'leer' inkl. aller Unterknoten löschen?")
+        << "a project node, even without children";
+    EXPECT_EQ(prompter.asked()[2].text, "Möchten Sie den Knoten 't' löschen?");
 }
 
 TEST(NodeListDelete, AnsweringNoChangesNothing) {
@@ -184,6 +186,49 @@ TEST(NodeListCopy, DeepCopyIsEqualButIndependent) {
     EXPECT_EQ(a->m_pCosts->m_pNext->m_fAmount, -1.0f);
     FreeNodeList(copy);
     EXPECT_EQ(DeepCopyList(nullptr), nullptr);
+}
+
+TEST(NodeListCopy, ARefreshedCopyMatchesTheListWhetherTheOldCopyWasLongerOrShorter) {
+    TestTree tree{{0, "R"}, {1, "A", KIND_TASK}, {1, "B"}, {2, "C"}};
+    tree["A"]->m_pHours = new CHoursEntry{CTime(1), CTime(2), CTime(3), "Max", "Bau", nullptr};
+    tree["A"]->m_pHours->m_pNext = new CHoursEntry{CTime(4), CTime(5), CTime(6), "Eva", "Putz", nullptr};
+    tree["B"]->m_pCosts = new CCostEntry{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R", nullptr};
+    tree.Select("C");
+
+    CProjectNode* copy = RefreshListCopy(nullptr, tree.first);
+    EXPECT_EQ(Outline(copy), "0:R 1:A 1:B 2:C");
+
+    // The list shrinks and its entries move: the copy follows, surplus nodes and entries go.
+    std::swap(tree["A"]->m_pHours, tree["B"]->m_pHours);
+    FreeCosts(tree["B"]->m_pCosts);
+    tree["B"]->m_pCosts = nullptr;
+    CProjectNode* c = tree["C"];
+    tree["B"]->m_pNext = nullptr;
+    delete c;
+    tree["R"]->m_strNote = std::string(300, 'n');
+    copy = RefreshListCopy(copy, tree.first);
+    EXPECT_EQ(Outline(copy), "0:R 1:A 1:B");
+    EXPECT_TRUE(LinksAreSound(copy));
+    EXPECT_EQ(copy->m_strNote, tree.first->m_strNote);
+    EXPECT_EQ(copy->m_pNext->m_pHours, nullptr);
+    ASSERT_TRUE(copy->m_pNext->m_pNext->m_pHours && copy->m_pNext->m_pNext->m_pHours->m_pNext);
+    EXPECT_EQ(copy->m_pNext->m_pNext->m_pHours->m_pNext->m_str1, "Eva");
+    EXPECT_NE(copy->m_pNext->m_pNext->m_pHours, tree["B"]->m_pHours) << "entries are copied, not shared";
+    EXPECT_EQ(copy->m_pNext->m_pNext->m_pCosts, nullptr);
+    EXPECT_EQ(Flagged(copy, &CProjectNode::m_bSelected), "");
+
+    // It grows again beyond the old copy.
+    tree.first->m_pNext->m_strTitle = "A2";
+    auto* d = new CProjectNode;
+    d->m_strTitle = "D";
+    d->m_nLevel = 1;
+    d->m_pPrev = tree["B"];
+    tree["B"]->m_pNext = d;
+    copy = RefreshListCopy(copy, tree.first);
+    EXPECT_EQ(Outline(copy), "0:R 1:A2 1:B 1:D");
+    EXPECT_TRUE(LinksAreSound(copy));
+
+    EXPECT_EQ(RefreshListCopy(copy, nullptr), nullptr) << "an empty list frees the whole copy";
 }
 
 // A chain as the node clipboard holds it: linked nodes that belong to no list.
