@@ -31,8 +31,6 @@
 
 namespace {
 constexpr int kIdleIntervalMs = 200;
-constexpr int kMinNoteFontSize = 6;
-constexpr int kMaxNoteFontSize = 100;
 constexpr qsizetype kRecentLabelLength = 60;
 
 // "&1 /path/to/file.VT5", shortened in the middle of long paths; '&' in a name is shown as itself.
@@ -330,7 +328,8 @@ void CMainFrame::SetCommandHandler(int id, std::function<void()> handler) {
 std::unique_ptr<CVeltoDoc> CMainFrame::MakeDocument() const {
     const SettingsSession settings = m_settings.Open();
     const QString font = settings.Get(setting::NoteFontName);
-    const int size = std::clamp(settings.Get(setting::NoteFontSize), kMinNoteFontSize, kMaxNoteFontSize);
+    const int size =
+        std::clamp(settings.Get(setting::NoteFontSize), setting::kMinNoteFontSize, setting::kMaxNoteFontSize);
     return std::make_unique<CVeltoDoc>(m_desktop.GetPrompter(), ToCp1252Lossy(font), size);
 }
 

@@ -56,11 +56,6 @@ void DrawVLine(QPainter& p, const QColor& color, int x, int y1, int y2) {
 
 } // namespace
 
-QColor ColorFromColorRef(int colorRef) {
-    const auto value = static_cast<unsigned>(colorRef);
-    return QColor(int(value & 0xFF), int((value >> 8) & 0xFF), int((value >> 16) & 0xFF));
-}
-
 void DrawBumpEdge(QPainter& p, const QRect& r) {
     if (r.width() < 4 || r.height() < 4)
         return;

@@ -1,6 +1,7 @@
 #pragma once
 // Paints the timeline into any QPainter: the back buffer of the chart window, a printer page or a
 // test image. One Paint() call draws the whole picture for one layout.
+#include "app/ColorRef.h"
 #include "chart/ChartCalendar.h"
 #include "chart/ChartHost.h"
 #include "chart/ChartLayout.h"
@@ -9,8 +10,6 @@
 #include <QColor>
 #include <QPainter>
 
-// COLORREF (red in the low byte) to QColor.
-QColor ColorFromColorRef(int colorRef);
 // The raised-outer, sunken-inner 3-D frame every box and square of the chart gets.
 void DrawBumpEdge(QPainter& painter, const QRect& rect);
 

@@ -1,6 +1,6 @@
 #include "dialogs/CHolidayDlg.h"
 
-#include "chart/TimelinePainter.h"
+#include "app/ColorRef.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
 #include "document/Prompter.h"
@@ -32,10 +32,6 @@ struct Column {
 // The sort key and the colour ride along in hidden columns, as they always have.
 constexpr std::array<Column, 5> kColumns = {
     {{"Tag", 0}, {"Farbe", 0}, {"Tag", 110}, {"Benennung", 200}, {"Jährlich", 110}}};
-
-int ColorRefOf(const QColor& colour) {
-    return colour.red() | (colour.green() << 8) | (colour.blue() << 16);
-}
 
 QStringList ColumnsOf(const CHoliday& entry) {
     const HolidayRow row = MakeHolidayRow(entry);
