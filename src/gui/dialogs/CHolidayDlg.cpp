@@ -17,7 +17,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -123,10 +122,7 @@ QTreeWidget* CHolidayDlg::BuildList() {
         width += kColumns[i].width;
     }
     m_list->setMinimumSize(width, 200);
-    connect(m_list, &QTreeWidget::itemDoubleClicked, this, &CHolidayDlg::TakeBackEntry);
-    auto* remove = new QShortcut(QKeySequence::Delete, m_list);
-    remove->setContext(Qt::WidgetShortcut);
-    connect(remove, &QShortcut::activated, this, &CHolidayDlg::TakeBackEntry);
+    TakeBackOnDoubleClickOrDelete(m_list, [this] { TakeBackEntry(); });
     return m_list;
 }
 

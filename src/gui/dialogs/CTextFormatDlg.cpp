@@ -1,5 +1,6 @@
 #include "dialogs/CTextFormatDlg.h"
 
+#include "app/ColorRef.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
 
@@ -13,14 +14,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-QColor FromColorRef(int color) {
-    return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
-}
-
-int ToColorRef(const QColor& color) {
-    return color.red() | (color.green() << 8) | (color.blue() << 16);
-}
 
 QCheckBox* NewCheck(const char* text, bool checked, QWidget* parent) {
     auto* box = new QCheckBox(QString::fromUtf8(text), parent);
@@ -70,14 +63,14 @@ TitleFormat CTextFormatDlg::Format() const {
 }
 
 void CTextFormatDlg::ChooseColor() {
-    const QColor chosen = QColorDialog::getColor(FromColorRef(m_color), this, "Farbe");
+    const QColor chosen = QColorDialog::getColor(ColorFromColorRef(m_color), this, "Farbe");
     if (chosen.isValid())
-        m_color = ToColorRef(chosen);
+        m_color = ColorRefOf(chosen);
     ShowColor();
 }
 
 void CTextFormatDlg::ShowColor() {
     QPixmap swatch(16, 16);
-    swatch.fill(FromColorRef(m_color));
+    swatch.fill(ColorFromColorRef(m_color));
     m_colorButton->setIcon(QIcon(swatch));
 }
