@@ -55,6 +55,11 @@ CHyperlinkDlg::CHyperlinkDlg(QWidget* parent, FileChooser chooseFile)
     EnableOk();
 }
 
+void CHyperlinkDlg::SetTarget(const QString& target) {
+    m_target->setText(target);
+    m_target->selectAll();
+}
+
 QString CHyperlinkDlg::Target() const {
     return m_target->text().trimmed();
 }

@@ -15,6 +15,8 @@ public:
 
     // chooseFile: the file dialog unless given (tests give their own).
     explicit CHyperlinkDlg(QWidget* parent = nullptr, FileChooser chooseFile = {});
+    // Starts the dialog with a target, selected so that typing replaces it.
+    void SetTarget(const QString& target);
     // The target without surrounding blanks.
     QString Target() const;
 

@@ -1,5 +1,6 @@
 #include "view/CNotePane.h"
 
+#include "app/ColorRef.h"
 #include "app/CommandIds.h"
 #include "app/Cp1252Text.h"
 #include "app/ProjectFiles.h"
@@ -118,8 +119,9 @@ std::optional<QFont> ChooseFontWithDialog(QWidget* parent, const QFont& font) {
     return ok ? std::optional<QFont>(chosen) : std::nullopt;
 }
 
-std::optional<QString> AskHyperlinkWithDialog(QWidget* parent) {
+std::optional<QString> AskHyperlinkWithDialog(QWidget* parent, const QString& selected) {
     CHyperlinkDlg dialog(parent);
+    dialog.SetTarget(selected);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.Target();
@@ -388,7 +390,7 @@ void CNotePane::ChooseColour() {
         return;
     // A chosen colour replaces the automatic one.
     QTextCharFormat colour;
-    colour.setForeground(notetext::ToQColor(rtf::Colour(*chosen)));
+    colour.setForeground(ColorFromColorRef(*chosen));
     m_editor->mergeCurrentCharFormat(colour);
 }
 
@@ -417,7 +419,11 @@ void CNotePane::ChooseFont() {
 }
 
 void CNotePane::InsertHyperlink() {
-    const std::optional<QString> target = m_dialogs.askHyperlink(this);
+    // Selected text that could be a target (a path or an address typed without brackets) is offered.
+    const QString selected = m_editor->textCursor().selectedText().trimmed();
+    const bool oneLine =
+        !selected.contains(QChar::ParagraphSeparator) && !selected.contains(QChar::LineSeparator);
+    const std::optional<QString> target = m_dialogs.askHyperlink(this, oneLine ? selected : QString());
     if (!target || target->isEmpty())
         return;
     QTextCursor cursor = m_editor->textCursor();

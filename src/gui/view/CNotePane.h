@@ -33,8 +33,9 @@ struct NotePaneDialogs {
     // A colour (COLORREF, red in the low byte) starting from colorRef; nothing when cancelled.
     std::function<std::optional<int>(QWidget* parent, int colorRef)> chooseColour;
     std::function<std::optional<QFont>(QWidget* parent, const QFont& font)> chooseFont;
-    // The target of a new hyperlink ("Hyperlink einfügen"); nothing when cancelled.
-    std::function<std::optional<QString>(QWidget* parent)> askHyperlink;
+    // The target of a new hyperlink ("Hyperlink einfügen"), offering the selected text; nothing when
+    // cancelled.
+    std::function<std::optional<QString>(QWidget* parent, const QString& selected)> askHyperlink;
 };
 
 class CNotePane : public QWidget {

@@ -1,5 +1,7 @@
 #include "view/NoteRichText.h"
 
+#include "app/ColorRef.h"
+
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -100,8 +102,11 @@ void ShowNote(QTextDocument& target, const rtf::Document& note) {
             cursor.insertText(QString::fromStdString(run.text), ToTextFormat(run.format));
     }
     // An empty note is one unterminated empty block, which TakeNote reads as no paragraph at all.
-    if (first)
-        cursor.setBlockFormat(ToBlockFormat(rtf::Paragraph{.end = rtf::ParagraphBreak::None}));
+    if (first) {
+        rtf::Paragraph nothing;
+        nothing.end = rtf::ParagraphBreak::None;
+        cursor.setBlockFormat(ToBlockFormat(nothing));
+    }
     target.setUndoRedoEnabled(true);
     target.setModified(false);
 }
@@ -130,7 +135,7 @@ QTextCharFormat ToTextFormat(const rtf::CharFormat& format) {
     text.setFontUnderline(format.underline);
     text.setFontStrikeOut(format.strikeOut);
     if (format.colour)
-        text.setForeground(ToQColor(*format.colour));
+        text.setForeground(ColorFromColorRef(int(*format.colour)));
     return text;
 }
 
@@ -143,14 +148,9 @@ rtf::CharFormat ToNoteFormat(const QTextCharFormat& format) {
     note.underline = format.fontUnderline();
     note.strikeOut = format.fontStrikeOut();
     if (format.hasProperty(QTextFormat::ForegroundBrush) && format.foreground().style() != Qt::NoBrush) {
-        const QColor colour = format.foreground().color();
-        note.colour = rtf::MakeColour(colour.red(), colour.green(), colour.blue());
+        note.colour = rtf::Colour(ColorRefOf(format.foreground().color()));
     }
     return note;
-}
-
-QColor ToQColor(rtf::Colour colour) {
-    return QColor(int(colour & 0xFF), int(colour >> 8 & 0xFF), int(colour >> 16 & 0xFF));
 }
 
 int HalfPointsOf(const QTextCharFormat& format) {

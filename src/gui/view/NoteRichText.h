@@ -20,8 +20,6 @@ rtf::Document TakeNote(const QTextDocument& source);
 QTextCharFormat ToTextFormat(const rtf::CharFormat& format);
 rtf::CharFormat ToNoteFormat(const QTextCharFormat& format);
 
-QColor ToQColor(rtf::Colour colour);
-
 // The size the model keeps. A format whose shown size was changed by other means (the font dialog,
 // pasted text) gives that size.
 int HalfPointsOf(const QTextCharFormat& format);

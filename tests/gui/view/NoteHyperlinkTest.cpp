@@ -48,6 +48,7 @@ TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
     ShowText("Alpha Erste Zeile");
     Select(6, 11);
     Click(CNotePane::kHyperlinkButton);
+    EXPECT_EQ(linkAskedWith, std::vector<QString>{"Erste"}) << "the selected text is offered as the target";
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha Erste Zeile") << "cancelled: nothing changes";
     EXPECT_FALSE(doc.IsModified());
 
@@ -71,14 +72,17 @@ TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
 
 TEST_F(NoteHyperlinks, InsertedThroughTheDialog) {
     pane->SetDialogs({}); // the real "Hyperlink einfügen"
-    ShowText("Text");
-    Caret(4);
+    ShowText("Text www.example.com");
+    Select(5, 20);
     OnNextModal<CHyperlinkDlg>([](CHyperlinkDlg& dialog) {
-        Find<QLineEdit>(dialog, "target1006")->setText("  https://www.example.com/a b ");
+        auto* target = Find<QLineEdit>(dialog, "target1006");
+        EXPECT_EQ(target->text(), "www.example.com");
+        EXPECT_EQ(target->selectedText(), "www.example.com") << "typing replaces the offer";
+        target->setText("  https://www.example.com/a b ");
         ClickOk(dialog);
     });
     Run(cmd::InsertHyperlink);
-    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Text[https://www.example.com/a b]");
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Text [https://www.example.com/a b]");
 }
 
 TEST_F(NoteHyperlinks, TypedClosingBracketFormatsTheLinkAndSaves) {

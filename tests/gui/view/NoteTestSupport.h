@@ -61,7 +61,10 @@ protected:
                               fontAskedWith.push_back(font);
                               return fontAnswer;
                           },
-                          [this](QWidget*) { return linkAnswer; }});
+                          [this](QWidget*, const QString& selected) {
+                              linkAskedWith.push_back(selected);
+                              return linkAnswer;
+                          }});
         pane->resize(500, 300);
         pane->show();
         pane->activateWindow();
@@ -134,6 +137,7 @@ protected:
     std::optional<int> colourAnswer;
     std::vector<QFont> fontAskedWith;
     std::optional<QFont> fontAnswer;
+    std::vector<QString> linkAskedWith;
     std::optional<QString> linkAnswer;
 };
 
