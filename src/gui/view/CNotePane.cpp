@@ -135,7 +135,8 @@ CNotePane::CNotePane(CVeltoDoc& doc, Prompter& prompter, QWidget* parent)
       m_clock(&CTime::GetCurrentTime) {
     setObjectName("notePane");
     m_editor->setObjectName("note137");
-    m_editor->setToolTip("Notiz");
+    // Named for screen readers; a tool tip would keep popping up over the text being written.
+    m_editor->setAccessibleName("Notiz");
     m_editor->document()->setDefaultFont(
         QFont(ToQString(m_doc.m_strNoteFont), std::max(1, m_doc.m_nNoteFontSize)));
     m_buttonRow = CreateButtonRow();
