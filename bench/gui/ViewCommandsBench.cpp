@@ -7,6 +7,8 @@
 #include "model/NodeList.h"
 #include "view/CVeltoView.h"
 
+#include <QCoreApplication>
+
 #include <benchmark/benchmark.h>
 
 #include <memory>
@@ -34,7 +36,11 @@ struct ProjectWindow {
         return nullptr;
     }
     void Select(CProjectNode* node) { SelectOnly(doc.m_pFirstNode, node); }
-    void Run(int id) { view->OnCommand(id); }
+    // The command and what it leaves queued (the note pane following the selection).
+    void Run(int id) {
+        view->OnCommand(id);
+        QCoreApplication::sendPostedEvents();
+    }
 
     bench::SilentPrompter prompter;
     CVeltoDoc doc;

@@ -6,6 +6,7 @@
 #include "app/ProjectFiles.h"
 #include "app/RecentFileList.h"
 #include "document/Prompter.h"
+#include "view/CVeltoView.h"
 
 DocumentCommands::DocumentCommands(CChildFrame& child, Desktop& desktop, RecentFileList& recent)
     : m_child(child), m_desktop(desktop), m_recent(recent) {}
@@ -50,6 +51,7 @@ bool DocumentCommands::SaveAs() {
 
 bool DocumentCommands::SaveTo(const QString& path) {
     CVeltoDoc& doc = m_child.GetDocument();
+    m_child.GetView().SaveNote();
     m_child.StoreViewValues(doc.m_view);
     const bool saved = doc.OnSaveDocument(ToCorePath(path));
     m_child.RefreshTitle();
@@ -60,6 +62,8 @@ bool DocumentCommands::SaveTo(const QString& path) {
 
 bool DocumentCommands::SaveModified() {
     CVeltoDoc& doc = m_child.GetDocument();
+    // What was just typed into the note counts as a change even while the note has the focus.
+    m_child.GetView().SaveNote();
     if (!doc.IsModified())
         return true;
     const std::string question = "Änderungen in " + doc.GetTitle() + " speichern?";

@@ -555,6 +555,14 @@ void CGrafik::MoveSelection(bool down) {
         SelectAndShow(target);
 }
 
+CProjectNode* CGrafik::SelectedNode() {
+    if (!First())
+        return nullptr;
+    RefreshRows();
+    CProjectNode* shown = m_rows.At(m_rows.SelectedRow());
+    return shown ? shown : CurrentNode(First());
+}
+
 CProjectNode* CGrafik::SelectNodeAt(QPoint pos) {
     if (!First())
         return nullptr;

@@ -94,6 +94,8 @@ public:
     // Selects the node of the row under pos (a right click before its context menu); the node, or
     // null when pos is on no row.
     CProjectNode* SelectNodeAt(QPoint pos);
+    // The selected node, from the row index when it is shown (no walk of a fresh index).
+    CProjectNode* SelectedNode();
     // Forgets the row index; the next redraw rebuilds it. Called on every document update.
     void InvalidateRows() { m_rows.Invalidate(); }
     // One step of the drag timer: scrolls while a node is held above the first or below the last row.

@@ -7,9 +7,11 @@
 #include "dialogs/NodeDialogs.h"
 #include "model/NodeList.h"
 #include "model/NumberFormat.h"
+#include "view/CNotePane.h"
 
 #include <QAction>
 #include <QMenu>
+#include <QTextEdit>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -21,7 +23,6 @@ namespace {
 constexpr std::array kLaterCommands = {
     cmd::FindText,        cmd::MyTasks,          cmd::HoursReport,   cmd::CostReport, cmd::FilePrint,
     cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::GoToAlarmNode, cmd::SearchStep, cmd::MyTasksChosen,
-    cmd::NoteBold,        cmd::NoteItalic,       cmd::NoteUnderline, cmd::NoteFont,   cmd::InsertHyperlink,
 };
 
 // The items of the node context menu; 0 is a separator. Menu 154 leaves out those of tasks only.
@@ -88,7 +89,8 @@ int SteppedZoom(int zoom, int step) {
 } // namespace
 
 CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext context, QWidget* parent)
-    : QWidget(parent), m_doc(doc), m_shell(shell), m_context(std::move(context)), m_chart(new CGrafik(this)) {
+    : QWidget(parent), m_doc(doc), m_shell(shell), m_context(std::move(context)), m_chart(new CGrafik(this)),
+      m_notePane(new CNotePane(doc, doc.GetPrompter(), m_chart)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_chart);
@@ -96,6 +98,8 @@ CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext cont
     m_chart->SetHost(this);
     m_chart->SetOptions(m_context.chart);
     m_chart->SetHolidays(m_context.holidays);
+    m_chart->SetNotePane(m_notePane);
+    m_notePane->SetReadOnly(m_doc.m_bReadOnly);
     m_chart->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_chart, &QWidget::customContextMenuRequested, this, &CVeltoView::ShowContextMenu);
     setFocusProxy(m_chart);
@@ -106,6 +110,7 @@ CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext cont
     connect(&m_reminderTimer, &QTimer::timeout, this, &CVeltoView::OnMinuteTimer);
     m_reminderTimer.start();
     SetLayout({m_doc.m_view.chartWidth1, m_doc.m_view.chartWidth2, int(m_doc.m_view.zoom)});
+    m_notePane->ShowNode(Current());
 }
 
 CVeltoView::~CVeltoView() {
@@ -144,6 +149,9 @@ int CVeltoView::ChartZoom() const {
 // ---- routing ----
 
 bool CVeltoView::OnUpdateCommand(int id, CommandState& state) {
+    // The note's commands, and edit commands while the note has the focus, are the pane's.
+    if (m_notePane->OnUpdateCommand(id, state))
+        return true;
     if (id == cmd::StatusNodeInfo) {
         const CProjectNode* current = Current();
         state.text = current ? NodeInfoLine(*current, m_showCosts) : QString();
@@ -200,6 +208,8 @@ bool CVeltoView::UpdateNodeCommand(int id, CommandState& state) const {
 bool CVeltoView::OnCommand(int id) {
     if (IsLaterCommand(id))
         return true; // claimed so that the frame's handler of a shared id does not run
+    if (m_notePane->OnCommand(id))
+        return true;
     // The tree commands find the selected node themselves (or need none) and do nothing without
     // one; checking first would walk a large list twice.
     if (RunTreeCommand(id))
@@ -295,13 +305,31 @@ bool CVeltoView::RunNodeCommand(int id) {
 }
 
 void CVeltoView::OnDocumentUpdated(CVeltoDoc&) {
-    // The chart observes the document itself and reindexes on its next redraw.
+    // The chart observes the document itself and reindexes on its next redraw. The pane follows
+    // the selection once the command is through: a command may update the views more than once,
+    // and by then the chart's fresh row index knows the selected node without a walk of the list.
+    if (m_noteFollowPending)
+        return;
+    m_noteFollowPending = true;
+    QMetaObject::invokeMethod(this, &CVeltoView::ShowSelectedNote, Qt::QueuedConnection);
+}
+
+void CVeltoView::ShowSelectedNote() {
+    m_noteFollowPending = false;
+    // A save under a new name may have made a read-only project writable.
+    m_notePane->SetReadOnly(m_doc.m_bReadOnly);
+    m_notePane->ShowNode(m_chart->SelectedNode());
+}
+
+void CVeltoView::SaveNote() {
+    m_notePane->SaveNote();
 }
 
 // ---- drawing ----
 
 void CVeltoView::Redraw() {
     m_showsMindMap = m_shell.mindMapMode;
+    m_notePane->SetToolbarVisible(m_shell.noteToolbar);
     m_chart->ZeichneAllesNeu();
 }
 
@@ -367,10 +395,13 @@ void CVeltoView::ExpandAll() {
 }
 
 void CVeltoView::TakeUndoCopy() {
+    // The copy must hold what was typed into the note so far.
+    SaveNote();
     m_doc.BackupTree();
 }
 
 void CVeltoView::Undo() {
+    SaveNote();
     if (!m_doc.Undo())
         return;
     RecomputeVisibility(m_doc.m_pFirstNode);
@@ -450,10 +481,12 @@ void CVeltoView::OnMinuteTimer() {
 // ---- note pane ----
 
 bool CVeltoView::NotePaneHasFocus() const {
-    return false;
+    return m_notePane->EditorHasFocus();
 }
 
-void CVeltoView::PasteIntoNotePane() {}
+void CVeltoView::PasteIntoNotePane() {
+    m_notePane->Editor()->paste();
+}
 
 // ---- context menu ----
 

@@ -13,6 +13,7 @@
 
 struct ShellState;
 class CGrafik;
+class CNotePane;
 class CProjectNode;
 class QMenu;
 
@@ -36,6 +37,9 @@ public:
 
     CVeltoDoc& GetDocument() const { return m_doc; }
     CGrafik& Chart() const { return *m_chart; }
+    CNotePane& NotePane() const { return *m_notePane; }
+    // Writes what was typed into the note back into its node (before a save or a close).
+    void SaveNote();
 
     bool OnUpdateCommand(int id, CommandState& state) override;
     bool OnCommand(int id) override;
@@ -97,6 +101,7 @@ private:
     void SwitchPane();
     void ShowContextMenu(const QPoint& pos);
     void OnMinuteTimer();
+    void ShowSelectedNote();
 
     // The common ends of the commands: what changed the tree or a node, and what only changed
     // what is shown.
@@ -108,7 +113,9 @@ private:
     const ShellState& m_shell;
     ViewContext m_context;
     CGrafik* m_chart;
+    CNotePane* m_notePane;
     QTimer m_reminderTimer;
+    bool m_noteFollowPending = false;
     int m_mindMapZoom = 20;
     bool m_showsMindMap = false;
     bool m_showCosts = false;

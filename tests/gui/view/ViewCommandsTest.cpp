@@ -11,8 +11,12 @@
 #include "view/CVeltoView.h"
 #include "view/ViewContext.h"
 
+#include "text/RtfReader.h"
+#include "view/CNotePane.h"
+
 #include <QAction>
 #include <QMenu>
+#include <QTextEdit>
 
 using namespace charttest;
 
@@ -303,7 +307,7 @@ TEST_F(ViewCommands, CutThroughTheViewTakesTheUndoCopySoUndoBringsTheNodeBack) {
 
 TEST_F(ViewCommands, LaterFeaturesAreClaimedSoTheFramesSharedIdsStayQuiet) {
     CVeltoView& view = MakeView();
-    for (int id : {cmd::FindText, cmd::FilePrint, cmd::HoursReport, cmd::NoteBold}) {
+    for (int id : {cmd::FindText, cmd::FilePrint, cmd::HoursReport, cmd::GoToAlarmNode}) {
         EXPECT_FALSE(Query(id).enabled) << id;
         EXPECT_TRUE(Run(id)) << id;
     }
@@ -311,7 +315,73 @@ TEST_F(ViewCommands, LaterFeaturesAreClaimedSoTheFramesSharedIdsStayQuiet) {
     EXPECT_FALSE(view.OnUpdateCommand(cmd::FileSave, state)) << "the frame's own";
 }
 
+std::string NoteText(const CProjectNode* node) {
+    return rtf::PlainText(node->m_strNote);
+}
+
+// The note pane follows the selection once the command's events are through.
+void ShowSelection(CVeltoDoc& doc) {
+    doc.UpdateAllViews();
+    QCoreApplication::sendPostedEvents();
+}
+
+void Type(CVeltoView& view, const QString& text) {
+    QTextEdit* editor = view.NotePane().Editor();
+    editor->moveCursor(QTextCursor::End);
+    editor->insertPlainText(text);
+}
+
+TEST_F(ViewCommands, TheNoteFollowsTheSelectionAndWhatWasTypedReachesTheUndoCopy) {
+    CVeltoView& view = MakeView();
+    Select("t1");
+    ShowSelection(doc);
+    EXPECT_EQ(view.NotePane().ShownNode(), Node("t1"));
+    Type(view, "Angebot einholen");
+
+    Select("P");
+    ShowSelection(doc);
+    EXPECT_EQ(view.NotePane().ShownNode(), Node("P"));
+    EXPECT_NE(NoteText(Node("t1")).find("Angebot einholen"), std::string::npos) << "saved on leaving";
+    EXPECT_TRUE(doc.IsModified());
+
+    Type(view, "Kosten klären");
+    Run(cmd::NewNode); // takes the undo copy first
+    QCoreApplication::sendPostedEvents();
+    const CProjectNode* copiedP = Find(doc.m_pBackupFirst, "P");
+    EXPECT_NE(NoteText(copiedP).find("Kosten klären"), std::string::npos);
+    EXPECT_EQ(view.NotePane().ShownNode(), Node("Neuer Knoten"));
+}
+
+TEST_F(ViewCommands, TheNoteCommandsAreThePanesWhileAProjectIsOpen) {
+    CVeltoView& view = MakeView();
+    Select("t1");
+    ShowSelection(doc);
+    Type(view, "Wichtig");
+    view.NotePane().Editor()->selectAll();
+    EXPECT_TRUE(Query(cmd::NoteBold).enabled);
+    EXPECT_FALSE(Query(cmd::NoteBold).checked);
+    Run(cmd::NoteBold);
+    EXPECT_TRUE(Query(cmd::NoteBold).checked);
+    EXPECT_NE(Node("t1")->m_strNote.str().find("\\b"), std::string::npos) << "a format change saves the note";
+}
+
 class ViewSettings : public ShellTest {};
+
+TEST_F(ViewSettings, SavingTakesTheNoteThatIsStillBeingTyped) {
+    const QString path = ProjectPath("Notiz.VT5");
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.NewDocument();
+    CVeltoView& view = child->GetView();
+    view.NotePane().Editor()->insertPlainText(QStringLiteral("Noch nicht gespeichert"));
+    EXPECT_FALSE(child->GetDocument().IsModified()) << "no key let go, no focus lost yet";
+    desktop.ChooseFiles({path});
+    ASSERT_TRUE(child->Commands().SaveAs());
+    child->close();
+
+    CVeltoDoc reread(desktop.prompter);
+    ASSERT_TRUE(reread.OnOpenDocument(path.toStdString()));
+    EXPECT_NE(NoteText(reread.m_pFirstNode).find("Noch nicht gespeichert"), std::string::npos);
+}
 
 TEST_F(ViewSettings, TheChartOptionsAreReadAsTheyWereMeant) {
     SettingsStore store(desktop.prompter);
