@@ -118,6 +118,7 @@ private:
     void Value(CTime value) { Value(value.GetTime()); }
     void Value(float value) { m_writer.Raw(jsonfloat::Format(value)); }
     void Value(const std::string& value) { m_writer.String(cp1252::ToUtf8(value)); }
+    void Value(const NoteText& value) { Value(value.str()); }
     template <class T, size_t N> void Value(const std::array<T, N>& values) {
         m_writer.BeginArray(true);
         for (const T& value : values)
@@ -243,6 +244,11 @@ private:
         case jsonfloat::ParseError::OutOfRange:
             return Fail(name, index, "Zahl außerhalb des Bereichs einer 32-Bit-Gleitkommazahl");
         }
+    }
+    void Read(const json& item, NoteText& value, const char* name, int index) {
+        std::string text;
+        Read(item, text, name, index);
+        value = std::move(text);
     }
     void Read(const json& item, std::string& value, const char* name, int index) {
         if (!item.is_string())

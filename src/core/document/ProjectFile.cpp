@@ -165,6 +165,11 @@ public:
     void Field(float& value, const char* name) { value = std::bit_cast<float>(U32(name)); }
     void Field(CTime& value, const char* name) { value = CTime(U32(name)); }
     void Field(std::string& value, const char* name);
+    void Field(NoteText& value, const char* name) {
+        std::string text;
+        Field(text, name);
+        value = std::move(text);
+    }
 
     // A count of records that each take at least minRecordBytes; 0 after a failure.
     uint32_t Count(const char* name, uint64_t minRecordBytes) {
@@ -434,6 +439,7 @@ public:
     void Field(const std::string& value, const char* = nullptr) {
         size += LengthPrefixSize(value.size()) + value.size();
     }
+    void Field(const NoteText& value, const char* name = nullptr) { Field(value.str(), name); }
 };
 
 // Stores the fields into a buffer. With a sink, a full buffer is handed over and filled again; without

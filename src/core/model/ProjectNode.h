@@ -3,6 +3,7 @@
 // one doubly linked list in display order; the hierarchy is each node's depth (m_nLevel), and a
 // node's subtree is the run of following nodes that are deeper than it.
 #include "model/CTime.h"
+#include "model/NoteText.h"
 
 #include <cstdint>
 #include <string>
@@ -93,7 +94,7 @@ public:
     std::string m_strText2;
 
     CTime m_timeStart;
-    std::string m_strNote; // RTF
+    NoteText m_strNote; // RTF
     std::string m_strTitle = "Neuer Knoten";
     std::string m_strFontName = "Arial";
     int m_crColor = 0; // COLORREF, red in the low byte

@@ -363,7 +363,7 @@ TEST(ProjectFileRead, BytesAfterTheLastNodeAreCountedAndDropped) {
 TEST(ProjectFileWrite, StreamedPiecesAddUpToTheSameBytesAndStopWhenRefused) {
     ProjectContent content;
     ASSERT_EQ(Read(File({Node(1000, 2, 1), Node(2000)}), content).status, ReadStatus::Ok);
-    content.firstNode->m_strNote.assign(2'500'000, 'n'); // spans three pieces
+    content.firstNode->m_strNote = std::string(2'500'000, 'n'); // spans three pieces
     const auto write = [&](const ProjectSink& sink) {
         return WriteProject(content.view, content.assigneeHistory, content.remarkHistory, content.firstNode,
                             sink);
@@ -386,7 +386,7 @@ TEST(ProjectFileWrite, StreamedPiecesAddUpToTheSameBytesAndStopWhenRefused) {
 TEST(ProjectFileStream, LongNotesBypassTheWindowAndAShortOrFailingSourceIsAnError) {
     ProjectContent content;
     ASSERT_EQ(Read(File({Node(1000, 2, 1), Node(2000)}), content).status, ReadStatus::Ok);
-    content.firstNode->m_strNote.assign(700'000, 'n');
+    content.firstNode->m_strNote = std::string(700'000, 'n');
     content.firstNode->m_pNext->m_strTitle.assign(300'000, 't');
     const std::vector<uint8_t> bytes = WriteProject(content);
     for (size_t piece : {size_t(1) << 16, bytes.size()}) {

@@ -179,9 +179,11 @@ TEST(NodeListCopy, DeepCopyIsEqualButIndependent) {
 
     // Changing the copy leaves the original alone.
     copyA->m_strTitle = "changed";
+    copyA->m_strNote = "{\\rtf1 anders}";
     copyA->m_pHours->m_str1 = "changed";
     copyA->m_pCosts->m_pNext->m_fAmount = 99.0f;
     EXPECT_EQ(a->m_strTitle, "A");
+    EXPECT_EQ(a->m_strNote, "{\\rtf1 Notiz}") << "the notes were shared until one changed";
     EXPECT_EQ(a->m_pHours->m_str1, "Max");
     EXPECT_EQ(a->m_pCosts->m_pNext->m_fAmount, -1.0f);
     FreeNodeList(copy);
