@@ -6,8 +6,10 @@
 #include "app/ShellState.h"
 #include "chart/CGrafik.h"
 #include "chart/NodeClipboard.h"
+#include "dialogs/CClockOutDlg.h"
 #include "gui/app/ShellTestSupport.h"
 #include "gui/chart/ChartTestSupport.h"
+#include "gui/dialogs/DialogTestSupport.h"
 #include "view/CVeltoView.h"
 #include "view/ViewContext.h"
 
@@ -17,6 +19,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QTextEdit>
+#include <QTimeEdit>
 
 using namespace charttest;
 
@@ -236,6 +239,23 @@ TEST_F(ViewCommands, DoneAndTheClockAreForTasksOnly) {
     EXPECT_FALSE(doc.IsModified()) << "a running clock is not saved";
     EXPECT_FALSE(Query(cmd::ClockIn).enabled);
     EXPECT_TRUE(Query(cmd::ClockOut).enabled);
+}
+
+TEST_F(ViewCommands, ClosingTheProjectClocksOutThroughTheViewsDialogFirst) {
+    MakeView();
+    Select("t2");
+    Run(cmd::ClockIn);
+    OnNextModal<CClockOutDlg>([](CClockOutDlg& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Ausstempeln: t2");
+        Find<QTimeEdit>(dialog, "begin")->setTime(QTime(8, 0));
+        Find<QTimeEdit>(dialog, "end")->setTime(QTime(9, 30));
+        ClickOk(dialog);
+    });
+    EXPECT_FALSE(doc.OnCloseDocument()) << "stays open so that the new hours can be saved";
+    EXPECT_FALSE(Node("t2")->m_bClockedIn);
+    ASSERT_NE(Node("t2")->m_pHours, nullptr);
+    EXPECT_TRUE(doc.IsModified());
+    EXPECT_TRUE(doc.OnCloseDocument()) << "no clock runs any more";
 }
 
 TEST_F(ViewCommands, TheNodeInfoLineShowsStampsAndTheBalanceOfTheMode) {
