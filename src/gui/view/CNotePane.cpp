@@ -206,8 +206,8 @@ void CNotePane::ShowNode(CProjectNode* node) {
         return;
     SaveNote();
     m_node = node;
-    m_shownNote = node ? node->m_strNote : std::string();
-    notetext::ShowNote(*m_editor->document(), rtf::ReadRtf(m_shownNote));
+    m_shownNote = node ? node->m_strNote : NoteText();
+    notetext::ShowNote(*m_editor->document(), rtf::ReadRtf(m_shownNote.str()));
     m_editor->moveCursor(QTextCursor::Start);
     ApplyEditable();
     UpdateButtons();

@@ -5,6 +5,7 @@
 // operation and when the control loses the focus; a note that was only looked at keeps its bytes.
 #include "app/CommandTarget.h"
 #include "model/CTime.h"
+#include "model/NoteText.h"
 
 #include <QFont>
 #include <QWidget>
@@ -13,7 +14,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <string>
 
 class CProjectNode;
 class CVeltoDoc;
@@ -118,7 +118,8 @@ private:
     std::function<CTime()> m_clock;
 
     CProjectNode* m_node = nullptr;
-    // The note as the node held it when shown or last written: an unchanged node needs no reload.
-    std::string m_shownNote;
+    // The note as the node held it when shown or last written: an unchanged node needs no reload,
+    // and while the node still shares this text, finding that out costs no comparison of bytes.
+    NoteText m_shownNote;
     bool m_readOnly = false;
 };
