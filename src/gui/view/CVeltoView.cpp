@@ -11,7 +11,6 @@
 
 #include <QAction>
 #include <QMenu>
-#include <QTextEdit>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -485,7 +484,7 @@ bool CVeltoView::NotePaneHasFocus() const {
 }
 
 void CVeltoView::PasteIntoNotePane() {
-    m_notePane->Editor()->paste();
+    m_notePane->OnCommand(cmd::EditPaste); // saves the note at once
 }
 
 // ---- context menu ----
