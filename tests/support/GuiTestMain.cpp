@@ -1,7 +1,7 @@
 // Test entry point for the widget tests: one QApplication on the platform ctest selects (offscreen).
+#include "support/TestEnvironment.h"
 #include <QApplication>
 #include <ctime>
-#include "support/TestEnvironment.h"
 
 #include <gtest/gtest.h>
 

@@ -19,11 +19,15 @@ inline std::string FromEnvOr(const char* name, const char* fallback) {
 
 #ifdef VELTO_SHARED_DIR_DEFAULT
 // The shared data folder (the RTF corpus lives there); override with $VELTO_SHARED_DIR.
-inline std::string SharedDir() { return FromEnvOr("VELTO_SHARED_DIR", VELTO_SHARED_DIR_DEFAULT); }
+inline std::string SharedDir() {
+    return FromEnvOr("VELTO_SHARED_DIR", VELTO_SHARED_DIR_DEFAULT);
+}
 #endif
 #ifdef VELTO_CLI_DEFAULT
 // The velto-cli executable under test; override with $VELTO_CLI.
-inline std::string CliPath() { return FromEnvOr("VELTO_CLI", VELTO_CLI_DEFAULT); }
+inline std::string CliPath() {
+    return FromEnvOr("VELTO_CLI", VELTO_CLI_DEFAULT);
+}
 #endif
 
 } // namespace testenv

@@ -1,8 +1,8 @@
 // Test entry point for the Qt-free tests: pins the German locale and takes it as the application
 // does at start-up (Qt calls setlocale(LC_ALL, "")), so number and time code is tested under it.
+#include "support/TestEnvironment.h"
 #include <clocale>
 #include <ctime>
-#include "support/TestEnvironment.h"
 
 #include <gtest/gtest.h>
 

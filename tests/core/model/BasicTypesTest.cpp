@@ -77,13 +77,14 @@ TEST(Cp1252Test, SpecialCharacters) {
     EXPECT_EQ(cp1252::ToUtf8("\xE4\xF6\xFC\xDF"), "äöüß");
     EXPECT_EQ(cp1252::ToUnicode(0x81), 0x81u); // unassigned: its own C1 code point
     EXPECT_EQ(cp1252::ToUnicode(0x9D), 0x9Du);
-    EXPECT_EQ(cp1252::FromUtf8("Größe 5 €"), std::string("Gr\xF6\xDF" "e 5 \x80"));
+    EXPECT_EQ(cp1252::FromUtf8("Größe 5 €"), std::string("Gr\xF6\xDF"
+                                                         "e 5 \x80"));
 }
 
 TEST(Cp1252Test, TextThatDoesNotFit) {
     EXPECT_FALSE(cp1252::Fits("Привет"));
     EXPECT_FALSE(cp1252::Fits("😀"));
-    EXPECT_FALSE(cp1252::Fits("\xC3")); // truncated UTF-8
+    EXPECT_FALSE(cp1252::Fits("\xC3"));     // truncated UTF-8
     EXPECT_FALSE(cp1252::Fits("\xC0\xAF")); // overlong
     EXPECT_TRUE(cp1252::Fits("Übersicht – „Plan“"));
     EXPECT_EQ(cp1252::FromUtf8Lossy("aЖb"), "a?b");

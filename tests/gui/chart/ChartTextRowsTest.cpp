@@ -19,7 +19,7 @@ TEST(ChartText, RowTextCarriesTheDatePrefixAndTheResponsibleShortCode) {
     EXPECT_EQ(ResponsibleShortCode("Ohne Trenner"), "Ohne Trenner");
     EXPECT_EQ(ResponsibleShortCode("A \xAB\xBB B \xAB\xBB C"), "C");
     EXPECT_EQ(ToQString("Gr\xF6\xDF"
-                           "e \x80\x81"),
+                        "e \x80\x81"),
               QString::fromUtf8("Größe €\u0081"));
     FreeNodeList(node);
 }

@@ -29,8 +29,12 @@ inline QAbstractButton* ButtonOfRole(const QDialog& dialog, QDialogButtonBox::Bu
     ADD_FAILURE() << "no button of role " << role;
     return nullptr;
 }
-inline void ClickOk(const QDialog& dialog) { ButtonOfRole(dialog, QDialogButtonBox::AcceptRole)->click(); }
-inline void ClickCancel(const QDialog& dialog) { ButtonOfRole(dialog, QDialogButtonBox::RejectRole)->click(); }
+inline void ClickOk(const QDialog& dialog) {
+    ButtonOfRole(dialog, QDialogButtonBox::AcceptRole)->click();
+}
+inline void ClickCancel(const QDialog& dialog) {
+    ButtonOfRole(dialog, QDialogButtonBox::RejectRole)->click();
+}
 
 // Acts on the modal dialog of type D that the next event loop shows (a button click then runs
 // exec). Should none be open, whatever modal widget is open is closed, so no test can hang.
