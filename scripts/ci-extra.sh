@@ -23,11 +23,11 @@ per_target=$(( 60 / ${#targets[@]} ))
 for t in "${targets[@]}"; do
     name=$(basename "$t")
     corpus="fuzz/corpus/${name#fuzz_}"
-    mkdir -p "build-fuzz/work/$name"
+    mkdir -p "build-fuzz/runs/$name"
     seeds=()
     [ -d "$corpus" ] && seeds+=("$corpus")
     echo "-- $name (${per_target}s)"
     "$t" -max_total_time="$per_target" -rss_limit_mb=2048 -print_final_stats=1 \
-        "build-fuzz/work/$name" "${seeds[@]}" 2>&1 | tail -n 12
+        "build-fuzz/runs/$name" "${seeds[@]}" 2>&1 | tail -n 12
 done
 echo "fuzz: all targets ran without a crash"

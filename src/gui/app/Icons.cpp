@@ -286,13 +286,14 @@ QPixmap Paint(const Drawing& draw, int size) {
     return pixmap;
 }
 
+} // namespace
+
 QIcon PaintedIcon(const Drawing& draw) {
     QIcon icon;
     for (int size : {16, 24, 32, 48})
         icon.addPixmap(Paint(draw, size));
     return icon;
 }
-} // namespace
 
 QIcon CommandIcon(const CommandInfo& command) {
     const auto& drawings = Drawings();

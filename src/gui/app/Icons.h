@@ -3,7 +3,13 @@
 // drawn here, so the program looks complete on a bare system and ships no image files for buttons.
 #include <QIcon>
 
+#include <functional>
+
+class QPainter;
 struct CommandInfo;
+
+// An icon drawn on a 16 x 16 grid, in the sizes toolbars and menus ask for.
+QIcon PaintedIcon(const std::function<void(QPainter&)>& draw);
 
 QIcon CommandIcon(const CommandInfo& command);
 // The program's own icon.

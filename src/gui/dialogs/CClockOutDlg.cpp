@@ -41,13 +41,7 @@ CClockOutDlg::CClockOutDlg(const std::string& title, CTime begin, CTime end, con
 }
 
 HoursInput CClockOutDlg::ReadInput() const {
-    return {ToCalendarDay(m_day->date()),
-            m_begin->time().hour(),
-            m_begin->time().minute(),
-            m_end->time().hour(),
-            m_end->time().minute(),
-            dlgtext::Keep(m_assignee->currentText()),
-            dlgtext::Keep(m_remark->currentText())};
+    return ReadHoursInput(*m_day, *m_begin, *m_end, *m_assignee, *m_remark);
 }
 
 void CClockOutDlg::accept() {

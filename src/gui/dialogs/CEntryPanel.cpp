@@ -356,13 +356,7 @@ void CEntryPanel::TakeBackEntry() {
 }
 
 void CEntryPanel::AddHours() {
-    const HoursInput input{ToCalendarDay(m_day->date()),
-                           m_begin->time().hour(),
-                           m_begin->time().minute(),
-                           m_end->time().hour(),
-                           m_end->time().minute(),
-                           dlgtext::Keep(m_assignee->currentText()),
-                           dlgtext::Keep(m_remark->currentText())};
+    const HoursInput input = ReadHoursInput(*m_day, *m_begin, *m_end, *m_assignee, *m_remark);
     if (!AddHoursEntry(m_copy.m_pHours, input)) {
         m_prompter.Tell(kBadInterval, Prompter::kCaption, PromptIcon::None);
         return;

@@ -1,6 +1,9 @@
 #include "dialogs/DialogParts.h"
 
+#include "dialogs/DialogText.h"
+
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QDateEdit>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -56,4 +59,15 @@ QTime ToQTime(CTime time) {
 
 CalendarDay ToCalendarDay(const QDate& date) {
     return {date.year(), date.month(), date.day()};
+}
+
+HoursInput ReadHoursInput(const QDateEdit& day, const QTimeEdit& begin, const QTimeEdit& end,
+                          const QComboBox& assignee, const QComboBox& remark) {
+    return {ToCalendarDay(day.date()),
+            begin.time().hour(),
+            begin.time().minute(),
+            end.time().hour(),
+            end.time().minute(),
+            dlgtext::Keep(assignee.currentText()),
+            dlgtext::Keep(remark.currentText())};
 }

@@ -9,6 +9,7 @@
 #include <functional>
 
 class QAbstractButton;
+class QComboBox;
 class QAbstractItemView;
 class QDateEdit;
 class QDialog;
@@ -35,3 +36,6 @@ QTimeEdit* NewTimePicker(QWidget* parent);
 QDate ToQDate(CTime time);
 QTime ToQTime(CTime time);
 CalendarDay ToCalendarDay(const QDate& date);
+// The hours entry that the day, the two times and the two text combos of an input row describe.
+HoursInput ReadHoursInput(const QDateEdit& day, const QTimeEdit& begin, const QTimeEdit& end,
+                          const QComboBox& assignee, const QComboBox& remark);

@@ -76,21 +76,6 @@ Drawing DrawingOf(int buttonId) {
     }
 }
 
-QIcon Painted(const Drawing& draw) {
-    QIcon icon;
-    for (int size : {16, 24, 32}) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.scale(size / 16.0, size / 16.0);
-        draw(painter);
-        painter.end();
-        icon.addPixmap(pixmap);
-    }
-    return icon;
-}
-
 const char* ThemeNameOf(int buttonId) {
     switch (buttonId) {
     case CNotePane::kColourButton:
@@ -128,5 +113,5 @@ int EffectCommandOf(int buttonId) {
 QIcon NoteButtonIcon(int buttonId) {
     if (const CommandInfo* command = FindCommand(EffectCommandOf(buttonId)))
         return CommandIcon(*command);
-    return QIcon::fromTheme(QString::fromLatin1(ThemeNameOf(buttonId)), Painted(DrawingOf(buttonId)));
+    return QIcon::fromTheme(QString::fromLatin1(ThemeNameOf(buttonId)), PaintedIcon(DrawingOf(buttonId)));
 }
