@@ -1,6 +1,6 @@
 #include "CliFiles.h"
 
-#include "document/FileSystem.h"
+#include "io/FileSystem.h"
 
 #include <cerrno>
 #include <cstdio>

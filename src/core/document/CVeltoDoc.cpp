@@ -1,10 +1,10 @@
 #include "document/CVeltoDoc.h"
 
-#include "document/FileSystem.h"
 #include "document/LockFile.h"
 #include "document/LoginName.h"
 #include "document/Prompter.h"
 #include "document/SafeSave.h"
+#include "io/FileSystem.h"
 #include "model/NodeList.h"
 #include "text/DefaultNote.h"
 
@@ -76,6 +76,54 @@ bool CVeltoDoc::OnOpenDocument(const std::string& path) {
     m_bSaveAsPending = false;
     m_bModified = false;
     return true;
+}
+
+bool CVeltoDoc::OpenStateReadOnly(const std::string& statePath) {
+    ProjectContent content;
+    if (!ReadStateTold(statePath, content))
+        return false;
+    TakeContent(std::move(content));
+    m_strPathName = statePath;
+    m_bReadOnly = true;
+    m_bSaveAsPending = false;
+    m_bModified = false;
+    return true;
+}
+
+bool CVeltoDoc::RestoreState(const std::string& statePath) {
+    ProjectContent content;
+    if (!ReadStateTold(statePath, content))
+        return false;
+    // The current content stays at hand until the restored one is safely saved.
+    ProjectContent current = ReleaseContent();
+    const bool wasModified = m_bModified;
+    TakeContent(std::move(content));
+    if (OnSaveDocument(m_strPathName))
+        return true;
+    TakeContent(std::move(current));
+    m_bModified = wasModified;
+    return false;
+}
+
+bool CVeltoDoc::ReadStateTold(const std::string& path, ProjectContent& content) {
+    ReadResult result;
+    const int opened = ReadProjectFile(path, content, result);
+    if (opened < 0 || result.status == ReadStatus::Error) {
+        TellError(opened < 0 ? "Die Datei \"" + path +
+                                   "\" kann nicht geöffnet werden: " + FileErrorReason(opened) + "."
+                             : result.Message(path));
+        return false;
+    }
+    return true;
+}
+
+ProjectContent CVeltoDoc::ReleaseContent() {
+    ProjectContent content;
+    content.view = m_view;
+    content.assigneeHistory = m_strAssigneeHistory;
+    content.remarkHistory = m_strRemarkHistory;
+    content.firstNode = std::exchange(m_pFirstNode, nullptr);
+    return content;
 }
 
 int CVeltoDoc::ReadProjectFile(const std::string& path, ProjectContent& content, ReadResult& result) {

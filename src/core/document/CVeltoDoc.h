@@ -47,6 +47,13 @@ public:
     // When the user cancels the file dialog of "save as": clears m_bSaveAsPending, which would
     // otherwise let a plain save overwrite a file opened read-only, and takes the lock back.
     void CancelSaveAs();
+    // Opens a backup or another saved state of a project to compare, read-only and without touching
+    // any lock file.
+    bool OpenStateReadOnly(const std::string& statePath);
+    // Makes a saved state (a backup) the content of this document and saves it to the document's
+    // path, so that the current state becomes the newest backup. False (told) when the state cannot
+    // be read or the save fails; the document is unchanged then.
+    bool RestoreState(const std::string& statePath);
     // True when the document may be closed; false when running clocks were clocked out and the
     // document stays open so that the new hours can be saved.
     bool OnCloseDocument();
@@ -101,6 +108,10 @@ private:
     // when the file cannot be opened; errors while reading are in result.
     int ReadProjectFile(const std::string& path, ProjectContent& content, ReadResult& result);
     void TakeContent(ProjectContent&& content);
+    // Reads a whole project file; false after telling the user why it cannot be read.
+    bool ReadStateTold(const std::string& path, ProjectContent& content);
+    // Hands the nodes, histories and view values over, leaving the document empty.
+    ProjectContent ReleaseContent();
     void DeleteContents();
     void TellError(const std::string& text);
 

@@ -1,6 +1,6 @@
 #pragma once
 // The files kept beside a project: the lock file that names who edits it and the five backups.
-#include "document/FileSystem.h"
+#include "io/FileSystem.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "document/ProjectFile.h"
 
-#include "document/FileSystem.h"
+#include "io/FileSystem.h"
 #include "model/Cp1252.h"
 #include "model/NodeList.h"
 #include "text/DefaultNote.h"

@@ -2,7 +2,7 @@
 // Saving a project so that the last good state survives any single failure: the new content goes
 // to a temporary file beside the project and onto the disk first; only then do the backups rotate
 // (.BK3 → .BK4 … .BK0 → .BK1, the project → .BK0) and the temporary file take the project's place.
-#include "document/FileSystem.h"
+#include "io/FileSystem.h"
 
 #include <string>
 

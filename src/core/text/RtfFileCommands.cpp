@@ -1,6 +1,6 @@
 #include "text/RtfFileCommands.h"
 
-#include "document/FileSystem.h"
+#include "io/FileSystem.h"
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
