@@ -1,6 +1,7 @@
 #pragma once
 // One open project: its node list, the undo copy, the entry text histories and the view values
 // stored in the file; opening with the lock-file dialogue, saving with backups, closing.
+#include "document/LockFile.h"
 #include "document/ProjectFile.h"
 #include "model/ProjectNode.h"
 
@@ -35,27 +36,27 @@ public:
 
     // A new project: one root project node "Projektname" with the default note.
     bool OnNewDocument();
-    // The lock-file dialogue, then the file. False when the document was not opened (the user
-    // declined, or the file cannot be read; the reason was told through the prompter).
+    // The lock-file dialogue, the repair of a save that was killed, then the file. False when the
+    // document was not opened (the user declined, or the file cannot be read; the reason was told).
     bool OnOpenDocument(const std::string& path);
-    // Lock file, safe write, backup rotation. False when nothing was saved (the reason was told).
-    // The caller copies the current view values into m_view first.
-    bool OnSaveDocument(const std::string& path);
-    // The first half of "save as": releases the lock of the current path (unless read-only) and
-    // lets a read-only document be saved under the name the user picks next.
-    void PrepareSaveAs();
-    // When the user cancels the file dialog of "save as": clears m_bSaveAsPending, which would
-    // otherwise let a plain save overwrite a file opened read-only, and takes the lock back.
-    void CancelSaveAs();
     // Opens a backup or another saved state of a project to compare, read-only and without touching
     // any lock file.
     bool OpenStateReadOnly(const std::string& statePath);
+    // Lock file, safe write, backup rotation. False when nothing was saved (the reason was told);
+    // the document, its lock and its read-only state are then exactly as before.
+    // The caller copies the current view values into m_view first.
+    bool OnSaveDocument(const std::string& path);
     // Makes a saved state (a backup) the content of this document and saves it to the document's
     // path, so that the current state becomes the newest backup. False (told) when the state cannot
     // be read or the save fails; the document is unchanged then.
     bool RestoreState(const std::string& statePath);
-    // True when the document may be closed; false when running clocks were clocked out and the
-    // document stays open so that the new hours can be saved.
+    // "Save as": the next OnSaveDocument may write a read-only document under another name. The
+    // lock of the current name is kept until the new file is saved.
+    void PrepareSaveAs();
+    // The user cancelled the file dialog of "save as".
+    void CancelSaveAs();
+    // True when the document may be closed (its lock file is gone then); false when running clocks
+    // were clocked out and the document stays open, with its lock, so that the new hours can be saved.
     bool OnCloseDocument();
 
     const std::string& GetPathName() const { return m_strPathName; }
@@ -92,34 +93,33 @@ public:
 
 private:
     enum class LockState {
-        Held,     // this document created the lock file
-        NotHeld,  // the lock file could not be created (told); the file opens for writing anyway
-        ReadOnly, // someone else holds the lock and the user chose read-only
+        Held,     // this document holds the lock file
+        ReadOnly, // someone else holds it, or it cannot be made: the file opens read-only
         Declined, // someone else holds the lock and the user chose not to open
     };
-    LockState AcquireLock(const std::string& path);
-    LockState AskAboutForeignLock(const std::string& path, const std::string& lockPath,
-                                  const std::string& holder);
-    // (Re)writes the lock file of path; false after telling the user why it failed.
-    bool WriteLock(const std::string& path);
-    // After a failed "save as": the lock written for the new name goes, the old one comes back.
-    void AbandonSaveAs(const std::string& failedPath);
-    // Reads the project straight from the file, never holding all of its bytes at once. -errno
-    // when the file cannot be opened; errors while reading are in result.
-    int ReadProjectFile(const std::string& path, ProjectContent& content, ReadResult& result);
-    void TakeContent(ProjectContent&& content);
+    LockState AcquireLock(const std::string& file);
+    LockState AskAboutForeignLock(const std::string& file, const LockOwner& owner);
+    LockState OfferLeftOverLock(const std::string& file, const LockOwner& owner);
+    // The lock for saving to file: the one held when it is file's, else a new one in `fresh`.
+    // False after telling why the file may not be written.
+    bool LockForSaving(const std::string& file, ProjectLock& fresh);
+    bool RefuseForeignLock(const std::string& file);
+    // Offers back each state a killed save left that is newer than the file.
+    void OfferInterruptedSaves(const std::string& file);
     // Reads a whole project file; false after telling the user why it cannot be read.
     bool ReadStateTold(const std::string& path, ProjectContent& content);
+    void TakeContent(ProjectContent&& content);
     // Hands the nodes, histories and view values over, leaving the document empty.
     ProjectContent ReleaseContent();
     void DeleteContents();
     void TellError(const std::string& text);
 
     Prompter& m_prompter;
-    FileSystem* m_fs;
     std::unique_ptr<FileSystem> m_ownFs;
+    FileSystem* m_fs;
     std::string m_userName;
     std::string m_strPathName;
+    ProjectLock m_lock;
     bool m_bModified = false;
     std::vector<CDocObserver*> m_observers;
     std::function<void(CProjectNode&)> m_clockOut;

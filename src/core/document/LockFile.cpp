@@ -4,11 +4,59 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <charconv>
 #include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
 
 namespace {
 
 constexpr size_t kLockRecordSize = 256;
+
+// Appends text and its terminating zero as far as the record allows, always leaving the last byte 0.
+size_t PutField(std::vector<uint8_t>& record, size_t at, const std::string& text) {
+    if (at >= kLockRecordSize - 1)
+        return at;
+    const size_t count = std::min(text.size(), kLockRecordSize - 1 - at);
+    std::copy_n(text.begin(), count, record.begin() + at);
+    return at + count + 1;
+}
+
+std::string ThisHost() {
+    char host[256] = {};
+    return gethostname(host, sizeof host - 1) == 0 ? host : "";
+}
+
+// The zero-ended field starting at `at`, and where the next one starts.
+std::string FieldAt(const std::vector<uint8_t>& bytes, size_t& at) {
+    const auto start = bytes.begin() + std::min(at, bytes.size());
+    const auto end = std::find(start, bytes.end(), 0);
+    at = size_t(end - bytes.begin()) + 1;
+    return {start, end};
+}
+
+// The name as the program always read it: over a buffer that starts as "???" and zeros.
+std::string UserNameOf(const std::vector<uint8_t>& bytes) {
+    std::array<char, kLockRecordSize + 1> buffer{'?', '?', '?'};
+    std::memcpy(buffer.data(), bytes.data(), std::min(bytes.size(), kLockRecordSize));
+    return cp1252::ToUtf8(buffer.data());
+}
+
+void ReadOwnerFields(const std::vector<uint8_t>& bytes, LockOwner& owner) {
+    size_t at = 0;
+    FieldAt(bytes, at);
+    const std::string host = FieldAt(bytes, at);
+    const std::string pid = FieldAt(bytes, at);
+    int64_t processId = 0;
+    const auto parsed = std::from_chars(pid.data(), pid.data() + pid.size(), processId);
+    // Only a record with both fields is one of ours; anything else is an unknown writer's.
+    if (!host.empty() && parsed.ec == std::errc() && parsed.ptr == pid.data() + pid.size()) {
+        owner.host = cp1252::ToUtf8(host);
+        owner.processId = processId;
+    }
+}
 
 } // namespace
 
@@ -31,23 +79,102 @@ std::string BackupFilePath(const std::string& projectPath, int index) {
     return ProjectBaseName(projectPath) + ".BK" + std::to_string(index);
 }
 
-std::vector<uint8_t> LockRecord(const std::string& userName) {
+std::vector<uint8_t> LockRecord(const std::string& userName, const std::string& host, int64_t processId) {
     std::vector<uint8_t> record(kLockRecordSize, 0);
-    // One byte stays zero so that the name always ends inside the record.
-    const std::string name = cp1252::FromUtf8Lossy(userName).substr(0, kLockRecordSize - 1);
-    std::copy(name.begin(), name.end(), record.begin());
+    size_t at = PutField(record, 0, cp1252::FromUtf8Lossy(userName));
+    if (!host.empty()) {
+        at = PutField(record, at, cp1252::FromUtf8Lossy(host));
+        PutField(record, at, std::to_string(processId));
+    }
     return record;
 }
 
-int ReadLockHolder(FileSystem& fs, const std::string& lockPath, std::string& holder) {
-    std::vector<uint8_t> bytes;
-    const int result = ReadFileBytes(fs, lockPath, bytes, kLockRecordSize);
-    if (result < 0)
-        return result;
-    // The name is read over "???", as the program always did: a lock file shorter than the
-    // placeholder keeps its tail, so an empty one names "???".
-    std::array<char, kLockRecordSize + 1> buffer{'?', '?', '?'};
-    std::memcpy(buffer.data(), bytes.data(), bytes.size());
-    holder = cp1252::ToUtf8(buffer.data());
+std::vector<uint8_t> OwnLockRecord(const std::string& userName) {
+    return LockRecord(userName, ThisHost(), getpid());
+}
+
+int ReadLockOwner(FileSystem& fs, const std::string& lockPath, LockOwner& owner) {
+    owner = LockOwner{};
+    const int fd = fs.Open(lockPath, O_RDONLY);
+    if (fd < 0)
+        return fd;
+    std::vector<uint8_t> bytes(kLockRecordSize);
+    size_t got = 0;
+    ssize_t read = 0;
+    while (got < bytes.size() && (read = fs.Read(fd, bytes.data() + got, bytes.size() - got)) > 0)
+        got += size_t(read);
+    bytes.resize(got);
+    FileStatus status;
+    if (fs.StatusOf(fd, status) == 0)
+        owner.written = status.modified;
+    owner.held = fs.IsLockedByOther(fd) == 1;
+    fs.Close(fd);
+    if (read < 0)
+        return int(read);
+    owner.user = UserNameOf(bytes);
+    ReadOwnerFields(bytes, owner);
     return 0;
+}
+
+// ---- ProjectLock ----
+
+void ProjectLock::TakeFrom(ProjectLock& other) {
+    Release();
+    m_fd = std::exchange(other.m_fd, -1);
+    m_path = std::move(other.m_path);
+}
+
+int ProjectLock::Create(const std::string& lockPath, const std::vector<uint8_t>& record) {
+    const int fd = m_fs.Open(lockPath, O_RDWR | O_CREAT | O_EXCL);
+    if (fd < 0)
+        return fd;
+    const int held = Hold(fd, lockPath, record);
+    if (held < 0)
+        m_fs.Remove(lockPath);
+    return held;
+}
+
+int ProjectLock::TakeOver(const std::string& lockPath, const std::vector<uint8_t>& record) {
+    const int fd = m_fs.Open(lockPath, O_RDWR);
+    return fd < 0 ? fd : Hold(fd, lockPath, record);
+}
+
+int ProjectLock::Hold(int fd, const std::string& lockPath, const std::vector<uint8_t>& record) {
+    // The advisory lock comes before the content, so that nobody takes a lock file for left over
+    // while it is being written. File systems without advisory locks still get the lock file.
+    int result = m_fs.TryLock(fd);
+    if (result == -ENOLCK || result == -EINVAL || result == -ENOSYS || result == -EOPNOTSUPP)
+        result = 0;
+    size_t done = 0;
+    while (result == 0 && done < record.size()) {
+        const ssize_t written = m_fs.Write(fd, record.data() + done, record.size() - done);
+        result = written < 0 ? int(written) : written == 0 ? -ENOSPC : 0;
+        done += size_t(std::max<ssize_t>(written, 0));
+    }
+    if (result == 0)
+        result = m_fs.Sync(fd);
+    if (result < 0) {
+        m_fs.Close(fd);
+        return result;
+    }
+    Release();
+    m_fd = fd;
+    m_path = lockPath;
+    return 0;
+}
+
+bool ProjectLock::IsStillOurs() const {
+    FileStatus held, named;
+    return IsHeld() && m_fs.StatusOf(m_fd, held) == 0 && m_fs.Status(m_path, named) == 0 &&
+           held.SameFileAs(named);
+}
+
+void ProjectLock::Release() {
+    if (!IsHeld())
+        return;
+    if (IsStillOurs())
+        m_fs.Remove(m_path);
+    m_fs.Close(m_fd);
+    m_fd = -1;
+    m_path.clear();
 }

@@ -134,7 +134,12 @@ int PosixFileSystem::CopyAccess(int fd, const FileStatus& from) {
 }
 
 int PosixFileSystem::CheckWritable(const std::string& path) {
-    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS | AT_SYMLINK_NOFOLLOW) == 0 ? 0 : -errno;
+    if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS | AT_SYMLINK_NOFOLLOW) != 0)
+        return -errno;
+    // A file without any write permission is write-protected on purpose, also for the superuser,
+    // whom the access check lets through.
+    struct stat info {};
+    return ::lstat(path.c_str(), &info) == 0 && (info.st_mode & 0222) == 0 ? -EACCES : 0;
 }
 
 namespace {

@@ -59,7 +59,8 @@ public:
     // Gives the open file the permission bits, owner and group of another file. A user who may not
     // give the file away keeps it, but the group and the mode are still carried over when allowed.
     virtual int CopyAccess(int fd, const FileStatus& from) = 0;
-    // Whether the process may write the file (0) or not (-EACCES, -EROFS, ...).
+    // Whether the process may write the file (0) or not (-EACCES, -EROFS, ...); a file without any
+    // write permission bit counts as write-protected.
     virtual int CheckWritable(const std::string& path) = 0;
     // An advisory write lock on the whole open file, held until the descriptor is closed and seen by
     // other processes (open-file-description lock). -EAGAIN when someone else holds one.

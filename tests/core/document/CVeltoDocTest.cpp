@@ -4,7 +4,9 @@
 #include "text/DefaultNote.h"
 
 #include <cerrno>
+#include <sys/stat.h>
 #include <tuple>
+#include <unistd.h>
 
 using namespace doctest;
 
@@ -63,7 +65,9 @@ TEST_F(DocSaveTest, LockThatCannotBeWrittenStopsTheSave) {
     EXPECT_TRUE(Names().empty());
 }
 
-TEST_F(DocSaveTest, SaveAsFromReadOnlyBelongsToTheNewFile) {
+// A failed or cancelled "save as" leaves the document exactly as it was: a viewer stays a viewer
+// and never touches the holder's lock.
+TEST_F(DocSaveTest, FailedSaveAsLeavesAReadOnlyDocumentReadOnly) {
     const std::string foreign = ProjectBytes("fremd");
     Put(project, foreign);
     Put(lock, LockOf("Bert"));
@@ -71,38 +75,113 @@ TEST_F(DocSaveTest, SaveAsFromReadOnlyBelongsToTheNewFile) {
     CVeltoDoc viewer(prompter, "Arial", 12, &fs, "Anna");
     ASSERT_TRUE(viewer.OnOpenDocument(project));
 
-    // A failed "save as" leaves the document read-only: a plain save must still be refused.
+    for (const std::string& target : {PathOf("fehlt/Kopie.VT5"), PathOf("Kopie.VT5")}) {
+        viewer.PrepareSaveAs();
+        fs.faults = {{Op::Sync, ".tmp", EIO}};
+        EXPECT_FALSE(viewer.OnSaveDocument(target));
+        EXPECT_FALSE(Exists(LockFilePath(target)));
+        EXPECT_TRUE(viewer.m_bReadOnly);
+        EXPECT_FALSE(viewer.OnSaveDocument(project));
+        EXPECT_EQ(prompter.texts().back(), "Datei ist schreibgeschützt!");
+        EXPECT_EQ(Content(lock), LockOf("Bert"));
+        EXPECT_EQ(Content(project), foreign);
+    }
     viewer.PrepareSaveAs();
-    fs.faults = {{Op::Sync, ".tmp", EIO}};
-    EXPECT_FALSE(viewer.OnSaveDocument(PathOf("Kopie.VT5")));
-    EXPECT_FALSE(Exists(PathOf("Kopie.~~~")));
+    viewer.CancelSaveAs();
     EXPECT_FALSE(viewer.OnSaveDocument(project));
-    EXPECT_EQ(prompter.texts().back(), "Datei ist schreibgeschützt!");
 
     viewer.PrepareSaveAs();
-    EXPECT_EQ(Content(lock), LockOf("Anna")); // rewritten by the refused save, but not removed
     ASSERT_TRUE(viewer.OnSaveDocument(PathOf("Kopie.VT5")));
     EXPECT_FALSE(viewer.m_bReadOnly);
     EXPECT_EQ(viewer.GetTitle(), "Kopie.VT5");
     EXPECT_EQ(Content(PathOf("Kopie.VT5")), foreign);
-    EXPECT_EQ(Content(PathOf("Kopie.~~~")), LockOf("Anna"));
-    EXPECT_EQ(Content(project), foreign);
+    EXPECT_EQ(Content(PathOf("Kopie.~~~")), OwnLockOf("Anna"));
+    EXPECT_EQ(Content(lock), LockOf("Bert"));
 }
 
-TEST_F(DocSaveTest, SaveAsReleasesTheOldLockAndCancellingTakesItBack) {
+TEST_F(DocSaveTest, SaveAsKeepsTheOldLockUntilTheNewFileIsSaved) {
     ASSERT_TRUE(SaveAs("eins", project));
     doc.PrepareSaveAs();
-    EXPECT_FALSE(Exists(lock));
-    doc.CancelSaveAs();
-    EXPECT_FALSE(doc.m_bSaveAsPending);
-    EXPECT_EQ(Content(lock), LockOf("Anna"));
+    fs.faults = {{Op::Write, ".tmp", ENOSPC}};
+    EXPECT_FALSE(SaveAs("zwei", PathOf("Neu.VT5")));
+    EXPECT_EQ(Content(lock), OwnLockOf("Anna"));
+    EXPECT_FALSE(Exists(PathOf("Neu.~~~")));
+
+    // A target someone else holds is not overwritten.
+    Put(PathOf("Fremd.~~~"), LockOf("Bert"));
+    doc.PrepareSaveAs();
+    EXPECT_FALSE(SaveAs("zwei", PathOf("Fremd.VT5")));
+    EXPECT_EQ(Content(PathOf("Fremd.~~~")), LockOf("Bert"));
+    EXPECT_FALSE(Exists(PathOf("Fremd.VT5")));
 
     doc.PrepareSaveAs();
     ASSERT_TRUE(SaveAs("zwei", PathOf("Neu.VT5")));
     EXPECT_FALSE(Exists(lock));
     EXPECT_EQ(doc.GetPathName(), PathOf("Neu.VT5"));
     EXPECT_TRUE(doc.OnCloseDocument());
-    EXPECT_EQ(Names(), (std::vector<std::string>{"Neu.VT5", "Plan.VT5"}));
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Fremd.~~~", "Neu.VT5", "Plan.VT5"}));
+}
+
+TEST_F(DocSaveTest, LockTakenOverByAnotherStopsOurSavesAndOurClose) {
+    ASSERT_TRUE(SaveAs("eins", project));
+    std::filesystem::remove(lock); // "Schreibschutz entfernen" by Bert, who then opens it
+    Put(lock, LockOf("Bert"));
+    EXPECT_FALSE(SaveAs("zwei", project));
+    EXPECT_NE(prompter.texts().back().find("ist bereits von Bert"), std::string::npos);
+    EXPECT_EQ(RootTitleIn(project), "eins");
+    EXPECT_TRUE(doc.OnCloseDocument());
+    EXPECT_EQ(Content(lock), LockOf("Bert"));
+}
+
+// The file keeps being what it was: a link stays a link, access and group are carried over, and a
+// write-protected file is not replaced.
+TEST_F(DocSaveTest, SavingKeepsTheFilesIdentity) {
+    ASSERT_TRUE(SaveAs("eins", project));
+    ASSERT_EQ(chmod(project.c_str(), 0660), 0);
+    ASSERT_EQ(chown(project.c_str(), 4321, 4322), 0);
+    ASSERT_TRUE(SaveAs("zwei", project));
+    struct stat info {};
+    ASSERT_EQ(stat(project.c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777, 0660u);
+    EXPECT_EQ(std::tuple(info.st_uid, info.st_gid), std::tuple(4321u, 4322u));
+
+    ASSERT_EQ(chmod(project.c_str(), 0444), 0);
+    EXPECT_FALSE(SaveAs("drei", project));
+    EXPECT_EQ(prompter.texts().back(), "Datei ist schreibgeschützt!");
+    EXPECT_EQ(RootTitleIn(project), "zwei");
+    ASSERT_EQ(chmod(project.c_str(), 0660), 0);
+
+    std::filesystem::create_directory(PathOf("echt"));
+    const std::string link = PathOf("Verknüpfung.VT5");
+    std::filesystem::create_symlink(project, link);
+    CVeltoDoc linked(prompter, "Arial", 12, &fs, "Anna");
+    ASSERT_TRUE(doc.OnCloseDocument());
+    ASSERT_TRUE(linked.OnOpenDocument(link));
+    EXPECT_EQ(Content(lock), OwnLockOf("Anna")); // beside the real file
+    linked.m_pFirstNode->m_strTitle = "über Link";
+    ASSERT_TRUE(linked.OnSaveDocument(link));
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(RootTitleIn(project), "über Link");
+    EXPECT_EQ(RootTitleIn(BackupFilePath(project, 0)), "zwei");
+    EXPECT_EQ(linked.GetTitle(), "Verknüpfung.VT5");
+}
+
+TEST_F(DocSaveTest, SaveKilledBeforeItsLastRenameIsOfferedBackOnOpen) {
+    ASSERT_TRUE(SaveAs("alt", project));
+    ASSERT_TRUE(doc.OnCloseDocument());
+    // What a save killed just before the replace leaves: a whole newer state beside the project.
+    Put(project + ".~rechner-77-0.tmp", ProjectBytes("neuer"));
+    Put(project + ".~rechner-78-0.tmp", ProjectBytes("halb").substr(0, 40));
+    CVeltoDoc next(prompter, "Arial", 12, &fs, "Anna");
+    prompter.Answer(PromptAnswer::Yes);
+    ASSERT_TRUE(next.OnOpenDocument(project));
+    ASSERT_FALSE(prompter.asked().empty());
+    EXPECT_EQ(prompter.asked().back().caption, "Wiederherstellen?");
+    EXPECT_EQ(next.m_pFirstNode->m_strTitle, "neuer");
+    EXPECT_FALSE(next.IsModified());
+    EXPECT_EQ(RootTitleIn(project), "neuer");
+    EXPECT_EQ(RootTitleIn(BackupFilePath(project, 0)), "alt");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.BK0", "Plan.VT5", "Plan.~~~"}));
 }
 
 TEST_F(DocSaveTest, CloseClocksOutRunningClocksAndStaysOpen) {
@@ -123,11 +202,12 @@ TEST_F(DocSaveTest, CloseClocksOutRunningClocksAndStaysOpen) {
     EXPECT_EQ(clockedOut, (std::vector<CProjectNode*>{second, first}));
     EXPECT_TRUE(doc.IsModified());
     EXPECT_EQ(CurrentNode(doc.m_pFirstNode), doc.m_pFirstNode);
-    EXPECT_FALSE(Exists(lock));
+    EXPECT_TRUE(Exists(lock)); // kept until the document really closes
 
     // With every clock stopped the close goes through.
     EXPECT_TRUE(doc.OnCloseDocument());
     EXPECT_EQ(clockedOut.size(), 2u);
+    EXPECT_FALSE(Exists(lock));
 }
 
 TEST_F(DocSaveTest, CloseWithoutCurrentNodeIsToldAndGoesThrough) {

@@ -15,14 +15,15 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 namespace doctest {
 
-enum class Op { Open, Read, Write, Sync, Close, Remove, Rename, SyncDirectory };
+enum class Op { Open, Read, Write, Sync, Close, Remove, Rename, SyncDirectory, Link };
 
 // The real file system, except that a fault makes calls fail: it matches an operation on a path
-// ending in `suffix` (for a rename: the target), lets `skip` matches pass, then fails `times`.
+// ending in `suffix` (for a rename or a link: the target), lets `skip` matches pass, then fails `times`.
 class FaultyFileSystem : public PosixFileSystem {
 public:
     struct Fault {
@@ -63,6 +64,9 @@ public:
     }
     int SyncDirectory(const std::string& path) override {
         return Guard(Op::SyncDirectory, path, [&] { return PosixFileSystem::SyncDirectory(path); });
+    }
+    int Link(const std::string& from, const std::string& to) override {
+        return Guard(Op::Link, to, [&] { return PosixFileSystem::Link(from, to); });
     }
 
 private:
@@ -140,8 +144,14 @@ inline std::string RootTitleIn(const std::string& path) {
     return ReadProject(bytes, content).status == ReadStatus::Ok ? content.firstNode->m_strTitle : "";
 }
 
+// The lock record another program (or an older Velto) writes: the name alone.
 inline std::string LockOf(const std::string& name) {
     const std::vector<uint8_t> record = LockRecord(name);
+    return {record.begin(), record.end()};
+}
+// The lock record this process writes: name, host and process id.
+inline std::string OwnLockOf(const std::string& name) {
+    const std::vector<uint8_t> record = OwnLockRecord(name);
     return {record.begin(), record.end()};
 }
 

@@ -2,6 +2,7 @@
 #include "core/document/DocTestSupport.h"
 
 #include <cerrno>
+#include <tuple>
 
 using namespace doctest;
 using namespace std::string_literals;
@@ -16,39 +17,73 @@ TEST(ProjectFileNames, DerivedFromThePathUpToTheExtension) {
     EXPECT_EQ(BackupFilePath("Plan", 0), "Plan.BK0");
 }
 
-TEST(LockRecord, HoldsTheNameInWindows1252ZeroPaddedTo256Bytes) {
-    const std::vector<uint8_t> record = LockRecord("Jürgen");
+// Readers that stop at the first zero see the name alone; host and process id follow it.
+TEST(LockRecord, HoldsTheNameInWindows1252ThenHostAndProcess) {
+    const std::vector<uint8_t> record = LockRecord("Jürgen", "pc-3", 815);
     ASSERT_EQ(record.size(), 256u);
-    EXPECT_EQ(std::string(record.begin(), record.begin() + 7), "J\xFCrgen\0"s);
-    EXPECT_TRUE(std::all_of(record.begin() + 6, record.end(), [](uint8_t b) { return b == 0; }));
+    EXPECT_EQ(std::string(record.begin(), record.begin() + 16), "J\xFCrgen\0pc-3\0"
+                                                                "815\0"s);
+    EXPECT_TRUE(std::all_of(record.begin() + 16, record.end(), [](uint8_t b) { return b == 0; }));
 
-    const std::vector<uint8_t> longName = LockRecord(std::string(300, 'x'));
+    const std::vector<uint8_t> longName = LockRecord(std::string(300, 'x'), "pc-3", 815);
     ASSERT_EQ(longName.size(), 256u);
     EXPECT_EQ(longName[254], 'x');
     EXPECT_EQ(longName[255], 0);
 }
 
-class LockHolderTest : public TempDirTest {
+class LockOwnerTest : public TempDirTest {
 protected:
-    std::string Holder(std::string_view content) {
+    LockOwner Owner(std::string_view content) {
         Put(lock, content);
-        std::string holder;
-        EXPECT_EQ(ReadLockHolder(fs, lock, holder), 0);
-        return holder;
+        LockOwner owner;
+        EXPECT_EQ(ReadLockOwner(fs, lock, owner), 0);
+        return owner;
     }
     PosixFileSystem fs;
     std::string lock = PathOf("Plan.~~~");
 };
 
-TEST_F(LockHolderTest, ReadsTheNameOverTheQuestionMarks) {
-    EXPECT_EQ(Holder(""), "???");
-    EXPECT_EQ(Holder("A"), "A??"); // read over the placeholder, as always
-    EXPECT_EQ(Holder("J\xFCrgen"), "Jürgen");
-    EXPECT_EQ(Holder(LockOf("Bert")), "Bert");
-    EXPECT_EQ(Holder(std::string(1000, 'z')), std::string(256, 'z'));
+TEST_F(LockOwnerTest, ReadsTheNameOverTheQuestionMarksAndTheOwnerBehindIt) {
+    EXPECT_EQ(Owner("").user, "???");
+    EXPECT_EQ(Owner("A").user, "A??"); // read over the placeholder, as always
+    EXPECT_EQ(Owner("J\xFCrgen").user, "Jürgen");
+    EXPECT_EQ(Owner(std::string(1000, 'z')).user, std::string(256, 'z'));
+    const LockOwner foreign = Owner(LockOf("Bert"));
+    EXPECT_EQ(std::tuple(foreign.user, foreign.host, foreign.IsLeftOver()), std::tuple("Bert", "", false));
+    const LockOwner ours =
+        Owner(std::string_view(reinterpret_cast<const char*>(LockRecord("Bert", "pc-3", 815).data()), 256));
+    EXPECT_EQ(std::tuple(ours.user, ours.host, ours.processId), std::tuple("Bert", "pc-3", 815));
+    EXPECT_TRUE(ours.IsLeftOver());
+    EXPECT_FALSE(Owner("Bert\0pc-3\0"
+                       "8x5"s)
+                     .IsLeftOver()); // not ours: the number is no number
 
-    std::string holder;
-    EXPECT_EQ(ReadLockHolder(fs, PathOf("Fehlt.~~~"), holder), -ENOENT);
+    LockOwner none;
+    EXPECT_EQ(ReadLockOwner(fs, PathOf("Fehlt.~~~"), none), -ENOENT);
+}
+
+TEST_F(LockOwnerTest, AHeldLockIsLiveAndOnlyItsHolderRemovesIt) {
+    ProjectLock held(fs);
+    ASSERT_EQ(held.Create(lock, OwnLockRecord("Anna")), 0);
+    LockOwner owner;
+    ASSERT_EQ(ReadLockOwner(fs, lock, owner), 0);
+    EXPECT_TRUE(owner.held);
+    EXPECT_FALSE(owner.IsLeftOver());
+    ProjectLock second(fs);
+    EXPECT_EQ(second.Create(lock, OwnLockRecord("Bert")), -EEXIST);
+    EXPECT_EQ(second.TakeOver(lock, OwnLockRecord("Bert")), -EAGAIN);
+
+    // Replaced behind its back, the lock file is no longer ours and stays.
+    std::filesystem::remove(lock);
+    Put(lock, LockOf("Bert"));
+    EXPECT_FALSE(held.IsStillOurs());
+    held.Release();
+    EXPECT_EQ(Content(lock), LockOf("Bert"));
+    ASSERT_EQ(second.TakeOver(lock, OwnLockRecord("Carla")), 0);
+    ASSERT_EQ(ReadLockOwner(fs, lock, owner), 0);
+    EXPECT_EQ(owner.user, "Carla");
+    second.Release();
+    EXPECT_FALSE(Exists(lock));
 }
 
 // Hands out at most a few bytes per call, as pipes and network file systems may.
