@@ -359,6 +359,13 @@ CChildFrame* CMainFrame::OpenDocumentFile(const QString& path) {
     return child;
 }
 
+CChildFrame* CMainFrame::OpenStateReadOnly(const QString& statePath) {
+    auto doc = MakeDocument();
+    if (!doc->OpenStateReadOnly(ToCorePath(statePath)))
+        return nullptr;
+    return AddChild(std::move(doc), true);
+}
+
 CChildFrame* CMainFrame::FindDocument(const QString& fileKey) const {
     for (CChildFrame* child : Children()) {
         const std::string& path = child->GetDocument().GetPathName();
@@ -373,6 +380,7 @@ CChildFrame* CMainFrame::AddChild(std::unique_ptr<CVeltoDoc> doc, bool fromFile)
         m_viewFactory ? m_viewFactory(*doc, m_state)
                       : new CVeltoView(*doc, m_state, ReadViewContext(m_settings.Open(), HolidayFilePath()));
     auto* child = new CChildFrame(std::move(doc), view, *this);
+    child->Commands().SetStateOpener([this](const QString& path) { OpenStateReadOnly(path); });
     m_mdi->addSubWindow(child);
     const QSize area = m_mdi->viewport()->size();
     const QSize screenSize = screen() ? screen()->size() : QSize(800, 600);

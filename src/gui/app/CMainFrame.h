@@ -36,6 +36,9 @@ public:
     // Opens a project file, or activates its window when it is open already. Null when it was not
     // opened (the user was told why).
     CChildFrame* OpenDocumentFile(const QString& path);
+    // A backup or other saved state of a project, read-only in a window of its own to compare, with
+    // no lock taken and no entry in the recent files. Null when it could not be read (told).
+    CChildFrame* OpenStateReadOnly(const QString& statePath);
     // A new project with one root node.
     CChildFrame* NewDocument();
 

@@ -12,6 +12,8 @@ inline constexpr int FileSaveAs = 57604;
 inline constexpr int FilePrint = 57607;
 inline constexpr int FilePrintDirect = 57608;
 inline constexpr int FilePrintPreview = 57609;
+// The backups of the open project; a number of the program's own range, not the framework's.
+inline constexpr int FileRestoreBackup = 32818;
 inline constexpr int FileMru1 = 57616; // the recent-file list: 57616 .. 57619
 inline constexpr int RecentFileCount = 4;
 inline constexpr int AppAbout = 57664;

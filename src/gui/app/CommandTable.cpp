@@ -32,6 +32,9 @@ std::vector<CommandInfo> BuildTable() {
          "Speichert das aktive Projekt unter einem neuen Namen.\nSpeichern unter",
          {},
          "document-save-as"},
+        {FileRestoreBackup, "Sicherung &wiederherstellen...",
+         "Zeigt die Sicherungen des aktiven Projekts, um eine zu öffnen oder wiederherzustellen.\n"
+         "Sicherung wiederherstellen"},
         {FilePrint, "&Drucken...\tStrg+P", "Druckt das aktive Projekt.\nDrucken", Keys({kCtrl | Qt::Key_P}),
          "document-print"},
         {FilePrintDirect, "Direkt d&rucken", "Druckt das aktive Projekt ohne Rückfrage.\nDirekt drucken"},

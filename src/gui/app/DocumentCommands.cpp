@@ -5,13 +5,23 @@
 #include "app/Desktop.h"
 #include "app/ProjectFiles.h"
 #include "app/RecentFileList.h"
+#include "chart/CGrafik.h"
+#include "dialogs/CRestoreDlg.h"
+#include "document/ProjectStates.h"
 #include "document/Prompter.h"
 #include "view/CVeltoView.h"
+
+#include <QFileInfo>
 
 DocumentCommands::DocumentCommands(CChildFrame& child, Desktop& desktop, RecentFileList& recent)
     : m_child(child), m_desktop(desktop), m_recent(recent) {}
 
-bool DocumentCommands::OnUpdateCommand(int id, CommandState&) {
+bool DocumentCommands::OnUpdateCommand(int id, CommandState& state) {
+    if (id == cmd::FileRestoreBackup) {
+        // Backups lie beside a file: a project never saved has none.
+        state.enabled = !m_child.GetDocument().GetPathName().empty();
+        return true;
+    }
     return id == cmd::FileSave || id == cmd::FileSaveAs || id == cmd::FileClose;
 }
 
@@ -25,6 +35,9 @@ bool DocumentCommands::OnCommand(int id) {
         return true;
     case cmd::FileClose:
         m_child.close();
+        return true;
+    case cmd::FileRestoreBackup:
+        ChooseBackup();
         return true;
     default:
         return false;
@@ -76,4 +89,34 @@ bool DocumentCommands::SaveModified() {
     default:
         return false;
     }
+}
+
+void DocumentCommands::ChooseBackup() {
+    // Changes not yet saved would not be in the backup that a restore keeps of the current state,
+    // so they are offered for saving first; the list is read after that save's rotation.
+    if (!SaveModified())
+        return;
+    CVeltoDoc& doc = m_child.GetDocument();
+    PosixFileSystem fs;
+    const QString path = FromCorePath(doc.GetPathName());
+    CRestoreDlg dialog(ListProjectStates(fs, doc.GetPathName()), QFileInfo(path).fileName(), !doc.m_bReadOnly,
+                       m_desktop.GetPrompter(), &m_child);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    if (dialog.GetChoice() == CRestoreDlg::Choice::Restore)
+        Restore(dialog.ChosenPath());
+    else if (m_openState)
+        m_openState(FromCorePath(dialog.ChosenPath()));
+}
+
+void DocumentCommands::Restore(const std::string& statePath) {
+    CVeltoDoc& doc = m_child.GetDocument();
+    if (doc.RestoreState(statePath)) {
+        // The whole list is new: the chart indexes its rows anew and the note pane follows the
+        // restored selection.
+        doc.UpdateAllViews();
+        m_child.GetView().Redraw();
+        m_child.GetView().Chart().ScrollToSelection();
+    }
+    m_child.RefreshTitle();
 }

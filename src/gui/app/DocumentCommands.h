@@ -1,9 +1,12 @@
 #pragma once
-// The commands of an open project's document: save, save as and close, and the question whether a
-// modified project is to be saved before it closes.
+// The commands of an open project's document: save, save as, close and the restore of a backup, and
+// the question whether a modified project is to be saved before it closes.
 #include "app/CommandTarget.h"
 
 #include <QString>
+
+#include <functional>
+#include <string>
 
 class CChildFrame;
 class Desktop;
@@ -24,10 +27,18 @@ public:
     // it was saved, the user said No, or it was not modified.
     bool SaveModified();
 
+    // Opens a saved state of the project read-only in a window of its own (the main frame does).
+    using StateOpener = std::function<void(const QString& statePath)>;
+    void SetStateOpener(StateOpener opener) { m_openState = std::move(opener); }
+
 private:
     bool SaveTo(const QString& path);
+    // "Sicherung wiederherstellen": lists the backups to open one or make it the content.
+    void ChooseBackup();
+    void Restore(const std::string& statePath);
 
     CChildFrame& m_child;
     Desktop& m_desktop;
     RecentFileList& m_recent;
+    StateOpener m_openState;
 };

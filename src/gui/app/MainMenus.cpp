@@ -32,8 +32,8 @@ QMenu* FileMenu(MenuSet set, ActionSet& actions, QWidget* parent) {
         Fill(menu, actions, {FileNew, FileOpen, kSeparator, ImportVt4, kSeparator});
     } else {
         Fill(menu, actions,
-             {FileNew, FileOpen, FileClose, FileSave, FileSaveAs, kSeparator, ImportVt4, kSeparator,
-              FilePrint, FilePrintDirect, FilePrintPreview, kSeparator});
+             {FileNew, FileOpen, FileClose, FileSave, FileSaveAs, FileRestoreBackup, kSeparator, ImportVt4,
+              kSeparator, FilePrint, FilePrintDirect, FilePrintPreview, kSeparator});
     }
     for (int i = 0; i < RecentFileCount; ++i)
         menu->addAction(actions.Get(FileMru1 + i));
