@@ -1,6 +1,5 @@
 #include "files/AssigneeFile.h"
 
-#include "files/DataFileIo.h"
 #include "files/TokenReader.h"
 
 std::vector<std::string> ParseAssignees(std::string_view bytes) {
@@ -20,16 +19,11 @@ std::string FormatAssignees(const std::vector<std::string>& presets) {
     return out;
 }
 
-std::vector<std::string> LoadAssignees(const std::string& path) {
-    const auto bytes = ReadDataFile(path);
-    return bytes ? ParseAssignees(*bytes) : std::vector<std::string>{};
+AssigneeFileContent ReadAssigneeFile(const std::string& path, FileSystem& fs) {
+    const DataFileBytes read = ReadDataFile(fs, path);
+    return {ParseAssignees(read.bytes), !read.bytes.empty(), read.error};
 }
 
-bool AssigneeFileHasContent(const std::string& path) {
-    const auto bytes = ReadDataFile(path);
-    return bytes && !bytes->empty();
-}
-
-bool SaveAssignees(const std::string& path, const std::vector<std::string>& presets) {
-    return SaveDataFile(path, FormatAssignees(presets));
+SaveOutcome SaveAssignees(const std::string& path, const std::vector<std::string>& presets, FileSystem& fs) {
+    return SaveDataFile(fs, path, FormatAssignees(presets));
 }

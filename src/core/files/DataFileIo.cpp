@@ -1,58 +1,45 @@
 #include "files/DataFileIo.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include "io/FileRead.h"
+#include "io/SafeWrite.h"
 
-namespace fs = std::filesystem;
+#include <cstdint>
+#include <span>
 
-std::optional<std::string> ReadDataFile(const std::string& path) {
-    std::error_code ec;
-    if (!fs::is_regular_file(path, ec))
-        return std::nullopt;
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return std::nullopt;
-    std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (in.bad())
-        return std::nullopt;
-    return bytes;
+FileSystem& RealFileSystem() {
+    static PosixFileSystem fs;
+    return fs;
+}
+
+DataFileBytes ReadDataFile(FileSystem& fs, const std::string& path) {
+    DataFileBytes read;
+    read.error = ReadWholeFile(fs, path, read.bytes);
+    if (read.error == -ENOENT)
+        read.error = 0;
+    return read;
+}
+
+SaveOutcome SaveDataFile(FileSystem& fs, const std::string& path, const std::string& bytes) {
+    const std::string target = ResolveFileLink(path);
+    const auto produce = [&bytes](const PieceWriter& put) {
+        put(std::span(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()));
+    };
+    return {SaveFileWithBackup(fs, target, BackupPathOf(target), produce)};
 }
 
 std::string BackupPathOf(const std::string& path) {
-    return fs::path(path).replace_extension(".bak").string();
+    const std::string name = FileNameOf(path);
+    const size_t dot = name.rfind('.');
+    // A name that starts with its only dot has no extension.
+    const size_t stemLength = dot == std::string::npos || dot == 0 ? name.size() : dot;
+    return path.substr(0, path.size() - name.size() + stemLength) + ".bak";
 }
 
-namespace {
-
-bool WriteFlushed(const std::string& path, const std::string& bytes) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), std::streamsize(bytes.size()));
-    out.flush();
-    out.close();
-    return !out.fail();
+std::string CannotReadDataFileMessage(const std::string& path, int error) {
+    return "Die Datei \"" + path + "\" kann nicht gelesen werden (" + FileErrorReason(error) +
+           "). Sie wird nicht überschrieben.";
 }
 
-} // namespace
-
-bool SaveDataFile(const std::string& path, const std::string& bytes) {
-    const std::string temporary = path + ".tmp";
-    std::error_code ec;
-    if (!WriteFlushed(temporary, bytes)) {
-        fs::remove(temporary, ec);
-        return false;
-    }
-    const std::string backup = BackupPathOf(path);
-    fs::remove(backup, ec);
-    if (fs::exists(path, ec))
-        fs::rename(path, backup, ec);
-    // Without its backup the previous file would be overwritten for good: keep it and give up.
-    if (!ec)
-        fs::rename(temporary, path, ec);
-    if (ec) {
-        std::error_code ignored;
-        fs::remove(temporary, ignored);
-        return false;
-    }
-    return true;
+std::string CannotSaveDataFileMessage(const std::string& path, int error) {
+    return "Die Datei \"" + path + "\" kann nicht geschrieben werden (" + FileErrorReason(error) + ").";
 }

@@ -1,6 +1,5 @@
 #include "files/HolidayFile.h"
 
-#include "files/DataFileIo.h"
 #include "files/TokenReader.h"
 
 namespace {
@@ -56,11 +55,15 @@ std::string FormatHolidays(const std::vector<CHoliday>& entries) {
     return out;
 }
 
-std::vector<CHoliday> LoadHolidays(const std::string& path) {
-    const auto bytes = ReadDataFile(path);
-    return bytes ? ParseHolidays(*bytes) : std::vector<CHoliday>{};
+HolidayFileContent ReadHolidayFile(const std::string& path, FileSystem& fs) {
+    const DataFileBytes read = ReadDataFile(fs, path);
+    return {ParseHolidays(read.bytes), read.error};
 }
 
-bool SaveHolidays(const std::string& path, const std::vector<CHoliday>& entries) {
-    return SaveDataFile(path, FormatHolidays(entries));
+std::vector<CHoliday> LoadHolidays(const std::string& path) {
+    return ReadHolidayFile(path).entries;
+}
+
+SaveOutcome SaveHolidays(const std::string& path, const std::vector<CHoliday>& entries, FileSystem& fs) {
+    return SaveDataFile(fs, path, FormatHolidays(entries));
 }

@@ -1,6 +1,8 @@
 #pragma once
 // "Feiertage.dat": the user's holidays and vacation days, shared by all projects. A token file:
 // every value followed by a carriage return, no line feeds; blanks in names stored as "#~*".
+#include "files/DataFileIo.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,7 +26,15 @@ std::vector<CHoliday> ParseHolidays(std::string_view bytes);
 // The file's bytes for these entries, in the given order.
 std::string FormatHolidays(const std::vector<CHoliday>& entries);
 
-// Reads the file; a missing or unreadable file gives an empty list.
+// The entries of the file, or why it cannot be read (error: -errno; the file must then not be
+// overwritten). A missing file holds none.
+struct HolidayFileContent {
+    std::vector<CHoliday> entries;
+    int error = 0;
+};
+HolidayFileContent ReadHolidayFile(const std::string& path, FileSystem& fs = RealFileSystem());
+// The entries the chart paints: none when the file is missing or cannot be read.
 std::vector<CHoliday> LoadHolidays(const std::string& path);
-// Moves the old file to "Feiertage.bak" (replacing it) and writes the new one. False on failure.
-bool SaveHolidays(const std::string& path, const std::vector<CHoliday>& entries);
+// Writes the file; the previous one becomes "Feiertage.bak".
+SaveOutcome SaveHolidays(const std::string& path, const std::vector<CHoliday>& entries,
+                         FileSystem& fs = RealFileSystem());

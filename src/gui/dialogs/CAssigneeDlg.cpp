@@ -22,9 +22,10 @@ CAssigneeDlg::CAssigneeDlg(std::string presetFile, Prompter& prompter, QWidget* 
     m_list->setObjectName("presets");
     m_edit->setObjectName("preset");
     dlgtext::Restrict(m_edit);
-    std::vector<std::string> presets = LoadAssignees(m_presetFile);
-    SortLikeListBox(presets);
-    for (const std::string& preset : presets)
+    AssigneeFileContent file = ReadAssigneeFile(m_presetFile);
+    m_readError = file.error;
+    SortLikeListBox(file.presets);
+    for (const std::string& preset : file.presets)
         m_list->addItem(dlgtext::Show(preset));
 
     auto* add = new QPushButton("Zu Liste hinzufügen", this);
@@ -46,7 +47,16 @@ CAssigneeDlg::CAssigneeDlg(std::string presetFile, Prompter& prompter, QWidget* 
     layout->addWidget(add, 2, 0);
     layout->addWidget(takeBack, 2, 1);
     layout->addWidget(m_list, 3, 0, 1, 2);
-    layout->addWidget(NewButtonRow(this), 4, 0, 1, 2);
+    QDialogButtonBox* buttons = NewButtonRow(this);
+    if (m_readError != 0) {
+        auto* notice =
+            new QLabel(QString::fromStdString(CannotReadDataFileMessage(m_presetFile, m_readError)), this);
+        notice->setObjectName("unreadable");
+        notice->setWordWrap(true);
+        layout->addWidget(notice, 4, 0, 1, 2);
+        AcceptButtonOf(buttons)->setEnabled(false);
+    }
+    layout->addWidget(buttons, 5, 0, 1, 2);
 }
 
 std::vector<std::string> CAssigneeDlg::Presets() const {
@@ -86,10 +96,12 @@ void CAssigneeDlg::TakeBackPreset() {
 }
 
 void CAssigneeDlg::accept() {
+    if (m_readError != 0) // OK is disabled; the notice above the buttons says why
+        return;
     // A failed write would lose the edited list without a word; the dialog stays open instead, so
     // the user can try again or cancel.
-    if (!SaveAssignees(m_presetFile, Presets())) {
-        m_prompter.Tell("Bearbeiter.dat kann nicht geschrieben werden!", Prompter::kCaption,
+    if (const SaveOutcome saved = SaveAssignees(m_presetFile, Presets()); !saved) {
+        m_prompter.Tell(CannotSaveDataFileMessage(m_presetFile, saved.error), Prompter::kCaption,
                         PromptIcon::Warning);
         return;
     }

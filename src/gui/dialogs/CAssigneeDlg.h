@@ -1,6 +1,8 @@
 #pragma once
 // "Bearbeiter / Komission": edits the preset texts of "Bearbeiter.dat" that the entry combo boxes
 // offer. OK writes the file (the old one becomes "Bearbeiter.bak"); "Abbrechen" writes nothing.
+// A file that exists but cannot be read is named with the reason, and OK stays disabled: saving
+// would replace its presets with the empty list shown.
 #include <QDialog>
 
 #include <string>
@@ -29,6 +31,7 @@ private:
 
     std::string m_presetFile;
     Prompter& m_prompter;
+    int m_readError = 0;
     QListWidget* m_list;
     QLineEdit* m_edit;
 };

@@ -49,7 +49,10 @@ QPushButton* NewButton(const char* text, const char* name, const char* tip, QWid
 } // namespace
 
 CHolidayDlg::CHolidayDlg(std::string holidayFile, Prompter& prompter, QWidget* parent)
-    : QDialog(parent), m_file(std::move(holidayFile)), m_prompter(prompter), m_entries(LoadHolidays(m_file)) {
+    : QDialog(parent), m_file(std::move(holidayFile)), m_prompter(prompter) {
+    const HolidayFileContent file = ReadHolidayFile(m_file);
+    m_entries = HolidayList(file.entries);
+    m_readError = file.error;
     setWindowTitle("Feiertage, Urlaub, ...");
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 12, 20, 12);
@@ -57,7 +60,16 @@ CHolidayDlg::CHolidayDlg(std::string holidayFile, Prompter& prompter, QWidget* p
     layout->addWidget(BuildList(), 1);
     layout->addWidget(
         new QLabel(QString::fromUtf8("Änderungen werden erst nach einem Neustart sichtbar!"), this));
-    layout->addWidget(NewButtonRow(this));
+    QDialogButtonBox* buttons = NewButtonRow(this);
+    if (m_readError != 0) {
+        auto* notice =
+            new QLabel(QString::fromStdString(CannotReadDataFileMessage(m_file, m_readError)), this);
+        notice->setObjectName("unreadable");
+        notice->setWordWrap(true);
+        layout->addWidget(notice);
+        AcceptButtonOf(buttons)->setEnabled(false);
+    }
+    layout->addWidget(buttons);
     for (std::size_t i = 0; i < Entries().size(); ++i)
         ShowRow(i);
     ShowColour();
@@ -191,10 +203,12 @@ bool CHolidayDlg::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void CHolidayDlg::accept() {
+    if (m_readError != 0) // OK is disabled; the notice above the buttons says why
+        return;
     // A failed write would lose the edited list without a word; the dialog stays open instead, so
     // the user can try again or cancel.
-    if (!SaveHolidays(m_file, Entries())) {
-        m_prompter.Tell("Feiertage.dat kann nicht geschrieben werden!", Prompter::kCaption,
+    if (const SaveOutcome saved = SaveHolidays(m_file, Entries()); !saved) {
+        m_prompter.Tell(CannotSaveDataFileMessage(m_file, saved.error), Prompter::kCaption,
                         PromptIcon::Warning);
         return;
     }

@@ -1,7 +1,8 @@
 #pragma once
 // "Feiertage, Urlaub, ...": edits the special days of "Feiertage.dat" that the chart paints in their
 // colours, latest first. OK writes the file (the old one becomes "Feiertage.bak"); "Abbrechen"
-// writes nothing.
+// writes nothing. A file that exists but cannot be read is named with the reason, and OK stays
+// disabled: saving would replace its entries with the empty list shown.
 #include "files/HolidayList.h"
 
 #include <QDialog>
@@ -40,6 +41,7 @@ private:
     std::string m_file;
     Prompter& m_prompter;
     HolidayList m_entries;
+    int m_readError = 0;
     int m_colour = kDefaultHolidayColor;
     QDateEdit* m_date = nullptr;
     QLineEdit* m_name = nullptr;

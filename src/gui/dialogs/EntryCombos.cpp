@@ -23,10 +23,9 @@ void FillWith(QComboBox* assignee, QComboBox* remark, const EntryChoices& choice
 
 void FillEntryCombos(QComboBox* assignee, QComboBox* remark, const EntryHistories& histories,
                      const std::string& presetFile) {
-    const bool hasPresets = AssigneeFileHasContent(presetFile);
-    const std::vector<std::string> presets =
-        hasPresets ? LoadAssignees(presetFile) : std::vector<std::string>{};
-    FillWith(assignee, remark, ChooseEntryChoices(hasPresets, presets, histories));
+    // A file that cannot be read offers the recent texts, as a missing one does.
+    const AssigneeFileContent file = ReadAssigneeFile(presetFile);
+    FillWith(assignee, remark, ChooseEntryChoices(file.hasContent, file.presets, histories));
 }
 
 void FillCombosFromHistories(QComboBox* assignee, QComboBox* remark, const EntryHistories& histories) {

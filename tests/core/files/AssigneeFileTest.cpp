@@ -37,10 +37,10 @@ TEST(AssigneeParse, TheMarkerIsReplacedLeftToRight) {
 TEST(AssigneeFile, SavingKeepsThePreviousFileAsBackup) {
     TestDir dir;
     const std::string path = dir.File("Bearbeiter.dat");
-    EXPECT_TRUE(LoadAssignees(path).empty());
-    EXPECT_FALSE(AssigneeFileHasContent(path));
+    EXPECT_TRUE(ReadAssigneeFile(path).presets.empty());
+    EXPECT_FALSE(ReadAssigneeFile(path).hasContent);
     ASSERT_TRUE(SaveAssignees(path, {"Anna", "Bernd Bau"}));
-    EXPECT_EQ(LoadAssignees(path), (Presets{"Anna", "Bernd Bau"}));
+    EXPECT_EQ(ReadAssigneeFile(path).presets, (Presets{"Anna", "Bernd Bau"}));
     ASSERT_TRUE(SaveAssignees(path, {"Clara"}));
     EXPECT_EQ(ReadBytes(dir.File("Bearbeiter.bak")), "Anna\rBernd#~*Bau\r");
     EXPECT_EQ(ReadBytes(path), "Clara\r");
@@ -50,10 +50,10 @@ TEST(AssigneeFile, ContentMeansAtLeastOneByte) {
     TestDir dir;
     const std::string path = dir.File("Bearbeiter.dat");
     WriteBytes(path, "");
-    EXPECT_FALSE(AssigneeFileHasContent(path));
+    EXPECT_FALSE(ReadAssigneeFile(path).hasContent);
     WriteBytes(path, "\r");
-    EXPECT_TRUE(AssigneeFileHasContent(path));
-    EXPECT_TRUE(LoadAssignees(path).empty());
+    EXPECT_TRUE(ReadAssigneeFile(path).hasContent);
+    EXPECT_TRUE(ReadAssigneeFile(path).presets.empty());
 }
 
 } // namespace

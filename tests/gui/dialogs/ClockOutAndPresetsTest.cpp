@@ -11,6 +11,7 @@
 #include "support/ScriptedPrompter.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -18,6 +19,7 @@
 #include <QTimeEdit>
 #include <fstream>
 #include <sstream>
+#include <sys/stat.h>
 
 namespace {
 
@@ -149,6 +151,18 @@ TEST(Presets, TwoWordsAreStoredJoinedAndComeBackSorted) {
     EXPECT_EQ(list->count(), 2);
     ClickCancel(again);
     EXPECT_EQ(Bytes(file), "Anna\rMax#~*Muster\rZeta\r") << "Cancel writes nothing";
+}
+
+TEST(Presets, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
+    ScratchDir dir;
+    const std::string fifo = dir.File("Bearbeiter.dat");
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    ScriptedPrompter prompter;
+    CAssigneeDlg dialog(fifo, prompter);
+    EXPECT_NE(Find<QLabel>(dialog, "unreadable")->text().toStdString().find(fifo), std::string::npos);
+    EXPECT_FALSE(ButtonOfRole(dialog, QDialogButtonBox::AcceptRole)->isEnabled());
+    dialog.accept();
+    EXPECT_TRUE(std::filesystem::is_fifo(fifo));
 }
 
 } // namespace

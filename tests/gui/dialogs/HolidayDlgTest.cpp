@@ -9,12 +9,14 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QDateEdit>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
 #include <fstream>
 #include <sstream>
+#include <sys/stat.h>
 
 namespace {
 
@@ -145,15 +147,37 @@ TEST_F(HolidayDlgTest, TakingBackFillsTheInputAndCancelWritesNothing) {
 }
 
 TEST_F(HolidayDlgTest, AFileThatCannotBeWrittenKeepsTheDialogOpen) {
-    CHolidayDlg dialog(dir.File("fehlt/Feiertage.dat"), prompter);
+    const std::string missing = dir.File("fehlt/Feiertage.dat");
+    CHolidayDlg dialog(missing, prompter);
     EXPECT_TRUE(dialog.Entries().empty()) << "a missing file is an empty list, without a word";
-    EXPECT_TRUE(prompter.asked().empty());
+    EXPECT_EQ(dialog.findChild<QLabel*>("unreadable"), nullptr);
     dialog.show();
     Add(dialog, QDate(2024, 1, 1), "Neujahr", true);
     ClickOk(dialog);
-    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Feiertage.dat kann nicht geschrieben werden!"});
+    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Die Datei \"" + missing +
+                                                         "\" kann nicht geschrieben werden (Datei oder "
+                                                         "Ordner nicht gefunden)."});
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(dialog.Entries().size(), 1u);
+}
+
+TEST_F(HolidayDlgTest, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
+    // A FIFO cannot be read as a data file, but a save would replace it.
+    const std::string fifo = dir.File("Feiertage.fifo");
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    CHolidayDlg dialog(fifo, prompter);
+    dialog.show();
+    EXPECT_EQ(Find<QLabel>(dialog, "unreadable")->text().toStdString(),
+              "Die Datei \"" + fifo +
+                  "\" kann nicht gelesen werden (keine gewöhnliche Datei). Sie wird nicht überschrieben.");
+    EXPECT_FALSE(ButtonOfRole(dialog, QDialogButtonBox::AcceptRole)->isEnabled());
+    Add(dialog, QDate(2024, 1, 1), "Neujahr", true);
+    dialog.accept();
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(std::filesystem::is_fifo(fifo));
+    ClickCancel(dialog);
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+    EXPECT_TRUE(prompter.asked().empty());
 }
 
 } // namespace
