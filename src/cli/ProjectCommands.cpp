@@ -13,14 +13,11 @@ namespace {
 // Reads a project as the program opens it and tells err what went wrong. Returns kExitOk,
 // kExitFileError (content empty) or kExitWrongFormat (content is the replacement document).
 int LoadProject(const std::string& path, ProjectContent& content, ReadResult& result, std::ostream& err) {
-    InputFile file;
     std::string error;
-    if (!file.Open(path, error)) {
+    if (!ReadProjectInput(path, content, result, error)) {
         err << error << '\n';
         return kExitFileError;
     }
-    result = ReadProject(
-        file.Size(), [&file](uint8_t* buffer, size_t size) { return file.Read(buffer, size); }, content);
     switch (result.status) {
     case ReadStatus::Ok:
         return kExitOk;
@@ -36,11 +33,10 @@ int LoadProject(const std::string& path, ProjectContent& content, ReadResult& re
 
 int Save(const ProjectContent& content, const std::string& path, std::ostream& err) {
     std::string error;
-    const auto writer = [&content](const ProjectSink& sink) {
-        return WriteProject(content.view, content.assigneeHistory, content.remarkHistory, content.firstNode,
-                            sink);
+    const auto produce = [&content](const PieceWriter& put) {
+        WriteProject(content.view, content.assigneeHistory, content.remarkHistory, content.firstNode, put);
     };
-    if (!WriteFileSafely(path, writer, error)) {
+    if (!WriteOutput(path, produce, error)) {
         err << error << '\n';
         return kExitFileError;
     }
@@ -126,15 +122,13 @@ int RunDump(const std::string& path, std::ostream& out, std::ostream& err) {
 }
 
 int RunBuild(const std::string& jsonPath, const std::string& outPath, std::ostream&, std::ostream& err) {
-    std::vector<uint8_t> text;
-    std::string error;
-    if (!ReadWholeFile(jsonPath, text, error)) {
+    std::string text, error;
+    if (!ReadInput(jsonPath, text, error)) {
         err << error << '\n';
         return kExitFileError;
     }
     ProjectContent content;
-    if (!ProjectFromJson(std::string_view(reinterpret_cast<const char*>(text.data()), text.size()), content,
-                         error)) {
+    if (!ProjectFromJson(text, content, error)) {
         err << jsonPath << ": " << error << '\n';
         return kExitFileError;
     }

@@ -297,6 +297,17 @@ TEST_F(CliTest, FailedWriteLeavesNoTemporaryFile) {
     EXPECT_EQ(Run({"resave", Path("a.VT5"), Path("gibt-es-nicht/b.VT5")}).status, 2);
 }
 
+TEST_F(CliTest, InputsAreReadThroughSymbolicLinks) {
+    WriteBytes(Path("a.VT5"), WriteProject(RichProject()));
+    fs::create_symlink(Path("a.VT5"), Path("link.VT5"));
+    const CliRun dump = Run({"dump", Path("link.VT5")});
+    ASSERT_EQ(dump.status, 0) << dump.err;
+    WriteText(Path("a.json"), dump.out);
+    fs::create_symlink(Path("a.json"), Path("link.json"));
+    EXPECT_EQ(Run({"build", Path("link.json"), Path("b.VT5")}).status, 0);
+    EXPECT_EQ(ReadBytes(Path("b.VT5")), ReadBytes(Path("a.VT5")));
+}
+
 TEST_F(CliTest, SampleProjectJsonBuildsTheCommittedFile) {
     const fs::path examples = fs::path(VELTO_SOURCE_DIR) / "examples";
     ASSERT_EQ(Run({"build", (examples / "Beispielprojekt.json").string(), Path("b.VT5")}).status, 0);

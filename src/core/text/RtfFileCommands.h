@@ -1,14 +1,10 @@
 #pragma once
 // What velto-cli's "rtf-text" and "rtf-rewrite" do, kept in the core so that it is tested there.
 // Both return the exit status: 0, or 2 with a message on err when the file cannot be read at all.
-#include <optional>
 #include <ostream>
 #include <string>
 
 namespace rtf {
-
-// The whole file, or nothing with the reason (German, as all messages of velto-cli) in error.
-std::optional<std::string> ReadWholeFile(const std::string& path, std::string& error);
 
 // Prints the plain text of an RTF file as UTF-8, with a final line end.
 int PrintPlainText(const std::string& path, std::ostream& out, std::ostream& err);
