@@ -4,6 +4,7 @@
 #include "document/Prompter.h"
 #include "model/CTime.h"
 
+#include <QColor>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -29,7 +30,8 @@ constexpr std::array<Column, 5> kColumns{{
     {"Knoten", 60, Qt::AlignRight},
     {"Titel", 220, Qt::AlignLeft},
 }};
-enum ColumnIndex { kLabel, kDate, kSize, kNodes, kTitle };
+constexpr int kTitle = 4; // the column that takes the width left over
+const QColor kDamagedColour(180, 30, 30);
 
 // Whole kilobytes, rounded up as a file manager shows them, with German digit grouping.
 QString SizeText(int64_t bytes) {
@@ -96,16 +98,21 @@ QTreeWidget* CRestoreDlg::BuildList() {
     m_list->setAllColumnsShowFocus(true);
     m_list->header()->setSectionsClickable(false);
     QStringList headers;
-    int width = 2 * m_list->frameWidth() + 24;
-    for (int i = 0; i < int(kColumns.size()); ++i) {
-        headers << QString::fromUtf8(kColumns[i].header);
-        m_list->setColumnWidth(i, kColumns[i].width);
-        width += kColumns[i].width;
-    }
+    for (const Column& column : kColumns)
+        headers << QString::fromUtf8(column.header);
     m_list->setHeaderLabels(headers);
-    m_list->setMinimumSize(width, 180);
     for (const ProjectState& state : m_states)
         AddRow(state);
+    // "Abgebrochene Speicherung" and long dates must not be cut; the title takes what is left.
+    int width = 2 * m_list->frameWidth() + 24;
+    for (int i = 0; i < int(kColumns.size()); ++i) {
+        m_list->headerItem()->setTextAlignment(i, kColumns[size_t(i)].alignment | Qt::AlignVCenter);
+        if (i != kTitle)
+            m_list->resizeColumnToContents(i);
+        m_list->setColumnWidth(i, std::max(kColumns[size_t(i)].width, m_list->columnWidth(i) + 12));
+        width += m_list->columnWidth(i);
+    }
+    m_list->setMinimumSize(width, 180);
     connect(m_list, &QTreeWidget::currentItemChanged, this, &CRestoreDlg::EnableButtons);
     connect(m_list, &QTreeWidget::itemDoubleClicked, this, &CRestoreDlg::Open);
     return m_list;
@@ -119,7 +126,7 @@ void CRestoreDlg::AddRow(const ProjectState& state) {
     for (int i = 0; i < int(kColumns.size()); ++i)
         item->setToolTip(i, tip);
     if (state.damaged)
-        item->setForeground(kTitle, palette().brush(QPalette::Disabled, QPalette::Text));
+        item->setForeground(kTitle, kDamagedColour);
 }
 
 const ProjectState* CRestoreDlg::SelectedUsable() const {
