@@ -53,6 +53,20 @@ void AddButtons(QMessageBox& box, PromptButtons buttons) {
     }
 }
 
+// The most cautious button a box offers: its answer when it is closed without a button, and the
+// default of a warning.
+QMessageBox::StandardButton CautiousButton(PromptButtons buttons) {
+    switch (buttons) {
+    case PromptButtons::Ok:
+        break;
+    case PromptButtons::YesNo:
+        return QMessageBox::No;
+    case PromptButtons::YesNoCancel:
+        return QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+
 PromptAnswer Answer(QMessageBox::StandardButton button) {
     switch (button) {
     case QMessageBox::Yes:
@@ -72,19 +86,13 @@ PromptAnswer MessageBoxPrompter::Ask(std::string_view caption, std::string_view 
     QMessageBox box(BoxIcon(icon), FromUtf8(caption), FromUtf8(text), QMessageBox::NoButton,
                     QApplication::activeWindow());
     AddButtons(box, buttons);
+    // A warning asks before something that may do harm: a hasty Enter must not agree to it.
+    if (icon == PromptIcon::Warning)
+        box.setDefaultButton(CautiousButton(buttons));
     box.exec();
     if (QAbstractButton* clicked = box.clickedButton())
         return Answer(box.standardButton(clicked));
-    // Closed without a button: the most cautious answer the box offers.
-    switch (buttons) {
-    case PromptButtons::Ok:
-        return PromptAnswer::Ok;
-    case PromptButtons::YesNo:
-        return PromptAnswer::No;
-    case PromptButtons::YesNoCancel:
-        break;
-    }
-    return PromptAnswer::Cancel;
+    return Answer(CautiousButton(buttons));
 }
 
 QString QtDesktop::ChooseFileToOpen(QWidget* parent) {

@@ -2,11 +2,11 @@
 
 #include "document/Prompter.h"
 #include "text/Hyperlink.h"
-#include "text/NoteLink.h"
 
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -38,25 +38,50 @@ std::optional<QFileInfo> FindFile(const QString& path, const QString& projectFol
     return std::nullopt;
 }
 
-// Programs by name on any system, and on Unix files marked executable.
-bool IsProgram(const QFileInfo& file) {
-    return rtf::IsProgramName(file.fileName().toStdString()) || (file.isFile() && file.isExecutable());
-}
-
-std::optional<NoteLink> FileLink(const QString& path, const QString& projectFolder) {
+std::optional<NoteLink> FileLink(const QString& path, const QString& projectFolder, rtf::LinkKind kind) {
     const std::optional<QFileInfo> file = FindFile(path, projectFolder);
     if (!file)
         return std::nullopt;
+    const bool executable = file->isFile() && file->isExecutable();
+    // The name found is judged again: it is what the desktop gets, whatever the text said.
+    if (kind == rtf::LinkKind::Document && (executable || rtf::IsProgramName(file->fileName().toStdString())))
+        kind = rtf::LinkKind::Program;
     return NoteLink{QUrl::fromLocalFile(file->absoluteFilePath()),
-                    QDir::toNativeSeparators(file->absolutePath()), file->fileName(), IsProgram(*file)};
+                    QDir::toNativeSeparators(file->absolutePath()), file->fileName(), kind, executable};
 }
 
-std::string ProgramQuestion(const NoteLink& link) {
-    const QString path = QDir(link.folder).filePath(link.file);
-    return "Der Hyperlink führt zu einem Programm oder Skript:\n\n" +
-           QDir::toNativeSeparators(path).toStdString() +
-           "\n\nEine Notiz kann aus der Projektdatei eines anderen stammen. Öffnen Sie es nur, wenn Sie "
-           "der Quelle vertrauen.\n\nMöchten Sie es wirklich öffnen?";
+const char* WhatItLeadsTo(rtf::LinkKind kind) {
+    switch (kind) {
+    case rtf::LinkKind::Program:
+        return "einem Programm oder Skript";
+    case rtf::LinkKind::NetworkPath:
+        return "einem Pfad im Netzwerk";
+    default:
+        return "einer Adresse unbekannter Art";
+    }
+}
+
+bool UserAgrees(Prompter& prompter, rtf::LinkKind kind, const QString& shown) {
+    const std::string question =
+        std::string("Der Hyperlink führt zu ") + WhatItLeadsTo(kind) + ":\n\n" + shown.toStdString() +
+        "\n\nEine Notiz kann aus der Projektdatei eines anderen stammen. Öffnen Sie den Hyperlink nur, wenn "
+        "Sie der Quelle vertrauen.\n\nMöchten Sie ihn wirklich öffnen?";
+    return prompter.Ask(Prompter::kCaption, question, PromptButtons::YesNo, PromptIcon::Warning) ==
+           PromptAnswer::Yes;
+}
+
+QString Shown(const NoteLink& link) {
+    return link.folder.isEmpty() ? link.file
+                                 : QDir::toNativeSeparators(QDir(link.folder).filePath(link.file));
+}
+
+// A program starts in its own folder, where it expects the files it comes with. A file that cannot
+// be started after all (a document marked executable on a shared drive) and what the system does not
+// start itself (a shortcut, an installer) go to the desktop.
+bool Launch(const NoteLink& link, NoteLinkOpener& opener) {
+    if (link.executable && opener.Start(link.url.toLocalFile(), link.folder))
+        return true;
+    return opener.Open(link.url);
 }
 
 } // namespace
@@ -102,30 +127,41 @@ bool DesktopLinkOpener::Open(const QUrl& url) {
     return QDesktopServices::openUrl(url);
 }
 
+bool DesktopLinkOpener::Start(const QString& program, const QString& folder) {
+    return QProcess::startDetached(program, {}, folder);
+}
+
 std::optional<NoteLink> ResolveNoteLink(const QString& target, const QString& projectFolder) {
     const QString trimmed = target.trimmed();
     if (trimmed.isEmpty())
         return std::nullopt;
     const std::string utf8 = trimmed.toStdString();
-    switch (rtf::KindOfLinkTarget(utf8)) {
+    const rtf::LinkKind kind = rtf::KindOfLinkTarget(utf8);
+    switch (kind) {
     case rtf::LinkKind::WebAddress:
-        return NoteLink{QUrl(QString::fromStdString(rtf::WebAddressOf(utf8))), {}, trimmed, false};
-    case rtf::LinkKind::FileUrl:
-        return FileLink(QUrl(trimmed).toLocalFile(), projectFolder);
-    case rtf::LinkKind::FilePath:
+        return NoteLink{QUrl(QString::fromStdString(rtf::WebAddressOf(utf8))), {}, trimmed, kind};
+    case rtf::LinkKind::OtherScheme:
+        return NoteLink{QUrl(trimmed), {}, trimmed, kind};
+    case rtf::LinkKind::NetworkPath:
+    case rtf::LinkKind::Program:
+    case rtf::LinkKind::Document:
         break;
     }
-    return FileLink(trimmed, projectFolder);
+    return FileLink(QString::fromStdString(rtf::LocalPathOf(utf8)), projectFolder, kind);
 }
 
 void OpenNoteLink(const QString& target, const QString& projectFolder, NoteLinkOpener& opener,
                   Prompter& prompter) {
-    const std::optional<NoteLink> link = ResolveNoteLink(target, projectFolder);
-    if (link && link->isProgram &&
-        prompter.Ask(Prompter::kCaption, ProgramQuestion(*link), PromptButtons::YesNo, PromptIcon::Warning) !=
-            PromptAnswer::Yes)
+    const QString trimmed = target.trimmed();
+    // Merely looking a share up hands the user's login to its server, so the question comes first.
+    const bool onNetwork = rtf::KindOfLinkTarget(trimmed.toStdString()) == rtf::LinkKind::NetworkPath;
+    if (onNetwork && !UserAgrees(prompter, rtf::LinkKind::NetworkPath, trimmed))
         return;
-    if (!link || !opener.Open(link->url))
+    const std::optional<NoteLink> link = ResolveNoteLink(trimmed, projectFolder);
+    if (link && !onNetwork && !rtf::OpensUnasked(link->kind) &&
+        !UserAgrees(prompter, link->kind, Shown(*link)))
+        return;
+    if (!link || !Launch(*link, opener))
         prompter.Tell("Angewählter Hyperlink konnte nicht geöffnet werden!", Prompter::kCaption,
                       PromptIcon::Warning);
 }

@@ -2,6 +2,8 @@
 // The hyperlinks of a note: plain text in square brackets whose target is shown underlined and blue.
 // Finding the one around a double click, formatting the one a typed "]" closes, inserting one, and
 // opening its target with the desktop's application for it.
+#include "text/NoteLink.h"
+
 #include <QString>
 #include <QTextCharFormat>
 #include <QTextCursor>
@@ -31,30 +33,36 @@ public:
     virtual ~NoteLinkOpener() = default;
     // False when the desktop could not open it.
     virtual bool Open(const QUrl& url) = 0;
+    // Starts a program with folder as its working folder; false when it could not be started. An
+    // opener that starts nothing itself leaves programs to Open.
+    virtual bool Start(const QString& /*program*/, const QString& /*folder*/) { return false; }
 };
 
 class DesktopLinkOpener final : public NoteLinkOpener {
 public:
     bool Open(const QUrl& url) override;
+    bool Start(const QString& program, const QString& folder) override;
 };
 
 // A target made ready for the desktop.
 struct NoteLink {
     QUrl url;
-    QString folder; // the folder of a file; empty for a web address
-    QString file;   // the name of a file; the whole address for a web address
-    bool isProgram = false;
+    QString folder; // the folder of a file; empty for an address
+    QString file;   // the name of a file; the whole address for an address
+    rtf::LinkKind kind = rtf::LinkKind::Document;
+    bool executable = false; // a file the system marks as executable, which is started, not opened
 };
 
-// A web address goes whole (a bare "www." one as http); a file path, also a "file:" URL, must name an
+// An address goes whole (a bare "www." one as http); a file path, also a "file:" URL, must name an
 // existing file or folder: a relative one is taken from projectFolder, and where the separator is "/"
 // a path written with backslashes (a project shared with Windows users) is tried with slashes too.
-// Nothing when no such file exists.
+// Nothing when no such file exists. Looks at the file system, a network path too.
 std::optional<NoteLink> ResolveNoteLink(const QString& target, const QString& projectFolder);
 
-// Opens the target. A program or script is opened only after the user agreed, since a note may come
-// from someone else's project file. Tells "Angewählter Hyperlink konnte nicht geöffnet werden!" when
-// the target cannot be opened.
+// Opens the target. Whatever is not an address for the browser or the mail program or a file that
+// merely shows opens only after the user agreed, since a note may come from someone else's project
+// file; a network path is asked about before it is looked up. Tells "Angewählter Hyperlink konnte
+// nicht geöffnet werden!" when the target cannot be opened.
 void OpenNoteLink(const QString& target, const QString& projectFolder, NoteLinkOpener& opener,
                   Prompter& prompter);
 

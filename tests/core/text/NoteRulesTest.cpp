@@ -1,5 +1,5 @@
 // The note pane's rules that need no widget: the size step of "Text größer" / "Text kleiner" and
-// what a hyperlink target names.
+// what a hyperlink target names and whether it opens without a question.
 #include "text/NoteFormat.h"
 #include "text/NoteLink.h"
 
@@ -27,33 +27,77 @@ TEST(NoteSize, SaturatesAtTheEndsOfInt) {
     EXPECT_EQ(rtf::StepSize(kMax, -2), kMax - 1 - 4) << "away from the end it steps normally";
 }
 
-TEST(NoteLinkTarget, WebAddressesAndFiles) {
-    EXPECT_EQ(rtf::KindOfLinkTarget("http://www.example.com/a/b"), LinkKind::WebAddress);
-    EXPECT_EQ(rtf::KindOfLinkTarget("HTTPS://example.com"), LinkKind::WebAddress);
-    EXPECT_EQ(rtf::KindOfLinkTarget("mailto:anna@example.com"), LinkKind::WebAddress);
-    EXPECT_EQ(rtf::KindOfLinkTarget("www.example.com"), LinkKind::WebAddress);
-    EXPECT_EQ(rtf::KindOfLinkTarget("WWW.Example.com"), LinkKind::WebAddress);
-    EXPECT_EQ(rtf::KindOfLinkTarget("file:///home/anna/Plan.odt"), LinkKind::FileUrl);
-    // A drive letter is no scheme; neither is a colon after a blank or a digit first.
-    EXPECT_EQ(rtf::KindOfLinkTarget("C:\\Daten\\Plan.doc"), LinkKind::FilePath);
-    EXPECT_EQ(rtf::KindOfLinkTarget("c:/Daten/Plan.doc"), LinkKind::FilePath);
-    EXPECT_EQ(rtf::KindOfLinkTarget("\\\\server\\share\\Plan.doc"), LinkKind::FilePath);
-    EXPECT_EQ(rtf::KindOfLinkTarget("/home/anna/Plan.odt"), LinkKind::FilePath);
-    EXPECT_EQ(rtf::KindOfLinkTarget("Angebot 2: Entwurf.txt"), LinkKind::FilePath);
-    EXPECT_EQ(rtf::KindOfLinkTarget("1ab:x"), LinkKind::FilePath);
-    EXPECT_EQ(rtf::KindOfLinkTarget("wwwx.de"), LinkKind::FilePath);
-    EXPECT_EQ(rtf::KindOfLinkTarget("http:"), LinkKind::FilePath) << "a scheme needs something after it";
-    EXPECT_EQ(rtf::KindOfLinkTarget(""), LinkKind::FilePath);
+struct TargetCase {
+    const char* target;
+    LinkKind kind;
+};
+
+void ExpectKinds(std::initializer_list<TargetCase> cases) {
+    for (const TargetCase& c : cases)
+        EXPECT_EQ(rtf::KindOfLinkTarget(c.target), c.kind) << c.target;
+}
+
+TEST(NoteLinkTarget, OnlyWebMailAndDocumentsOpenUnasked) {
+    ExpectKinds({{"http://www.example.com/a/b", LinkKind::WebAddress},
+                 {"HTTPS://example.com/setup.exe", LinkKind::WebAddress}, // the browser decides
+                 {"mailto:anna@example.com", LinkKind::WebAddress},
+                 {"WWW.Example.com", LinkKind::WebAddress},
+                 {"wwwx.de", LinkKind::Document},
+                 {"search-ms:query=Rechnung&crumb=location:\\\\server\\x", LinkKind::OtherScheme},
+                 {"ms-msdt:/id PCWDiagnostic", LinkKind::OtherScheme},
+                 {"javascript:alert(1)", LinkKind::OtherScheme},
+                 {"Plan:v2.txt", LinkKind::OtherScheme},
+                 // A drive letter is no scheme; neither is a colon after a blank or a digit first.
+                 {"C:\\Daten\\Plan.doc", LinkKind::Document},
+                 {"1ab:x", LinkKind::Program},   // a data stream on Windows
+                 {"http:", LinkKind::Program}}); // a scheme needs something after it
+    EXPECT_TRUE(rtf::OpensUnasked(LinkKind::WebAddress));
+    EXPECT_TRUE(rtf::OpensUnasked(LinkKind::Document));
+    for (LinkKind kind : {LinkKind::OtherScheme, LinkKind::NetworkPath, LinkKind::Program})
+        EXPECT_FALSE(rtf::OpensUnasked(kind));
 
     EXPECT_EQ(rtf::WebAddressOf("www.example.com/x"), "http://www.example.com/x");
     EXPECT_EQ(rtf::WebAddressOf("https://www.example.com"), "https://www.example.com");
 }
 
-TEST(NoteLinkTarget, ProgramsAndScriptsByName) {
-    for (const char* name : {"setup.exe", "C:\\Tools\\RUN.BAT", "/home/anna/install.sh", "start.cmd",
-                             "makro.vbs", "tool.AppImage", "app.desktop", "skript.py", "Verknüpfung.lnk"})
+TEST(NoteLinkTarget, NetworkPathsWithEitherSeparatorOrAsFileUrl) {
+    ExpectKinds({{"\\\\server\\share\\Plan.doc", LinkKind::NetworkPath},
+                 {"//server/share/Plan.doc", LinkKind::NetworkPath},
+                 {"\\/server\\share", LinkKind::NetworkPath},
+                 {"file://server/share/Plan.doc", LinkKind::NetworkPath},
+                 {"file:////server/share/Plan.doc", LinkKind::NetworkPath},
+                 {"file:%2F%2Fserver/share/Plan.doc", LinkKind::NetworkPath},
+                 {"file://localhost/C:/Daten/Plan.doc", LinkKind::Document},
+                 {"/home/anna/Plan.odt", LinkKind::Document}});
+}
+
+TEST(NoteLinkTarget, ProgramsByTheNameTheSystemOpens) {
+    ExpectKinds({{"setup.exe", LinkKind::Program},
+                 {"C:\\Tools\\RUN.BaT", LinkKind::Program},
+                 {"tool.exe.", LinkKind::Program},
+                 {"tool.exe . .", LinkKind::Program},
+                 {"C:\\x\\tool.exe\\.", LinkKind::Program},
+                 {"C:tool.exe", LinkKind::Program},
+                 {"C:\\x\\x.exe::$DATA", LinkKind::Program},
+                 {"C:\\x\\Plan.txt:versteckt", LinkKind::Program}, // a named stream may hold anything
+                 {"C:\\x\\Plan.txt::$data", LinkKind::Document},
+                 {"x.exe::$DATA", LinkKind::OtherScheme}, // read as a scheme: asked either way
+                 {"C:\\x\\tool.exe\\..\\Plan.pdf", LinkKind::Document},
+                 {"C:\\Daten.exe\\Plan", LinkKind::Document},
+                 {"file:///C:/x/tool.exe", LinkKind::Program},
+                 {"file:///C:/x/tool%2EEXE", LinkKind::Program},
+                 {"file:///x/tool.exe?a=Plan.txt", LinkKind::Program},
+                 {"file:///home/anna/Plan.odt", LinkKind::Document}});
+    for (const char* name : {"install.sh", "tool.AppImage", "app.desktop", "skript.py", "Verknüpfung.lnk",
+                             "seite.URL", "paket.msi", "abbild.iso", "platte.vhdx", "paket.msix", "an.hta"})
         EXPECT_TRUE(rtf::IsProgramName(name)) << name;
-    for (const char* name : {"Plan.doc", "C:\\exe\\Plan.pdf", "/home/sh/Bericht.odt", "exe", "Notiz.", "bat",
-                             "archiv.tar.gz", "C:\\Daten.exe\\Plan"})
+    for (const char* name : {"Plan.doc", "/home/sh/Bericht.odt", "exe", "Notiz.", "archiv.tar.gz", ""})
         EXPECT_FALSE(rtf::IsProgramName(name)) << name;
+}
+
+TEST(NoteLinkTarget, LocalPathOfAFileUrl) {
+    EXPECT_EQ(rtf::LocalPathOf("file:///home/anna/Plan%20neu.odt"), "/home/anna/Plan neu.odt");
+    EXPECT_EQ(rtf::LocalPathOf("FILE:///C:/Daten/Plan.doc#x"), "C:/Daten/Plan.doc");
+    EXPECT_EQ(rtf::LocalPathOf("file://server/share/a%zz"), "//server/share/a%zz");
+    EXPECT_EQ(rtf::LocalPathOf("Anhang\\Plan%41.txt"), "Anhang\\Plan%41.txt") << "a path stays as written";
 }

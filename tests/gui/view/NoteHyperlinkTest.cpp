@@ -1,7 +1,9 @@
 // Hyperlinks in notes: inserted through "Hyperlink einfügen", closed by typing "]" on any keyboard
-// layout, found around a double click, resolved to a web address or an existing file, and opened
-// only after a question when they lead to a program or script.
+// layout, found around a double click, resolved to an address or an existing file, and opened only
+// after a question (whose default is "Nein") unless they lead to the browser, the mail program or a
+// document.
 #include "app/CommandIds.h"
+#include "app/QtDesktop.h"
 #include "dialogs/CHyperlinkDlg.h"
 #include "gui/dialogs/DialogTestSupport.h"
 #include "gui/view/NoteTestSupport.h"
@@ -10,8 +12,10 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTimer>
 
 using namespace notetest;
 
@@ -158,6 +162,17 @@ TEST_F(NoteHyperlinks, DoubleClickOpensAFileBesideTheProject) {
     doc.OnCloseDocument();
 }
 
+// Records the programs started besides the links opened.
+class StartingOpener : public RecordingOpener {
+public:
+    bool Start(const QString& program, const QString& folder) override {
+        started.emplace_back(program, folder);
+        return startSucceeds;
+    }
+    std::vector<std::pair<QString, QString>> started;
+    bool startSucceeds = true;
+};
+
 // Links resolved against a project folder holding Plan.txt, run.sh and an executable "werkzeug".
 class NoteLinkTargets : public ::testing::Test {
 protected:
@@ -171,9 +186,10 @@ protected:
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     void Open(const QString& target) { notetext::OpenNoteLink(target, dir.path(), opener, prompter); }
+    bool NothingLaunched() const { return opener.opened.empty() && opener.started.empty(); }
 
     QTemporaryDir dir;
-    RecordingOpener opener;
+    StartingOpener opener;
     ScriptedPrompter prompter;
 };
 
@@ -183,7 +199,7 @@ TEST_F(NoteLinkTargets, WebAddressesGoWholeFilesSplitAtTheirFolder) {
     EXPECT_EQ(web->url, QUrl("http://www.example.com/a/b"));
     EXPECT_EQ(web->folder, "");
     EXPECT_EQ(web->file, "www.example.com/a/b");
-    EXPECT_FALSE(web->isProgram);
+    EXPECT_EQ(web->kind, rtf::LinkKind::WebAddress);
 
     for (const QString& target : {QString("Plan.txt"), dir.filePath("Plan.txt"),
                                   QUrl::fromLocalFile(dir.filePath("Plan.txt")).toString()}) {
@@ -192,33 +208,76 @@ TEST_F(NoteLinkTargets, WebAddressesGoWholeFilesSplitAtTheirFolder) {
         EXPECT_EQ(file->url, QUrl::fromLocalFile(dir.filePath("Plan.txt")));
         EXPECT_EQ(file->folder, QDir::toNativeSeparators(dir.path()));
         EXPECT_EQ(file->file, "Plan.txt");
-        EXPECT_FALSE(file->isProgram);
+        EXPECT_EQ(file->kind, rtf::LinkKind::Document);
     }
     EXPECT_FALSE(notetext::ResolveNoteLink("Fehlt.txt", dir.path()));
     EXPECT_FALSE(notetext::ResolveNoteLink("C:\\Daten\\Plan.txt", dir.path()));
     EXPECT_FALSE(notetext::ResolveNoteLink("   ", dir.path()));
 }
 
-TEST_F(NoteLinkTargets, ProgramsOpenOnlyAfterTheUserAgreed) {
+TEST_F(NoteLinkTargets, ProgramsOpenOnlyAfterTheUserAgreedAndStartInTheirFolder) {
     Open("run.sh");
     Open("werkzeug");
-    EXPECT_TRUE(opener.opened.empty()) << "the script prompter answers No";
+    EXPECT_TRUE(NothingLaunched()) << "the script prompter answers No";
     ASSERT_EQ(prompter.asked().size(), 2u);
     EXPECT_EQ(prompter.asked()[0].buttons, PromptButtons::YesNo);
     EXPECT_NE(prompter.asked()[0].text.find(QDir(dir.path()).filePath("run.sh").toStdString()),
               std::string::npos);
 
-    prompter.Answer(PromptAnswer::Yes);
+    prompter.Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes);
     Open("werkzeug");
-    EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("werkzeug"))});
+    const std::pair<QString, QString> inItsFolder{dir.filePath("werkzeug"), dir.path()};
+    EXPECT_EQ(opener.started, std::vector{inItsFolder});
+    Open("run.sh");
+    EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("run.sh"))})
+        << "a script without the executable mark goes to the desktop";
+    opener.startSucceeds = false;
+    Open("werkzeug");
+    EXPECT_EQ(opener.opened, (std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("run.sh")),
+                                                QUrl::fromLocalFile(dir.filePath("werkzeug"))}))
+        << "what cannot be started goes to the desktop";
 
     Open("Plan.txt");
-    EXPECT_EQ(opener.opened.size(), 2u);
-    EXPECT_EQ(prompter.asked().size(), 3u) << "a document opens without a question";
+    EXPECT_EQ(opener.opened.size(), 3u);
+    EXPECT_EQ(prompter.asked().size(), 5u) << "a document opens without a question";
 
     opener.succeeds = false;
     Open("Plan.txt");
     EXPECT_EQ(prompter.texts().back(), "Angewählter Hyperlink konnte nicht geöffnet werden!");
+}
+
+TEST_F(NoteLinkTargets, OtherSchemesAndSharesAreAskedAboutFirst) {
+    Open("search-ms:query=Rechnung");
+    Open("\\\\server\\share\\Plan.txt");
+    EXPECT_TRUE(NothingLaunched());
+    ASSERT_EQ(prompter.asked().size(), 2u) << "a share is asked about before it is looked for";
+    EXPECT_NE(prompter.asked()[1].text.find("\\\\server\\share\\Plan.txt"), std::string::npos);
+
+    prompter.Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes);
+    Open("search-ms:query=Rechnung");
+    EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl("search-ms:query=Rechnung")});
+    Open("\\\\server\\share\\Plan.txt");
+    EXPECT_EQ(prompter.asked().size(), 5u) << "one question, then the file is missing";
+    EXPECT_EQ(prompter.texts().back(), "Angewählter Hyperlink konnte nicht geöffnet werden!");
+}
+
+TEST_F(NoteLinkTargets, TheQuestionBoxDefaultsToNein) {
+    MessageBoxPrompter boxes;
+    QString caption;
+    QString defaultButton;
+    QTimer::singleShot(0, [&] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+            caption = box->windowTitle();
+            defaultButton = box->defaultButton() ? box->defaultButton()->text() : QString();
+        }
+        if (modal)
+            QTest::keyClick(modal, Qt::Key_Return);
+    });
+    notetext::OpenNoteLink("ms-msdt:/id PCWDiagnostic", dir.path(), opener, boxes);
+    EXPECT_EQ(caption, "Velto");
+    EXPECT_EQ(defaultButton, "&Nein");
+    EXPECT_TRUE(NothingLaunched()) << "Enter declines";
 }
 
 TEST(HyperlinkDialog, TargetTypedOrPickedAndOkOnlyWithATarget) {
