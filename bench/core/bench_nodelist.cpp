@@ -18,12 +18,10 @@ std::string RealisticNote(std::mt19937& rng) {
 }
 
 void AddEntries(CProjectNode& node, std::mt19937& rng) {
-    for (int i = 0; i < 3; ++i) {
-        node.m_pHours = new CHoursEntry{CTime(rng()), CTime(rng()), CTime(rng()),
-                                        "Bearbeiter", "Bemerkung",  node.m_pHours};
-    }
-    node.m_pCosts = new CCostEntry{CTime(rng()), 12.5f, 3.0f, 37.5f, "Lieferant", "Material", nullptr};
-    node.m_pCosts2 = new CCostEntry{CTime(rng()), 80.0f, 1.0f, 80.0f, "Bearbeiter", "Stunden", nullptr};
+    for (int i = 0; i < 3; ++i)
+        node.m_pHours.Append({CTime(rng()), CTime(rng()), CTime(rng()), "Bearbeiter", "Bemerkung"});
+    node.m_pCosts = {{CTime(rng()), 12.5f, 3.0f, 37.5f, "Lieferant", "Material"}};
+    node.m_pCosts2 = {{CTime(rng()), 80.0f, 1.0f, 80.0f, "Bearbeiter", "Stunden"}};
 }
 
 // One root; flat = every node a child of the root, else projects of projects ten to a hundred wide

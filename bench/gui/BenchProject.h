@@ -26,11 +26,10 @@ inline std::string BenchNote(int i) {
 // Three hours entries and an entry in each cost list.
 inline void AddEntries(CProjectNode& node) {
     const CTime day = node.m_timeStart;
-    for (int i = 0; i < 3; ++i)
-        node.m_pHours =
-            new CHoursEntry{day, day + 3600, day + 7200, "Bearbeiter", "Bemerkung", node.m_pHours};
-    node.m_pCosts = new CCostEntry{day, 12.5f, 3.0f, 37.5f, "Lieferant", "Material", nullptr};
-    node.m_pCosts2 = new CCostEntry{day, 80.0f, 1.0f, 80.0f, "Bearbeiter", "Stunden", nullptr};
+    const CHoursEntry hours{day, day + 3600, day + 7200, "Bearbeiter", "Bemerkung"};
+    node.m_pHours = {hours, hours, hours};
+    node.m_pCosts = {{day, 12.5f, 3.0f, 37.5f, "Lieferant", "Material"}};
+    node.m_pCosts2 = {{day, 80.0f, 1.0f, 80.0f, "Bearbeiter", "Stunden"}};
 }
 
 // A project of every node kind: project nodes of ten tasks, a note and a milestone each, dates

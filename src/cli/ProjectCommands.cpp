@@ -53,13 +53,6 @@ struct Totals {
     int costsNeeded = 0;
 };
 
-template <class Entry> int CountEntries(const Entry* head) {
-    int count = 0;
-    for (; head; head = head->m_pNext)
-        ++count;
-    return count;
-}
-
 Totals Count(const CProjectNode* first) {
     Totals totals;
     for (const CProjectNode* node = first; node; node = node->m_pNext) {
@@ -70,9 +63,9 @@ Totals Count(const CProjectNode* first) {
             ++totals.otherKinds;
         if (node->m_nKind == KIND_TASK && node->m_bDone)
             ++totals.doneTasks;
-        totals.hours += CountEntries(node->m_pHours);
-        totals.costsCalculated += CountEntries(node->m_pCosts);
-        totals.costsNeeded += CountEntries(node->m_pCosts2);
+        totals.hours += int(node->m_pHours.size());
+        totals.costsCalculated += int(node->m_pCosts.size());
+        totals.costsNeeded += int(node->m_pCosts2.size());
     }
     return totals;
 }

@@ -5,6 +5,7 @@
 #include "model/Cp1252.h"
 
 #include <algorithm>
+#include <deque>
 #include <limits>
 #include <nlohmann/json.hpp>
 
@@ -104,21 +105,33 @@ public:
     void List(const char* name, const Item* head, Fields fields, bool oneLine) {
         m_writer.Key(name);
         m_writer.BeginArray();
-        for (; head; head = head->m_pNext) {
-            m_writer.BeginObject(oneLine);
-            fields(*this, *head);
-            m_writer.EndObject();
-        }
+        for (; head; head = head->m_pNext)
+            Element(*head, fields, oneLine);
+        m_writer.EndArray();
+    }
+
+    template <class Entry, class Fields>
+    void List(const char* name, const EntryList<Entry>& list, Fields fields, bool oneLine) {
+        m_writer.Key(name);
+        m_writer.BeginArray();
+        for (const Entry entry : list)
+            Element(entry, fields, oneLine);
         m_writer.EndArray();
     }
 
 private:
+    template <class Item, class Fields> void Element(const Item& item, Fields fields, bool oneLine) {
+        m_writer.BeginObject(oneLine);
+        fields(*this, item);
+        m_writer.EndObject();
+    }
+
     void Value(int32_t value) { m_writer.Raw(std::to_string(value)); }
     void Value(uint32_t value) { m_writer.Raw(std::to_string(value)); }
     void Value(CTime value) { Value(value.GetTime()); }
     void Value(float value) { m_writer.Raw(jsonfloat::Format(value)); }
-    void Value(const std::string& value) { m_writer.String(cp1252::ToUtf8(value)); }
-    void Value(const NoteText& value) { Value(value.str()); }
+    void Value(std::string_view value) { m_writer.String(cp1252::ToUtf8(value)); }
+    void Value(const SharedText& value) { Value(value.str()); }
     template <class T, size_t N> void Value(const std::array<T, N>& values) {
         m_writer.BeginArray(true);
         for (const T& value : values)
@@ -143,27 +156,45 @@ public:
             Read(*item, value, name, -1);
     }
 
-    template <class Item, class Fields> void List(const char* name, Item*& head, Fields fields, bool) {
-        const json* array = Find(name);
+    template <class Fields> void List(const char* name, CProjectNode*& head, Fields fields, bool) {
+        const json* array = FindArray(name);
         if (!array)
             return;
-        if (!array->is_array())
-            return Fail(name, -1, "Liste erwartet");
-        Item** tail = &head;
-        Item* previous = nullptr;
+        CProjectNode** tail = &head;
+        CProjectNode* previous = nullptr;
         for (size_t i = 0; i < array->size() && m_error.empty(); ++i) {
             const json& element = (*array)[i];
             if (!element.is_object())
                 return Fail(name, int(i), "Objekt erwartet");
-            Item* item = NewItem<Item>();
-            if constexpr (requires { item->m_pPrev; })
-                item->m_pPrev = previous;
+            auto* item = new CProjectNode(NodeDefaults{}); // every stored field comes from the JSON
+            item->m_pPrev = previous;
             *tail = previous = item;
             tail = &item->m_pNext;
             BuildVisitor inner(element, Where(name, int(i)), m_error);
             fields(inner, *item);
             inner.RejectOtherKeys();
         }
+    }
+
+    // The texts of an entry are kept in the visitor of its element until the entry is stored.
+    template <class Entry, class Fields>
+    void List(const char* name, EntryList<Entry>& list, Fields fields, bool) {
+        const json* array = FindArray(name);
+        if (!array)
+            return;
+        typename EntryList<Entry>::Builder builder(array->size());
+        for (size_t i = 0; i < array->size() && m_error.empty(); ++i) {
+            const json& element = (*array)[i];
+            if (!element.is_object())
+                return Fail(name, int(i), "Objekt erwartet");
+            BuildVisitor inner(element, Where(name, int(i)), m_error);
+            Entry entry;
+            fields(inner, entry);
+            inner.RejectOtherKeys();
+            if (m_error.empty() && !builder.Add(entry))
+                return Fail(name, int(i), "Texte der Liste länger als 4 GiB");
+        }
+        list = builder.Finish();
     }
 
     void RejectOtherKeys() {
@@ -177,11 +208,13 @@ public:
     }
 
 private:
-    template <class Item> static Item* NewItem() {
-        if constexpr (std::is_same_v<Item, CProjectNode>)
-            return new CProjectNode(NodeDefaults{}); // every stored field comes from the JSON
-        else
-            return new Item;
+    const json* FindArray(const char* name) {
+        const json* array = Find(name);
+        if (array && !array->is_array()) {
+            Fail(name, -1, "Liste erwartet");
+            return nullptr;
+        }
+        return array;
     }
 
     const json* Find(const char* name) {
@@ -245,10 +278,14 @@ private:
             return Fail(name, index, "Zahl außerhalb des Bereichs einer 32-Bit-Gleitkommazahl");
         }
     }
-    void Read(const json& item, NoteText& value, const char* name, int index) {
+    void Read(const json& item, SharedText& value, const char* name, int index) {
         std::string text;
         Read(item, text, name, index);
-        value = std::move(text);
+        value = text;
+    }
+    void Read(const json& item, std::string_view& value, const char* name, int index) {
+        Read(item, m_texts.emplace_back(), name, index);
+        value = m_texts.back();
     }
     void Read(const json& item, std::string& value, const char* name, int index) {
         if (!item.is_string())
@@ -270,6 +307,7 @@ private:
     std::string m_path;
     std::string& m_error;
     std::vector<std::string_view> m_known;
+    std::deque<std::string> m_texts;
 };
 
 } // namespace

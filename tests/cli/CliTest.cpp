@@ -32,14 +32,11 @@ CProjectNode* AddNode(ProjectContent& content, int kind, int level, const std::s
 }
 
 void AddHours(CProjectNode& node, uint32_t day, const std::string& assignee, const std::string& remark) {
-    CHoursEntry** tail = &node.m_pHours;
-    while (*tail)
-        tail = &(*tail)->m_pNext;
-    *tail = new CHoursEntry{CTime(day), CTime(day + 3600), CTime(day + 7200), assignee, remark, nullptr};
+    node.m_pHours.Append({CTime(day), CTime(day + 3600), CTime(day + 7200), assignee, remark});
 }
 
-CCostEntry* NewCost(uint32_t day, float price, float quantity, const std::string& remark) {
-    return new CCostEntry{CTime(day), price, quantity, -price * quantity, "Bear.", remark, nullptr};
+CCostEntry Cost(uint32_t day, float price, float quantity, std::string_view remark) {
+    return {CTime(day), price, quantity, -price * quantity, "Bear.", remark};
 }
 
 float FromBits(uint32_t bits) {
@@ -80,9 +77,9 @@ ProjectContent RichProject() {
     task->m_fCostNeeded = 16777217.0f;
     AddHours(*task, 1790000000, "Max", "Aufbau");
     AddHours(*task, 1790086400, "", "\t");
-    task->m_pCosts = NewCost(1790000000, 50.0f, 8.0f, "Kalkulierte Stunden");
-    task->m_pCosts->m_pNext = NewCost(1790000000, 19.99f, 3.0f, "Material");
-    task->m_pCosts2 = NewCost(1790086400, 50.0f, 2.5f, "Benötigte Stunden");
+    task->m_pCosts = {Cost(1790000000, 50.0f, 8.0f, "Kalkulierte Stunden"),
+                      Cost(1790000000, 19.99f, 3.0f, "Material")};
+    task->m_pCosts2 = {Cost(1790086400, 50.0f, 2.5f, "Benötigte Stunden")};
     AddNode(content, KIND_NOTE, 1, "Notiz");
     AddNode(content, KIND_MILESTONE, 1, "Meilenstein")->m_strResponsible = "Max Mustermann \xAB\xBB MM";
     AddNode(content, 7, -2, "unbekannte Art");

@@ -95,13 +95,6 @@ struct CostFields {
     }
 };
 
-template <class Link> uint32_t CountLinks(const Link* head) {
-    uint32_t count = 0;
-    for (; head; head = head->m_pNext)
-        ++count;
-    return count;
-}
-
 // ---- Reading ----
 
 // Where the reader is, for the error text: a header field, a field of node n, or a field of an
@@ -165,10 +158,14 @@ public:
     void Field(float& value, const char* name) { value = std::bit_cast<float>(U32(name)); }
     void Field(CTime& value, const char* name) { value = CTime(U32(name)); }
     void Field(std::string& value, const char* name);
-    void Field(NoteText& value, const char* name) {
-        std::string text;
+    void Field(SharedText& value, const char* name);
+    // An entry's text, read into the first of two buffers taken in turn: both texts of an entry stay
+    // valid until it is stored.
+    void Field(std::string_view& value, const char* name) {
+        std::string& text = m_entryTexts[m_nextEntryText];
+        m_nextEntryText ^= 1;
         Field(text, name);
-        value = std::move(text);
+        value = text;
     }
 
     // A count of records that each take at least minRecordBytes; 0 after a failure.
@@ -219,7 +216,7 @@ private:
 
     bool TakeLength(uint64_t& length, bool& wide);
     bool Fetch(size_t count);
-    bool TakeBytes(std::string& bytes, uint64_t count);
+    bool TakeBytes(char* bytes, uint64_t count);
     size_t Receive(uint8_t* buffer, size_t needed, size_t room, uint64_t at);
 
     const ProjectSource* m_source = nullptr;
@@ -233,6 +230,8 @@ private:
     bool m_failed = false;
     std::string m_what;
     uint64_t m_failedAt = 0;
+    std::string m_entryTexts[2];
+    int m_nextEntryText = 0;
 };
 
 // Makes count (at most the window's size) bytes available at m_pos: keeps the unread rest at the
@@ -269,9 +268,9 @@ size_t ArchiveReader::Receive(uint8_t* buffer, size_t needed, size_t room, uint6
 
 // count bytes (at most Left()) into bytes: from the window when they fit in it, else the window's
 // rest followed by a direct read, so that a long note never needs a window of its size.
-bool ArchiveReader::TakeBytes(std::string& bytes, uint64_t count) {
+bool ArchiveReader::TakeBytes(char* bytes, uint64_t count) {
     if (m_have - m_pos >= count || (count <= m_window.size() && Fetch(size_t(count)))) {
-        bytes.assign(reinterpret_cast<const char*>(m_data + m_pos), size_t(count));
+        std::memcpy(bytes, m_data + m_pos, size_t(count));
         m_pos += size_t(count);
         return true;
     }
@@ -279,11 +278,10 @@ bool ArchiveReader::TakeBytes(std::string& bytes, uint64_t count) {
         return false;
     const size_t inWindow = m_have - m_pos;
     const size_t needed = size_t(count) - inWindow;
-    bytes.resize(size_t(count));
-    std::memcpy(bytes.data(), m_data + m_pos, inWindow);
+    std::memcpy(bytes, m_data + m_pos, inWindow);
     m_base += m_have;
     m_pos = m_have = 0;
-    const size_t got = Receive(reinterpret_cast<uint8_t*>(bytes.data()) + inWindow, needed, needed, m_base);
+    const size_t got = Receive(reinterpret_cast<uint8_t*>(bytes) + inWindow, needed, needed, m_base);
     m_base += got;
     return got == needed;
 }
@@ -325,8 +323,12 @@ void ArchiveReader::Field(std::string& value, const char* name) {
     const uint64_t start = Offset();
     uint64_t length = 0;
     bool wide = false;
-    if (!TakeLength(length, wide) || length > (wide ? Left() / 2 : Left()) ||
-        !TakeBytes(value, wide ? 2 * length : length)) {
+    if (!TakeLength(length, wide) || length > (wide ? Left() / 2 : Left())) {
+        Fail(name, start);
+        return;
+    }
+    value.resize(size_t(wide ? 2 * length : length));
+    if (!TakeBytes(value.data(), value.size())) {
         Fail(name, start);
         return;
     }
@@ -334,21 +336,45 @@ void ArchiveReader::Field(std::string& value, const char* name) {
         value = Utf16ToCp1252(reinterpret_cast<const uint8_t*>(value.data()), length);
 }
 
+// A narrow text goes straight into its storage, so that a long note is never held twice; a UTF-16
+// one is converted on the way.
+void ArchiveReader::Field(SharedText& value, const char* name) {
+    const uint64_t start = Offset();
+    uint64_t length = 0;
+    bool wide = false;
+    if (!TakeLength(length, wide) || length > (wide ? Left() / 2 : Left())) {
+        Fail(name, start);
+        return;
+    }
+    if (wide) {
+        std::string units(size_t(2 * length), '\0');
+        if (TakeBytes(units.data(), units.size()))
+            value = Utf16ToCp1252(reinterpret_cast<const uint8_t*>(units.data()), length);
+        else
+            Fail(name, start);
+        return;
+    }
+    value = SharedText::Make(length, [&](char* bytes) { return TakeBytes(bytes, length); });
+    if (value.size() != length)
+        Fail(name, start);
+}
+
 template <class Entry, class Fields>
-Entry* LoadEntries(ArchiveReader& reader, const char* countName, const char* listName, uint64_t minBytes,
-                   Fields fields) {
+EntryList<Entry> LoadEntries(ArchiveReader& reader, const char* countName, const char* listName,
+                             uint64_t minBytes, Fields fields) {
     const uint32_t count = reader.Count(countName, minBytes);
-    Entry* head = nullptr;
-    Entry** tail = &head;
+    typename EntryList<Entry>::Builder builder(count);
     reader.place.list = listName;
     for (uint32_t i = 0; i < count && !reader.Failed(); ++i) {
         reader.place.entry = i + 1;
-        *tail = new Entry;
-        fields(reader, **tail);
-        tail = &(*tail)->m_pNext;
+        const uint64_t start = reader.Offset();
+        Entry entry;
+        fields(reader, entry);
+        if (!reader.Failed() && !builder.Add(entry))
+            reader.Fail("Texte (mehr als 4 GiB in einer Liste)", start);
     }
     reader.place.list = nullptr;
-    return head;
+    return reader.Failed() ? EntryList<Entry>() : builder.Finish();
 }
 
 void LoadHistories(ArchiveReader& reader, ProjectContent& content) {
@@ -436,10 +462,11 @@ class SizeArchive {
 public:
     uint64_t size = 0;
     template <class Scalar> void Field(const Scalar&, const char* = nullptr) { size += 4; }
-    void Field(const std::string& value, const char* = nullptr) {
+    void Field(std::string_view value, const char* = nullptr) {
         size += LengthPrefixSize(value.size()) + value.size();
     }
-    void Field(const NoteText& value, const char* name = nullptr) { Field(value.str(), name); }
+    void Field(const std::string& value, const char* name = nullptr) { Field(std::string_view(value), name); }
+    void Field(const SharedText& value, const char* name = nullptr) { Field(value.str(), name); }
 };
 
 // Stores the fields into a buffer. With a sink, a full buffer is handed over and filled again; without
@@ -453,7 +480,7 @@ public:
     void Field(int32_t value, const char* = nullptr) { Put(uint32_t(value)); }
     void Field(float value, const char* = nullptr) { Put(std::bit_cast<uint32_t>(value)); }
     void Field(CTime value, const char* = nullptr) { Put(value.GetTime()); }
-    void Field(const std::string& value, const char* = nullptr) {
+    void Field(std::string_view value, const char* = nullptr) {
         const uint64_t length = value.size();
         if (length < 0xFF) {
             Put(uint8_t(length));
@@ -512,10 +539,10 @@ private:
 };
 
 template <class Archive, class Entry, class Fields>
-void StoreEntries(Archive& ar, const Entry* head, Fields fields) {
-    ar.Field(CountLinks(head));
-    for (; head; head = head->m_pNext)
-        fields(ar, *head);
+void StoreEntries(Archive& ar, const EntryList<Entry>& list, Fields fields) {
+    ar.Field(uint32_t(list.size()));
+    for (const Entry entry : list)
+        fields(ar, entry);
 }
 
 template <class Archive>
@@ -523,7 +550,7 @@ void StoreProject(Archive& ar, const ProjectViewValues& view,
                   const std::array<std::string, 10>& assigneeHistory,
                   const std::array<std::string, 10>& remarkHistory, const CProjectNode* firstNode) {
     ViewFields(ar, view);
-    ar.Field(CountLinks(firstNode));
+    ar.Field(uint32_t(CountNodes(firstNode)));
     for (size_t i = 0; i < assigneeHistory.size(); ++i) {
         ar.Field(assigneeHistory[i]);
         ar.Field(remarkHistory[i]);

@@ -2,7 +2,7 @@
 
 #include "model/NumberFormat.h"
 
-CCostEntry*& CostListOf(CProjectNode& node, CostList list) {
+CCostList& CostListOf(CProjectNode& node, CostList list) {
     return list == CostList::Calculated ? node.m_pCosts : node.m_pCosts2;
 }
 
@@ -12,22 +12,12 @@ float ReadFloat(std::string_view text) {
     return float(numfmt::ParseNumber(text));
 }
 
-void BookHours(CCostEntry*& head, float rate, float hours, const char* remark, CTime now) {
-    if (!head)
-        head = new CCostEntry;
-    head->m_timeDate = now;
-    head->m_fUnitPrice = rate;
-    head->m_fQuantity = hours;
-    head->m_fAmount = -(rate * hours);
-    head->m_str1.clear();
-    head->m_str2 = remark;
-}
-
-void Append(CCostEntry*& head, CCostEntry* entry) {
-    CCostEntry** tail = &head;
-    while (*tail)
-        tail = &(*tail)->m_pNext;
-    *tail = entry;
+void BookHours(CCostList& list, float rate, float hours, const char* remark, CTime now) {
+    const CCostEntry entry{now, rate, hours, -(rate * hours), {}, remark};
+    if (list.empty())
+        list.Append(entry);
+    else
+        list.Replace(0, entry);
 }
 
 // Prices and quantities are compared as the list shows them: a refilled row shows six significant
@@ -77,36 +67,33 @@ CostRow MakeCostRow(const CCostEntry& entry) {
             WeekdayAbbreviation(entry.m_timeDate),
             numfmt::FormatEditNumber(entry.m_fUnitPrice),
             numfmt::FormatGeneral(entry.m_fQuantity),
-            entry.m_str1,
-            entry.m_str2,
+            std::string(entry.m_str1),
+            std::string(entry.m_str2),
             numfmt::FormatEditNumber(entry.m_fAmount)};
 }
 
-std::vector<CostRow> MakeCostRows(const CCostEntry* head) {
+std::vector<CostRow> MakeCostRows(const CCostList& list) {
     std::vector<CostRow> rows;
-    for (; head; head = head->m_pNext)
-        rows.push_back(MakeCostRow(*head));
+    rows.reserve(list.size());
+    for (const CCostEntry entry : list)
+        rows.push_back(MakeCostRow(entry));
     return rows;
 }
 
-CostRow AddCostEntry(CCostEntry*& head, const CostInput& input) {
-    auto* entry = new CCostEntry;
-    entry->m_timeDate = input.day.At(0, 0, 0);
+CostRow AddCostEntry(CCostList& list, const CostInput& input) {
     const std::string price = NormaliseCostText(input.unitPriceText);
     const std::string quantity = NormaliseCostText(input.quantityText);
-    entry->m_fUnitPrice = ReadFloat(price);
-    entry->m_fQuantity = ReadFloat(quantity);
-    entry->m_fAmount = input.expense ? entry->m_fUnitPrice * -1.0f * entry->m_fQuantity
-                                     : entry->m_fUnitPrice * entry->m_fQuantity;
-    entry->m_str1 = input.assignee;
-    entry->m_str2 = input.remark;
-    Append(head, entry);
+    CCostEntry entry{input.day.At(0, 0, 0), ReadFloat(price), ReadFloat(quantity), 0.0f,
+                     input.assignee,        input.remark};
+    entry.m_fAmount = input.expense ? entry.m_fUnitPrice * -1.0f * entry.m_fQuantity
+                                    : entry.m_fUnitPrice * entry.m_fQuantity;
+    list.Append(entry);
     // The row shows the texts as normalised and the amount with two places; a refill later shows
     // them in the list's own formats.
-    CostRow row = MakeCostRow(*entry);
+    CostRow row = MakeCostRow(entry);
     row.unitPrice = price;
     row.quantity = quantity;
-    row.amount = numfmt::FormatFixed2(entry->m_fAmount);
+    row.amount = numfmt::FormatFixed2(entry.m_fAmount);
     return row;
 }
 
@@ -115,25 +102,21 @@ CostInput CostInputOfRow(const CostRow& row) {
             row.assignee,          row.remark};
 }
 
-CostRemoval RemoveFirstMatchingCost(CCostEntry*& head, const CostInput& key) {
-    if (head && Matches(*head, key))
+CostRemoval RemoveFirstMatchingCost(CCostList& list, const CostInput& key) {
+    if (!list.empty() && Matches(list.front(), key))
         return CostRemoval::Automatic;
-    if (!head)
-        return CostRemoval::NotFound;
-    for (CCostEntry** link = &head->m_pNext; *link; link = &(*link)->m_pNext) {
-        if (Matches(**link, key)) {
-            CCostEntry* found = *link;
-            *link = found->m_pNext;
-            delete found;
+    for (size_t i = 1; i < list.size(); ++i) {
+        if (Matches(list[i], key)) {
+            list.Erase(i);
             return CostRemoval::Removed;
         }
     }
     return CostRemoval::NotFound;
 }
 
-float CostTotal(const CCostEntry* head) {
+float CostTotal(const CCostList& list) {
     float sum = 0.0f;
-    for (; head; head = head->m_pNext)
-        sum += head->m_fAmount;
+    for (const CCostEntry entry : list)
+        sum += entry.m_fAmount;
     return sum;
 }

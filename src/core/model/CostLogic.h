@@ -10,8 +10,8 @@
 
 enum class CostList { Calculated, Needed };
 
-// The head of the node's list for a kind of cost.
-CCostEntry*& CostListOf(CProjectNode& node, CostList list);
+// The node's list for a kind of cost.
+CCostList& CostListOf(CProjectNode& node, CostList list);
 
 // Makes sure both lists start with their automatic entry and books the hours at the rate into it,
 // as an expense, dated now: rate × calculated hours ("Kalkulierte Stunden") and rate × needed
@@ -37,7 +37,7 @@ struct CostRow {
 };
 // A row of a filled list: price and amount in the edit number format, the quantity with "%g".
 CostRow MakeCostRow(const CCostEntry& entry);
-std::vector<CostRow> MakeCostRows(const CCostEntry* head);
+std::vector<CostRow> MakeCostRows(const CCostList& list);
 
 // What the input row of a cost entry holds.
 struct CostInput {
@@ -51,7 +51,7 @@ struct CostInput {
 // Normalises the typed texts, appends the entry at the end of the list and returns the row as it
 // is added: the normalised texts and the amount with "%.2f" (negative for an expense). Nothing is
 // refused.
-CostRow AddCostEntry(CCostEntry*& head, const CostInput& input);
+CostRow AddCostEntry(CCostList& list, const CostInput& input);
 
 // Reads a row back into the input row: day, price and quantity as shown, and "Ausgabe" when the
 // amount is negative.
@@ -60,9 +60,9 @@ CostInput CostInputOfRow(const CostRow& row);
 enum class CostRemoval { Removed, Automatic, NotFound };
 inline constexpr std::string_view kAutomaticEntry =
     "Dieser Eintrag wurde automatisch generiert und ist nicht löschbar!";
-// Unlinks and frees the first entry matching the row (day, price, quantity and texts); the list's
-// first, automatic entry is never removed, even by a row that merely looks like it.
-CostRemoval RemoveFirstMatchingCost(CCostEntry*& head, const CostInput& key);
+// Removes the first entry matching the row (day, price, quantity and texts); the list's first,
+// automatic entry is never removed, even by a row that merely looks like it.
+CostRemoval RemoveFirstMatchingCost(CCostList& list, const CostInput& key);
 
 // The sum of the amounts of a list, the automatic entry included.
-float CostTotal(const CCostEntry* head);
+float CostTotal(const CCostList& list);

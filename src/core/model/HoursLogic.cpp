@@ -29,40 +29,25 @@ double EntryHours(const CHoursEntry& entry) {
 }
 
 HoursRow MakeHoursRow(const CHoursEntry& entry) {
-    return {DaySortKey(entry.m_time1),
-            entry.m_time1.Format("%d.%m.%Y"),
-            WeekdayAbbreviation(entry.m_time1),
-            entry.m_time2.Format("%H:%M"),
-            entry.m_time3.Format("%H:%M"),
-            entry.m_str1,
-            entry.m_str2,
-            numfmt::FormatFixed2(EntryHours(entry))};
+    return {DaySortKey(entry.m_time1),          entry.m_time1.Format("%d.%m.%Y"),
+            WeekdayAbbreviation(entry.m_time1), entry.m_time2.Format("%H:%M"),
+            entry.m_time3.Format("%H:%M"),      std::string(entry.m_str1),
+            std::string(entry.m_str2),          numfmt::FormatFixed2(EntryHours(entry))};
 }
 
-std::vector<HoursRow> MakeHoursRows(const CHoursEntry* head) {
+std::vector<HoursRow> MakeHoursRows(const CHoursList& list) {
     std::vector<HoursRow> rows;
-    for (; head; head = head->m_pNext)
-        rows.push_back(MakeHoursRow(*head));
+    rows.reserve(list.size());
+    for (const CHoursEntry entry : list)
+        rows.push_back(MakeHoursRow(entry));
     return rows;
 }
 
 namespace {
 
-CHoursEntry* MakeEntry(const HoursInput& input) {
-    auto* entry = new CHoursEntry;
-    entry->m_time1 = input.day.At(0, 0, 0);
-    entry->m_time2 = input.day.At(input.beginHour, input.beginMinute, 0);
-    entry->m_time3 = input.day.At(input.endHour, input.endMinute, 0);
-    entry->m_str1 = input.assignee;
-    entry->m_str2 = input.remark;
-    return entry;
-}
-
-void Append(CHoursEntry*& head, CHoursEntry* entry) {
-    CHoursEntry** tail = &head;
-    while (*tail)
-        tail = &(*tail)->m_pNext;
-    *tail = entry;
+CHoursEntry MakeEntry(const HoursInput& input) {
+    return {input.day.At(0, 0, 0), input.day.At(input.beginHour, input.beginMinute, 0),
+            input.day.At(input.endHour, input.endMinute, 0), input.assignee, input.remark};
 }
 
 // Reads up to count integers separated by separator, as sscanf "%d.%d.%d" does: reading stops at
@@ -97,10 +82,10 @@ bool Matches(const CHoursEntry& entry, const HoursInput& key) {
 
 } // namespace
 
-bool AddHoursEntry(CHoursEntry*& head, const HoursInput& input) {
+bool AddHoursEntry(CHoursList& list, const HoursInput& input) {
     if (!input.IsValid())
         return false;
-    Append(head, MakeEntry(input));
+    list.Append(MakeEntry(input));
     return true;
 }
 
@@ -118,22 +103,20 @@ HoursInput HoursInputOfRow(const HoursRow& row) {
     return {ParseDayText(row.day), begin[0], begin[1], end[0], end[1], row.assignee, row.remark};
 }
 
-bool RemoveFirstMatchingHours(CHoursEntry*& head, const HoursInput& key) {
-    for (CHoursEntry** link = &head; *link; link = &(*link)->m_pNext) {
-        if (Matches(**link, key)) {
-            CHoursEntry* found = *link;
-            *link = found->m_pNext;
-            delete found;
+bool RemoveFirstMatchingHours(CHoursList& list, const HoursInput& key) {
+    for (size_t i = 0; i < list.size(); ++i) {
+        if (Matches(list[i], key)) {
+            list.Erase(i);
             return true;
         }
     }
     return false;
 }
 
-std::string NeededHoursText(const CHoursEntry* head) {
+std::string NeededHoursText(const CHoursList& list) {
     double sum = 0.0;
-    for (; head; head = head->m_pNext)
-        sum += numfmt::ParseNumber(numfmt::FormatFixed2(EntryHours(*head)));
+    for (const CHoursEntry entry : list)
+        sum += numfmt::ParseNumber(numfmt::FormatFixed2(EntryHours(entry)));
     return numfmt::FormatFixed2(sum);
 }
 

@@ -60,21 +60,21 @@ struct HoursRow {
     std::string hours; // "%2.2f"
 };
 HoursRow MakeHoursRow(const CHoursEntry& entry);
-std::vector<HoursRow> MakeHoursRows(const CHoursEntry* head);
+std::vector<HoursRow> MakeHoursRows(const CHoursList& list);
 
 // Appends an entry made from the input at the end of the list; refused (false, nothing changes)
 // when the interval is shorter than a minute.
-bool AddHoursEntry(CHoursEntry*& head, const HoursInput& input);
+bool AddHoursEntry(CHoursList& list, const HoursInput& input);
 
 // Reads a row back the way the list shows it: the day from "%d.%m.%Y", begin and end from "%H:%M".
 HoursInput HoursInputOfRow(const HoursRow& row);
-// Unlinks and frees the first entry of the list with the row's day, begin and end (hour and
-// minute) and texts; false when no entry matches.
-bool RemoveFirstMatchingHours(CHoursEntry*& head, const HoursInput& key);
+// Removes the first entry of the list with the row's day, begin and end (hour and minute) and
+// texts; false when no entry matches.
+bool RemoveFirstMatchingHours(CHoursList& list, const HoursInput& key);
 
 // "Benötigt" after the list changed: the sum of the "h" column as shown (each rounded to
 // hundredths), written with "%.2f".
-std::string NeededHoursText(const CHoursEntry* head);
+std::string NeededHoursText(const CHoursList& list);
 
 // Stopping a running clock: the clocked-in flag is cleared before the dialog opens, so that
 // discarding the dialog ends the clocking without an entry.

@@ -20,13 +20,14 @@ CProjectNode* SubtreeEnd(CProjectNode* node);
 // The last node of node's subtree (node itself when it has no children).
 CProjectNode* SubtreeLast(CProjectNode* node);
 
-// Frees every node of a list (with its entry lists), following m_pNext from first.
+// Frees every node of a list, following m_pNext from first.
 void FreeNodeList(CProjectNode* first);
-// A deep copy of the whole list in order: every field, the selection and the three entry lists.
+// A copy of the whole list in order: every field and the selection, with the texts and entry lists
+// shared (they are never changed in place, so the copy keeps them as they are now).
 CProjectNode* DeepCopyList(const CProjectNode* first);
-// Makes copy (a list, or null) a deep copy of the list from first on and returns its head. The
-// nodes, strings and entries of the old copy are reused, so a repeated copy of a large project
-// allocates only for what grew.
+// Makes copy (a list, or null) such a copy of the list from first on and returns its head. The
+// nodes of the old copy are reused, so a repeated copy of a large project allocates only for what
+// grew.
 CProjectNode* RefreshListCopy(CProjectNode* copy, const CProjectNode* first);
 
 // Recomputes m_bVisible: a node is shown when no ancestor has m_bExpanded cleared. A node's ancestors

@@ -87,9 +87,9 @@ size_t ListBoxInsertPosition(const std::vector<std::string>& items, std::string_
 std::vector<std::string> ResponsibleChoices(const CProjectNode* first) {
     std::vector<std::string> choices{std::string(kNobody)};
     for (const CProjectNode* node = first; node; node = node->m_pNext) {
-        const std::string& person = node->m_strResponsible;
+        const std::string_view person = node->m_strResponsible;
         if (!person.empty() && std::find(choices.begin(), choices.end(), person) == choices.end())
-            choices.push_back(person);
+            choices.emplace_back(person);
     }
     SortLikeListBox(choices);
     return choices;

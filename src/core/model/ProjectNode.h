@@ -1,38 +1,16 @@
 #pragma once
-// One node of a project outline and the two entry records hung off it. All nodes of a document form
+// One node of a project outline with its hours and cost lists. All nodes of a document form
 // one doubly linked list in display order; the hierarchy is each node's depth (m_nLevel), and a
 // node's subtree is the run of following nodes that are deeper than it.
 #include "model/CTime.h"
+#include "model/EntryList.h"
 #include "model/NoteText.h"
+#include "model/SharedText.h"
 
 #include <cstdint>
-#include <string>
 
 // Node kinds (m_nKind).
 enum : int { KIND_PROJECT = 0, KIND_TASK = 1, KIND_NOTE = 2, KIND_MILESTONE = 3 };
-
-// One line of a node's hours list ("Stundenerfassung").
-class CHoursEntry {
-public:
-    CTime m_time1;      // the day worked
-    CTime m_time2;      // begin
-    CTime m_time3;      // end
-    std::string m_str1; // assignee
-    std::string m_str2; // remark
-    CHoursEntry* m_pNext = nullptr;
-};
-
-// One line of a cost list; the amount is negative for an expense.
-class CCostEntry {
-public:
-    CTime m_timeDate;
-    float m_fUnitPrice = 0.0f;
-    float m_fQuantity = 0.0f;
-    float m_fAmount = 0.0f;
-    std::string m_str1; // assignee
-    std::string m_str2; // remark
-    CCostEntry* m_pNext = nullptr;
-};
 
 // The time stamps a new node starts with: created, changed and done "now", start today 01:00:00
 // (one o'clock on purpose) and due today 23:59:59. Taken once for a batch of nodes, because asking
@@ -44,19 +22,19 @@ struct NodeDefaults {
     static NodeDefaults Current();
 };
 
+// A node is kept small (216 bytes, 224 with its heap header): a project of many nodes with empty texts
+// must still load within two and a half times its file size. Texts and entry lists are shared
+// with copies, so a copy of a node costs its own size and reference counts.
 class CProjectNode {
 public:
     // A node with the creation defaults: "Neuer Knoten", Arial, a project node at level 0, expanded,
     // visible and selected. The note stays empty; its default comes from the document's settings.
     CProjectNode();
     explicit CProjectNode(const NodeDefaults& defaults);
-    // Frees the node's own entry lists; the list links are the owner's business.
-    ~CProjectNode();
 
-    // A deep copy of every field and the three entry lists, unlinked (m_pNext/m_pPrev null).
+    // A copy of every field, the texts and entry lists shared, unlinked (m_pNext/m_pPrev null).
     CProjectNode* CloneUnlinked() const;
-    // Takes every field and the entry lists of other but keeps this node's links. The strings and
-    // entries this node owns are reused, which makes refreshing a copy of a large list cheap.
+    // Takes every field of other but keeps this node's links.
     void AssignContentOf(const CProjectNode& other);
 
     // The fields every walk of the list reads come first, so that a walk over a large project
@@ -70,15 +48,14 @@ public:
     int m_bVisible = 1;
     int m_bSelected = 1;
     CTime m_timeDue;
+    CTime m_timeStart;
     // Run-time values of the view, not saved.
     int m_nRowPos = 0;
     int m_nRowAux = 0;
-    std::string m_strRowText;
-    std::string m_strAux;
 
-    CHoursEntry* m_pHours = nullptr;
-    CCostEntry* m_pCosts = nullptr;  // calculated costs
-    CCostEntry* m_pCosts2 = nullptr; // needed costs
+    CHoursList m_pHours;
+    CCostList m_pCosts;  // calculated costs
+    CCostList m_pCosts2; // needed costs
 
     CTime m_timeCreated;
     CTime m_timeChanged;
@@ -91,12 +68,10 @@ public:
     CTime m_timeRemind2;
     int m_nRemind4 = 0;
     int m_nRemind5 = 0;
-    std::string m_strText2;
-
-    CTime m_timeStart;
+    SharedText m_strText2;
     NoteText m_strNote; // RTF
-    std::string m_strTitle = "Neuer Knoten";
-    std::string m_strFontName = "Arial";
+    SharedText m_strTitle{std::string_view("Neuer Knoten")};
+    SharedText m_strFontName{std::string_view("Arial")};
     int m_crColor = 0; // COLORREF, red in the low byte
     int m_bItalic = 0;
     int m_bUnderline = 0;
@@ -108,19 +83,13 @@ public:
     float m_fCostPlanned = 0.0f;
     float m_fCostNeeded = 0.0f;
     CTime m_timeReminder;
-    std::string m_strResponsible;
+    SharedText m_strResponsible;
     int m_bClockedIn = 0; // not saved
     CTime m_timeClockIn;  // not saved
 
 private:
-    // Member-wise copies, used by CloneUnlinked and AssignContentOf only: they share links and
-    // entry lists, which those then replace.
+    // Member-wise copies, used by CloneUnlinked and AssignContentOf only: they copy the links too,
+    // which those then replace.
     CProjectNode(const CProjectNode&) = default;
     CProjectNode& operator=(const CProjectNode&) = default;
 };
-
-// Frees a singly linked entry list.
-void FreeHours(CHoursEntry* head);
-void FreeCosts(CCostEntry* head);
-CHoursEntry* CopyHours(const CHoursEntry* head);
-CCostEntry* CopyCosts(const CCostEntry* head);

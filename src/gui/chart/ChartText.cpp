@@ -22,11 +22,11 @@ std::string ChartDatePrefix(const CProjectNode& node, int mode) {
     }
 }
 
-std::string ResponsibleShortCode(const std::string& responsible) {
+std::string ResponsibleShortCode(std::string_view responsible) {
     const size_t separator = responsible.rfind(kResponsibleSeparator);
-    if (separator == std::string::npos)
-        return responsible;
-    return responsible.substr(separator + kResponsibleSeparator.size());
+    if (separator == std::string_view::npos)
+        return std::string(responsible);
+    return std::string(responsible.substr(separator + kResponsibleSeparator.size()));
 }
 
 std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool showResponsible) {
@@ -36,5 +36,5 @@ std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool show
         if (!code.empty())
             text += "[" + code + "] ";
     }
-    return text + node.m_strTitle;
+    return text += node.m_strTitle;
 }

@@ -18,6 +18,6 @@ enum : int { DATE_PREFIX_NONE = 0, DATE_PREFIX_START = 1, DATE_PREFIX_DUE = 2, D
 std::string ChartDatePrefix(const CProjectNode& node, int mode);
 // The short code of a responsible person stored as name + " «» " + short code: the text after the
 // last separator; a text without the separator is all short code.
-std::string ResponsibleShortCode(const std::string& responsible);
+std::string ResponsibleShortCode(std::string_view responsible);
 // The row text: date prefix, then "[short code] " when shown and set, then the title.
 std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool showResponsible);

@@ -58,8 +58,8 @@ void CClockOutDlg::accept() {
 
 bool ClockOut(QWidget* parent, CProjectNode& node, EntryHistories& histories, Prompter& prompter) {
     StopClock(node);
-    CClockOutDlg dialog(node.m_strTitle, node.m_timeClockIn, CTime::GetCurrentTime(), histories, prompter,
-                        parent);
+    CClockOutDlg dialog(std::string(node.m_strTitle), node.m_timeClockIn, CTime::GetCurrentTime(), histories,
+                        prompter, parent);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     histories = dialog.Histories();

@@ -332,7 +332,7 @@ QTreeWidgetItem* CEntryPanel::SelectedRow() const {
     return selected.isEmpty() ? nullptr : selected.front();
 }
 
-CCostEntry*& CEntryPanel::CostList() const {
+CCostList& CEntryPanel::CostList() const {
     return CostListOf(m_copy, m_mode == ListMode::CalculatedCosts ? CostList::Calculated : CostList::Needed);
 }
 

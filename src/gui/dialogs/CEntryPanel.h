@@ -21,7 +21,8 @@ class QRadioButton;
 class QTimeEdit;
 class QTreeWidget;
 class QTreeWidgetItem;
-class CCostEntry;
+struct CCostEntry;
+template <class Entry> class EntryList;
 
 enum class ListMode { Hours = 0, CalculatedCosts = 1, NeededCosts = 2 };
 
@@ -57,7 +58,7 @@ private:
     void FillCombos();
     void InsertRowSorted(const QStringList& columns);
     QTreeWidgetItem* SelectedRow() const;
-    CCostEntry*& CostList() const;
+    EntryList<CCostEntry>& CostList() const;
 
     void AddEntry();
     void TakeBackEntry();

@@ -268,7 +268,7 @@ void CNodeEditDlg::MarkDoneClicked() {
 
 void CNodeEditDlg::EditTextFormat() {
     CProjectNode& copy = *m_copy;
-    CTextFormatDlg dialog({copy.m_strFontName, copy.m_bStrikeOut != 0, copy.m_bUnderline != 0,
+    CTextFormatDlg dialog({std::string(copy.m_strFontName), copy.m_bStrikeOut != 0, copy.m_bUnderline != 0,
                            copy.m_bItalic != 0, copy.m_bBold != 0, copy.m_crColor},
                           this);
     if (dialog.exec() != QDialog::Accepted)

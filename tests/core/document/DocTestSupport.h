@@ -141,7 +141,8 @@ inline std::string ProjectBytes(const std::string& rootTitle) {
 inline std::string RootTitleIn(const std::string& path) {
     const std::vector<uint8_t> bytes = Bytes(Content(path));
     ProjectContent content;
-    return ReadProject(bytes, content).status == ReadStatus::Ok ? content.firstNode->m_strTitle : "";
+    return ReadProject(bytes, content).status == ReadStatus::Ok ? std::string(content.firstNode->m_strTitle)
+                                                                : "";
 }
 
 // The lock record another program (or an older Velto) writes: the name alone.

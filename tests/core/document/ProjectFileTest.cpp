@@ -76,7 +76,7 @@ ProjectContent ReadTitleField(const Bytes& titleField) {
 
 std::string ReadTitle(const Bytes& titleField) {
     const ProjectContent content = ReadTitleField(titleField);
-    return content.firstNode ? content.firstNode->m_strTitle : "<nicht gelesen>";
+    return content.firstNode ? std::string(content.firstNode->m_strTitle) : "<nicht gelesen>";
 }
 
 void ExpectError(const Bytes& bytes, const std::string& what, uint64_t offset) {
@@ -132,24 +132,23 @@ TEST(ProjectFileRead, EveryFieldLandsInItsPlaceAndIsWrittenBackUnchanged) {
     EXPECT_EQ(n.m_strText2, "Text2");
 
     // Entries keep their order; cost entries hold quantity before unit price.
-    ASSERT_TRUE(n.m_pHours && n.m_pHours->m_pNext);
-    EXPECT_EQ(n.m_pHours->m_time1.GetTime(), 1100u);
-    EXPECT_EQ(n.m_pHours->m_time2.GetTime(), 1200u);
-    EXPECT_EQ(n.m_pHours->m_time3.GetTime(), 1300u);
-    EXPECT_EQ(n.m_pHours->m_str1, "Bear0");
-    EXPECT_EQ(n.m_pHours->m_pNext->m_str1, "Bear1");
-    EXPECT_EQ(n.m_pHours->m_pNext->m_pNext, nullptr);
-    for (const CCostEntry* cost : {n.m_pCosts, n.m_pCosts2}) {
-        ASSERT_NE(cost, nullptr);
-        EXPECT_EQ(cost->m_timeDate.GetTime(), 1400u);
-        EXPECT_EQ(cost->m_fQuantity, 1.0f);
-        EXPECT_EQ(cost->m_fUnitPrice, 50.0f);
-        EXPECT_EQ(cost->m_fAmount, -50.0f);
-        EXPECT_EQ(cost->m_pNext, nullptr);
+    ASSERT_EQ(n.m_pHours.size(), 2u);
+    EXPECT_EQ(n.m_pHours[0].m_time1.GetTime(), 1100u);
+    EXPECT_EQ(n.m_pHours[0].m_time2.GetTime(), 1200u);
+    EXPECT_EQ(n.m_pHours[0].m_time3.GetTime(), 1300u);
+    EXPECT_EQ(n.m_pHours[0].m_str1, "Bear0");
+    EXPECT_EQ(n.m_pHours[1].m_str1, "Bear1");
+    for (const CCostList* costs : {&n.m_pCosts, &n.m_pCosts2}) {
+        ASSERT_EQ(costs->size(), 1u);
+        const CCostEntry cost = costs->front();
+        EXPECT_EQ(cost.m_timeDate.GetTime(), 1400u);
+        EXPECT_EQ(cost.m_fQuantity, 1.0f);
+        EXPECT_EQ(cost.m_fUnitPrice, 50.0f);
+        EXPECT_EQ(cost.m_fAmount, -50.0f);
     }
-    EXPECT_EQ(n.m_pCosts->m_str2, "C");
-    EXPECT_EQ(n.m_pCosts2->m_str2, "B");
-    EXPECT_EQ(nodes[1]->m_pHours, nullptr);
+    EXPECT_EQ(n.m_pCosts.front().m_str2, "C");
+    EXPECT_EQ(n.m_pCosts2.front().m_str2, "B");
+    EXPECT_TRUE(nodes[1]->m_pHours.empty());
 
     EXPECT_EQ(WriteProject(content), bytes.data);
 }
@@ -188,7 +187,7 @@ TEST(ProjectFileStrings, WriterPicksTheShortestLengthForm) {
     for (const Case& c : cases) {
         ProjectContent content;
         content.firstNode = new CProjectNode(NodeDefaults{});
-        content.firstNode->m_strTitle.assign(c.length, 'x');
+        content.firstNode->m_strTitle = std::string(c.length, 'x');
         const std::vector<uint8_t> bytes = WriteProject(content);
         ASSERT_GT(bytes.size(), at + c.prefix.size() + c.length) << c.length;
         EXPECT_EQ(std::vector<uint8_t>(bytes.begin() + at, bytes.begin() + at + c.prefix.size()), c.prefix)
@@ -387,7 +386,7 @@ TEST(ProjectFileStream, LongNotesBypassTheWindowAndAShortOrFailingSourceIsAnErro
     ProjectContent content;
     ASSERT_EQ(Read(File({Node(1000, 2, 1), Node(2000)}), content).status, ReadStatus::Ok);
     content.firstNode->m_strNote = std::string(700'000, 'n');
-    content.firstNode->m_pNext->m_strTitle.assign(300'000, 't');
+    content.firstNode->m_pNext->m_strTitle = std::string(300'000, 't');
     const std::vector<uint8_t> bytes = WriteProject(content);
     for (size_t piece : {size_t(1) << 16, bytes.size()}) {
         ProjectContent streamed;
@@ -421,3 +420,38 @@ TEST(ProjectFileStream, LongNotesBypassTheWindowAndAShortOrFailingSourceIsAnErro
               std::string::npos)
         << result.Message("Plan.VT5");
 }
+
+namespace {
+
+// Many entries whose texts repeat, change, are empty or long, as an hours-heavy project has them.
+TEST(ProjectFileEntries, AnHoursHeavyProjectKeepsEveryEntryThroughARoundTrip) {
+    ProjectContent content;
+    content.firstNode = new CProjectNode(NodeDefaults{});
+    content.firstNode->m_pNext = new CProjectNode(NodeDefaults{});
+    content.firstNode->m_pNext->m_pPrev = content.firstNode;
+    CHoursList& hours = content.firstNode->m_pNext->m_pHours;
+    const int kCount = 20000;
+    CHoursList::Builder builder(kCount);
+    for (int i = 0; i < kCount; ++i) {
+        const std::string remark = i % 7 == 0 ? std::string(300, char('a' + i % 26)) : std::to_string(i / 3);
+        const uint32_t day = 1700000000u + uint32_t(i) * 86400u;
+        ASSERT_TRUE(builder.Add({CTime(day), CTime(day + 60), CTime(day + 120), i % 5 ? "MM" : "", remark}));
+    }
+    hours = builder.Finish();
+    content.firstNode->m_pNext->m_pCosts2 = {{CTime(5), 1.0f, 2.0f, -2.0f, "", "Ben\xF6tigt"}};
+    const std::vector<uint8_t> bytes = WriteProject(content);
+
+    ProjectContent back;
+    ASSERT_EQ(ReadBothWays(bytes, back).status, ReadStatus::Ok);
+    const CHoursList& read = back.firstNode->m_pNext->m_pHours;
+    ASSERT_EQ(read.size(), size_t(kCount));
+    for (int i : {0, 1, 3, 7, 4999, kCount - 1}) {
+        EXPECT_EQ(read[i].m_time3, hours[i].m_time3) << i;
+        EXPECT_EQ(read[i].m_str1, hours[i].m_str1) << i;
+        EXPECT_EQ(read[i].m_str2, hours[i].m_str2) << i;
+    }
+    EXPECT_EQ(back.firstNode->m_pNext->m_pCosts2.front().m_str2, "Ben\xF6tigt");
+    EXPECT_EQ(WriteProject(back), bytes);
+}
+
+} // namespace

@@ -12,45 +12,38 @@ CostInput Input(std::string price, std::string quantity, bool expense, std::stri
     return {{2024, 5, 6}, std::move(price), std::move(quantity), expense, "Anna", std::move(remark)};
 }
 
-int Count(const CCostEntry* head) {
-    int n = 0;
-    for (; head; head = head->m_pNext)
-        ++n;
-    return n;
-}
-
 TEST(CostAutomatic, HoursAreBookedAsAnExpenseAtTheRate) {
     CProjectNode node;
     RegenerateAutomaticEntries(node, "8", "2.5", "50", kNow);
-    ASSERT_NE(node.m_pCosts, nullptr);
-    EXPECT_FLOAT_EQ(node.m_pCosts->m_fUnitPrice, 50.0f);
-    EXPECT_FLOAT_EQ(node.m_pCosts->m_fQuantity, 8.0f);
-    EXPECT_FLOAT_EQ(node.m_pCosts->m_fAmount, -400.0f);
-    EXPECT_EQ(node.m_pCosts->m_str2, "Kalkulierte Stunden");
-    EXPECT_EQ(node.m_pCosts->m_str1, "");
-    EXPECT_EQ(node.m_pCosts->m_timeDate, kNow);
-    ASSERT_NE(node.m_pCosts2, nullptr);
-    EXPECT_FLOAT_EQ(node.m_pCosts2->m_fAmount, -125.0f);
-    EXPECT_EQ(node.m_pCosts2->m_str2, "Ben\xF6tigte Stunden") << "model texts are Windows-1252";
+    ASSERT_EQ(node.m_pCosts.size(), 1u);
+    const CCostEntry calculated = node.m_pCosts.front();
+    EXPECT_FLOAT_EQ(calculated.m_fUnitPrice, 50.0f);
+    EXPECT_FLOAT_EQ(calculated.m_fQuantity, 8.0f);
+    EXPECT_FLOAT_EQ(calculated.m_fAmount, -400.0f);
+    EXPECT_EQ(calculated.m_str2, "Kalkulierte Stunden");
+    EXPECT_EQ(calculated.m_str1, "");
+    EXPECT_EQ(calculated.m_timeDate, kNow);
+    ASSERT_EQ(node.m_pCosts2.size(), 1u);
+    EXPECT_FLOAT_EQ(node.m_pCosts2.front().m_fAmount, -125.0f);
+    EXPECT_EQ(node.m_pCosts2.front().m_str2, "Ben\xF6tigte Stunden") << "model texts are Windows-1252";
     EXPECT_FLOAT_EQ(CostTotal(node.m_pCosts), -400.0f);
-    EXPECT_EQ(MakeCostRow(*node.m_pCosts).amount, "-400.00");
+    EXPECT_EQ(MakeCostRow(calculated).amount, "-400.00");
 }
 
 TEST(CostAutomatic, ARateChangeRewritesBothFirstEntriesInPlace) {
     CProjectNode node;
     RegenerateAutomaticEntries(node, "8", "4", "50", kNow);
-    CCostEntry* calculated = node.m_pCosts;
-    AddCostEntry(node.m_pCosts, Input("10", "1", true));
+    AddCostEntry(node.m_pCosts, Input("10", "1", true, "Material"));
     RegenerateAutomaticEntries(node, "8", "4", "60", kNow + 60);
-    EXPECT_EQ(node.m_pCosts, calculated) << "the first entry is reused, not stacked";
-    EXPECT_EQ(Count(node.m_pCosts), 2);
-    EXPECT_EQ(Count(node.m_pCosts2), 1);
-    EXPECT_FLOAT_EQ(node.m_pCosts->m_fAmount, -480.0f);
-    EXPECT_FLOAT_EQ(node.m_pCosts2->m_fAmount, -240.0f);
-    EXPECT_EQ(node.m_pCosts->m_timeDate, kNow + 60);
+    ASSERT_EQ(node.m_pCosts.size(), 2u) << "the first entry is rewritten, not stacked";
+    EXPECT_EQ(node.m_pCosts2.size(), 1u);
+    EXPECT_FLOAT_EQ(node.m_pCosts.front().m_fAmount, -480.0f);
+    EXPECT_FLOAT_EQ(node.m_pCosts2.front().m_fAmount, -240.0f);
+    EXPECT_EQ(node.m_pCosts.front().m_timeDate, kNow + 60);
+    EXPECT_EQ(node.m_pCosts[1].m_str2, "Material") << "the entry behind it stays";
     // Unparsable texts read as 0.
     RegenerateAutomaticEntries(node, "acht", "4", "60", kNow);
-    EXPECT_FLOAT_EQ(node.m_pCosts->m_fQuantity, 0.0f);
+    EXPECT_FLOAT_EQ(node.m_pCosts.front().m_fQuantity, 0.0f);
 }
 
 TEST(CostText, NormalisationFillsUpAndCutsAsTyped) {
@@ -69,7 +62,7 @@ TEST(CostText, NormalisationFillsUpAndCutsAsTyped) {
 }
 
 TEST(CostAdd, IncomeAndExpenseSetTheSign) {
-    CCostEntry* head = nullptr;
+    CCostList head;
     const CostRow income = AddCostEntry(head, Input("19.99", "3", false));
     EXPECT_EQ(income.unitPrice, "19.99");
     EXPECT_EQ(income.quantity, "3.00");
@@ -79,32 +72,30 @@ TEST(CostAdd, IncomeAndExpenseSetTheSign) {
     EXPECT_EQ(expense.unitPrice, "7.00");
     EXPECT_EQ(expense.amount, "-14.00");
     EXPECT_NEAR(CostTotal(head), 45.97f, 1e-4);
-    EXPECT_EQ(head->m_pNext->m_str1, "Anna");
+    EXPECT_EQ(head[1].m_str1, "Anna");
     // A comma cuts the number: 12,50 is 12.
     AddCostEntry(head, Input("12,50", "1", false));
-    EXPECT_FLOAT_EQ(head->m_pNext->m_pNext->m_fUnitPrice, 12.0f);
-    FreeCosts(head);
+    EXPECT_FLOAT_EQ(head[2].m_fUnitPrice, 12.0f);
 }
 
 TEST(CostAdd, RefilledRowsUseTheListFormats) {
-    CCostEntry* head = nullptr;
+    CCostList head;
     AddCostEntry(head, Input("7.123456", "2.5", false));
-    const CostRow row = MakeCostRow(*head);
+    const CostRow row = MakeCostRow(head.front());
     EXPECT_EQ(row.unitPrice, "7.12345");
     EXPECT_EQ(row.quantity, "2.5");
     EXPECT_EQ(row.amount, "17.8086");
     EXPECT_EQ(row.weekday, "MO");
     EXPECT_EQ(row.sortKey, "2024/05/06");
-    FreeCosts(head);
 }
 
 TEST(CostRemove, TheAutomaticEntryStays) {
     CProjectNode node;
     RegenerateAutomaticEntries(node, "8", "0", "50", kNow);
-    const CostInput key = CostInputOfRow(MakeCostRow(*node.m_pCosts));
+    const CostInput key = CostInputOfRow(MakeCostRow(node.m_pCosts.front()));
     EXPECT_TRUE(key.expense);
     EXPECT_EQ(RemoveFirstMatchingCost(node.m_pCosts, key), CostRemoval::Automatic);
-    EXPECT_EQ(Count(node.m_pCosts), 1);
+    EXPECT_EQ(node.m_pCosts.size(), 1u);
 }
 
 TEST(CostRemove, TheFirstMatchingEntryAfterTheAutomaticOneGoes) {
@@ -113,18 +104,18 @@ TEST(CostRemove, TheFirstMatchingEntryAfterTheAutomaticOneGoes) {
     AddCostEntry(node.m_pCosts, Input("1234.56789", "3", false, "a"));
     AddCostEntry(node.m_pCosts, Input("2", "1", false, "b"));
     AddCostEntry(node.m_pCosts, Input("1234.56789", "3", false, "a"));
-    CCostEntry* b = node.m_pCosts->m_pNext->m_pNext;
 
     // Taken back from a refilled row, whose %g texts need not read back to the stored floats.
-    const CostInput key = CostInputOfRow(MakeCostRow(*b->m_pNext));
+    const CostInput key = CostInputOfRow(MakeCostRow(node.m_pCosts[3]));
     EXPECT_FALSE(key.expense);
     EXPECT_EQ(RemoveFirstMatchingCost(node.m_pCosts, key), CostRemoval::Removed);
-    EXPECT_EQ(node.m_pCosts->m_pNext, b);
-    EXPECT_EQ(Count(node.m_pCosts), 3);
+    ASSERT_EQ(node.m_pCosts.size(), 3u);
+    EXPECT_EQ(node.m_pCosts[1].m_str2, "b") << "the first of the two equal entries went";
+    EXPECT_EQ(node.m_pCosts[2].m_str2, "a");
 
     const CostInput other = Input("1234.56789", "4", false, "a");
     EXPECT_EQ(RemoveFirstMatchingCost(node.m_pCosts, other), CostRemoval::NotFound);
-    CCostEntry* empty = nullptr;
+    CCostList empty;
     EXPECT_EQ(RemoveFirstMatchingCost(empty, key), CostRemoval::NotFound);
 }
 

@@ -14,31 +14,19 @@ HoursInput Input(int bh, int bm, int eh, int em, std::string assignee = "Anna", 
     return {kMay5, bh, bm, eh, em, std::move(assignee), std::move(remark)};
 }
 
-// Owns an hours list for one test.
-struct HoursList {
-    CHoursEntry* head = nullptr;
-    ~HoursList() { FreeHours(head); }
-    int Count() const {
-        int n = 0;
-        for (const CHoursEntry* e = head; e; e = e->m_pNext)
-            ++n;
-        return n;
-    }
-};
-
 TEST(HoursEntry, IntervalsShorterThanAMinuteAreRefused) {
-    HoursList list;
-    EXPECT_FALSE(AddHoursEntry(list.head, Input(8, 0, 8, 0)));
-    EXPECT_FALSE(AddHoursEntry(list.head, Input(9, 30, 9, 29)));
+    CHoursList list;
+    EXPECT_FALSE(AddHoursEntry(list, Input(8, 0, 8, 0)));
+    EXPECT_FALSE(AddHoursEntry(list, Input(9, 30, 9, 29)));
     // The date is not part of the comparison: a night shift over midnight cannot be booked.
-    EXPECT_FALSE(AddHoursEntry(list.head, Input(22, 0, 1, 0)));
-    EXPECT_EQ(list.head, nullptr);
+    EXPECT_FALSE(AddHoursEntry(list, Input(22, 0, 1, 0)));
+    EXPECT_TRUE(list.empty());
 }
 
 TEST(HoursEntry, OneMinuteShowsAsTwoHundredthsAndRowsCarryEveryColumn) {
-    HoursList list;
-    ASSERT_TRUE(AddHoursEntry(list.head, Input(8, 0, 8, 1, "Anna", "Aufbau")));
-    const HoursRow row = MakeHoursRow(*list.head);
+    CHoursList list;
+    ASSERT_TRUE(AddHoursEntry(list, Input(8, 0, 8, 1, "Anna", "Aufbau")));
+    const HoursRow row = MakeHoursRow(list.front());
     EXPECT_EQ(row.sortKey, "2024/05/05");
     EXPECT_EQ(row.day, "05.05.2024");
     EXPECT_EQ(row.weekday, "SO");
@@ -56,58 +44,56 @@ TEST(HoursEntry, WeekdaysRunFromSundayToSaturday) {
 }
 
 TEST(HoursEntry, NewEntriesGoToTheEndOfTheList) {
-    HoursList list;
-    ASSERT_TRUE(AddHoursEntry(list.head, Input(8, 0, 9, 0, "first")));
-    ASSERT_TRUE(AddHoursEntry(list.head, Input(7, 0, 8, 0, "second")));
-    ASSERT_EQ(list.Count(), 2);
-    EXPECT_EQ(list.head->m_str1, "first");
-    EXPECT_EQ(list.head->m_pNext->m_str1, "second");
+    CHoursList list;
+    ASSERT_TRUE(AddHoursEntry(list, Input(8, 0, 9, 0, "first")));
+    ASSERT_TRUE(AddHoursEntry(list, Input(7, 0, 8, 0, "second")));
+    ASSERT_EQ(list.size(), 2u);
+    EXPECT_EQ(list[0].m_str1, "first");
+    EXPECT_EQ(list[1].m_str1, "second");
 }
 
 TEST(HoursEntry, NeededHoursSumTheColumnAsShown) {
-    HoursList list;
-    EXPECT_EQ(NeededHoursText(list.head), "0.00");
+    CHoursList list;
+    EXPECT_EQ(NeededHoursText(list), "0.00");
     // Each minute shows as 0.02 in the list, so three of them sum to 0.06, not 0.05.
     for (int i = 0; i < 3; ++i)
-        ASSERT_TRUE(AddHoursEntry(list.head, Input(8, 0, 8, 1)));
-    EXPECT_EQ(NeededHoursText(list.head), "0.06");
-    ASSERT_TRUE(AddHoursEntry(list.head, Input(13, 15, 17, 45)));
-    EXPECT_EQ(NeededHoursText(list.head), "4.56");
+        ASSERT_TRUE(AddHoursEntry(list, Input(8, 0, 8, 1)));
+    EXPECT_EQ(NeededHoursText(list), "0.06");
+    ASSERT_TRUE(AddHoursEntry(list, Input(13, 15, 17, 45)));
+    EXPECT_EQ(NeededHoursText(list), "4.56");
 }
 
 TEST(HoursEntry, TakingBackRemovesOnlyTheFirstOfTwoIdenticalEntries) {
-    HoursList list;
-    ASSERT_TRUE(AddHoursEntry(list.head, Input(8, 0, 9, 0, "Anna", "x")));
-    ASSERT_TRUE(AddHoursEntry(list.head, Input(8, 0, 9, 0, "Anna", "y")));
-    ASSERT_TRUE(AddHoursEntry(list.head, Input(8, 0, 9, 0, "Anna", "x")));
-    CHoursEntry* second = list.head->m_pNext;
-    CHoursEntry* third = second->m_pNext;
+    CHoursList list;
+    ASSERT_TRUE(AddHoursEntry(list, Input(8, 0, 9, 0, "Anna", "x")));
+    ASSERT_TRUE(AddHoursEntry(list, Input(8, 0, 9, 0, "Anna", "y")));
+    ASSERT_TRUE(AddHoursEntry(list, Input(8, 0, 9, 0, "Anna", "x")));
 
-    const HoursInput key = HoursInputOfRow(MakeHoursRow(*third));
+    const HoursInput key = HoursInputOfRow(MakeHoursRow(list[2]));
     EXPECT_EQ(key.day, kMay5);
     EXPECT_EQ(key.beginHour, 8);
     EXPECT_EQ(key.endHour, 9);
-    ASSERT_TRUE(RemoveFirstMatchingHours(list.head, key));
-    EXPECT_EQ(list.head, second);
-    EXPECT_EQ(second->m_pNext, third);
-    EXPECT_EQ(list.Count(), 2);
+    ASSERT_TRUE(RemoveFirstMatchingHours(list, key));
+    ASSERT_EQ(list.size(), 2u);
+    EXPECT_EQ(list[0].m_str2, "y");
+    EXPECT_EQ(list[1].m_str2, "x");
 }
 
 TEST(HoursEntry, TakingBackNeedsDayTimesAndTextsToMatch) {
-    HoursList list;
-    ASSERT_TRUE(AddHoursEntry(list.head, Input(8, 0, 9, 0, "Anna", "x")));
-    HoursInput key = HoursInputOfRow(MakeHoursRow(*list.head));
+    CHoursList list;
+    ASSERT_TRUE(AddHoursEntry(list, Input(8, 0, 9, 0, "Anna", "x")));
+    HoursInput key = HoursInputOfRow(MakeHoursRow(list.front()));
     for (auto change : std::initializer_list<void (*)(HoursInput&)>{
              [](HoursInput& k) { k.day.day = 6; }, [](HoursInput& k) { k.beginMinute = 1; },
              [](HoursInput& k) { k.endHour = 10; }, [](HoursInput& k) { k.assignee = "anna"; },
              [](HoursInput& k) { k.remark = "x "; }}) {
         HoursInput other = key;
         change(other);
-        EXPECT_FALSE(RemoveFirstMatchingHours(list.head, other));
+        EXPECT_FALSE(RemoveFirstMatchingHours(list, other));
     }
-    EXPECT_EQ(list.Count(), 1);
-    EXPECT_TRUE(RemoveFirstMatchingHours(list.head, key));
-    EXPECT_EQ(list.head, nullptr);
+    EXPECT_EQ(list.size(), 1u);
+    EXPECT_TRUE(RemoveFirstMatchingHours(list, key));
+    EXPECT_TRUE(list.empty());
 }
 
 TEST(HoursEntry, DayTextsReadLikeTheListWritesThem) {
@@ -124,7 +110,7 @@ TEST(ClockOut, StoppingFirstMeansDiscardingLeavesNoEntryAndNoClock) {
     node.m_fHoursNeeded = 2.0f;
     StopClock(node); // what happens before the dialog; "Verwerfen" then books nothing
     EXPECT_FALSE(node.m_bClockedIn);
-    EXPECT_EQ(node.m_pHours, nullptr);
+    EXPECT_TRUE(node.m_pHours.empty());
     EXPECT_FLOAT_EQ(node.m_fHoursNeeded, 2.0f);
 }
 
@@ -134,10 +120,9 @@ TEST(ClockOut, BookingAddsTheDurationToTheStoredNeededHours) {
     ASSERT_TRUE(BookClockOut(node, Input(10, 0, 11, 30)));
     ASSERT_TRUE(BookClockOut(node, Input(12, 0, 12, 15)));
     EXPECT_FLOAT_EQ(node.m_fHoursNeeded, 8.75f);
-    ASSERT_NE(node.m_pHours, nullptr);
-    EXPECT_EQ(node.m_pHours->m_time2.GetHour(), 10);
-    ASSERT_NE(node.m_pHours->m_pNext, nullptr);
-    EXPECT_EQ(node.m_pHours->m_pNext->m_time2.GetHour(), 12);
+    ASSERT_EQ(node.m_pHours.size(), 2u);
+    EXPECT_EQ(node.m_pHours[0].m_time2.GetHour(), 10);
+    EXPECT_EQ(node.m_pHours[1].m_time2.GetHour(), 12);
     EXPECT_FALSE(BookClockOut(node, Input(22, 0, 1, 0)));
     EXPECT_FLOAT_EQ(node.m_fHoursNeeded, 8.75f);
 }

@@ -157,10 +157,9 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsTheListsAndStampsTheChange) {
     CProjectNode* next = node->m_pNext;
     CProjectNode* prev = node->m_pPrev;
     node->m_bSelected = 0;
-    node->m_pHours = new CHoursEntry;
+    node->m_pHours = {CHoursEntry{}};
     auto copy = CopyOf("A");
-    FreeHours(copy->m_pHours);
-    copy->m_pHours = nullptr;
+    copy->m_pHours = {};
     copy->m_strTitle = "Ge\xE4ndert";
     copy->m_bBold = 1;
     copy->m_timeReminder = CTime(99);
@@ -170,8 +169,8 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsTheListsAndStampsTheChange) {
     EXPECT_EQ(node->m_strTitle, "Ge\xE4ndert");
     EXPECT_TRUE(node->m_bBold);
     EXPECT_EQ(node->m_timeReminder, CTime(99));
-    EXPECT_EQ(node->m_pHours, nullptr);
-    EXPECT_NE(copy->m_pHours, nullptr) << "the copy now owns the old list and frees it";
+    EXPECT_TRUE(node->m_pHours.empty());
+    EXPECT_EQ(copy->m_pHours.size(), 1u) << "the copy now holds the old list";
     EXPECT_TRUE(node->m_bSelected);
     EXPECT_EQ(node->m_timeChanged, CTime(1800000000));
     EXPECT_TRUE(LinksAreSound(tree.first));

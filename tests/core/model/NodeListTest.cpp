@@ -4,6 +4,7 @@
 #include "core/model/NodeListTestTree.h"
 #include "support/ScriptedPrompter.h"
 
+#include <array>
 #include <climits>
 #include <gtest/gtest.h>
 
@@ -112,7 +113,7 @@ TEST(NodeListDelete, RemovesTheWholeSubtreeAndSelectsTheNearestVisiblePredecesso
     TestTree tree{{0, "R"}, {1, "A"}, {2, "a1"}, {3, "a11"}, {1, "B"}, {2, "b1"}, {3, "b11"}, {1, "C"}};
     tree["A"]->m_bExpanded = 0; // a1 and a11 are hidden between A and B
     RecomputeVisibility(tree.first);
-    tree["b1"]->m_pHours = new CHoursEntry; // freed with its node (the sanitizer build checks)
+    tree["b1"]->m_pHours = {CHoursEntry{}}; // freed with its node (the sanitizer build checks)
     tree.Select("B");
     ScriptedPrompter prompter;
     prompter.Answer(PromptAnswer::Yes);
@@ -155,10 +156,9 @@ TEST(NodeListDelete, WithNothingVisibleBeforeItTheFirstNodeBecomesCurrent) {
 TEST(NodeListCopy, DeepCopyIsEqualButIndependent) {
     TestTree tree{{0, "R"}, {1, "A", KIND_TASK, 5000, 9000}, {1, "B"}};
     CProjectNode* a = tree["A"];
-    a->m_pHours = new CHoursEntry{CTime(1), CTime(2), CTime(3), "Max", "Bau", nullptr};
-    a->m_pCosts = new CCostEntry{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R", nullptr};
-    a->m_pCosts->m_pNext = new CCostEntry{CTime(5), 1.0f, 1.0f, -1.0f, "K2", "R2", nullptr};
-    a->m_pCosts2 = new CCostEntry{CTime(6), 7.0f, 8.0f, 56.0f, "N", "M", nullptr};
+    a->m_pHours = {{CTime(1), CTime(2), CTime(3), "Max", "Bau"}};
+    a->m_pCosts = {{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R"}, {CTime(5), 1.0f, 1.0f, -1.0f, "K2", "R2"}};
+    a->m_pCosts2 = {{CTime(6), 7.0f, 8.0f, 56.0f, "N", "M"}};
     a->m_strNote = "{\\rtf1 Notiz}";
     a->m_bDone = 1;
     tree.Select("A");
@@ -173,28 +173,30 @@ TEST(NodeListCopy, DeepCopyIsEqualButIndependent) {
     EXPECT_EQ(copyA->m_strNote, a->m_strNote);
     EXPECT_EQ(copyA->m_timeDue, a->m_timeDue);
     EXPECT_EQ(copyA->m_bDone, 1);
-    ASSERT_TRUE(copyA->m_pHours && copyA->m_pCosts && copyA->m_pCosts->m_pNext && copyA->m_pCosts2);
-    EXPECT_EQ(copyA->m_pCosts->m_pNext->m_str1, "K2");
-    EXPECT_EQ(copyA->m_pCosts2->m_fAmount, 56.0f);
+    ASSERT_EQ((std::array{copyA->m_pHours.size(), copyA->m_pCosts.size(), copyA->m_pCosts2.size()}),
+              (std::array<size_t, 3>{1, 2, 1}));
+    EXPECT_EQ(copyA->m_pCosts[1].m_str1, "K2");
+    EXPECT_EQ(copyA->m_pCosts2.front().m_fAmount, 56.0f);
 
-    // Changing the copy leaves the original alone.
+    // Changing the copy leaves the original alone: texts and lists were shared until one changed.
     copyA->m_strTitle = "changed";
     copyA->m_strNote = "{\\rtf1 anders}";
-    copyA->m_pHours->m_str1 = "changed";
-    copyA->m_pCosts->m_pNext->m_fAmount = 99.0f;
+    copyA->m_pHours.Replace(0, {CTime(1), CTime(2), CTime(3), "changed", "Bau"});
+    copyA->m_pCosts.Erase(1);
     EXPECT_EQ(a->m_strTitle, "A");
-    EXPECT_EQ(a->m_strNote, "{\\rtf1 Notiz}") << "the notes were shared until one changed";
-    EXPECT_EQ(a->m_pHours->m_str1, "Max");
-    EXPECT_EQ(a->m_pCosts->m_pNext->m_fAmount, -1.0f);
+    EXPECT_EQ(a->m_strNote, "{\\rtf1 Notiz}");
+    EXPECT_EQ(a->m_pHours.front().m_str1, "Max");
+    ASSERT_EQ(a->m_pCosts.size(), 2u);
+    EXPECT_EQ(a->m_pCosts[1].m_fAmount, -1.0f);
     FreeNodeList(copy);
     EXPECT_EQ(DeepCopyList(nullptr), nullptr);
 }
 
 TEST(NodeListCopy, ARefreshedCopyMatchesTheListWhetherTheOldCopyWasLongerOrShorter) {
     TestTree tree{{0, "R"}, {1, "A", KIND_TASK}, {1, "B"}, {2, "C"}};
-    tree["A"]->m_pHours = new CHoursEntry{CTime(1), CTime(2), CTime(3), "Max", "Bau", nullptr};
-    tree["A"]->m_pHours->m_pNext = new CHoursEntry{CTime(4), CTime(5), CTime(6), "Eva", "Putz", nullptr};
-    tree["B"]->m_pCosts = new CCostEntry{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R", nullptr};
+    tree["A"]->m_pHours = {{CTime(1), CTime(2), CTime(3), "Max", "Bau"},
+                           {CTime(4), CTime(5), CTime(6), "Eva", "Putz"}};
+    tree["B"]->m_pCosts = {{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R"}};
     tree.Select("C");
 
     CProjectNode* copy = RefreshListCopy(nullptr, tree.first);
@@ -202,8 +204,7 @@ TEST(NodeListCopy, ARefreshedCopyMatchesTheListWhetherTheOldCopyWasLongerOrShort
 
     // The list shrinks and its entries move: the copy follows, surplus nodes and entries go.
     std::swap(tree["A"]->m_pHours, tree["B"]->m_pHours);
-    FreeCosts(tree["B"]->m_pCosts);
-    tree["B"]->m_pCosts = nullptr;
+    tree["B"]->m_pCosts = {};
     CProjectNode* c = tree["C"];
     tree["B"]->m_pNext = nullptr;
     delete c;
@@ -212,11 +213,10 @@ TEST(NodeListCopy, ARefreshedCopyMatchesTheListWhetherTheOldCopyWasLongerOrShort
     EXPECT_EQ(Outline(copy), "0:R 1:A 1:B");
     EXPECT_TRUE(LinksAreSound(copy));
     EXPECT_EQ(copy->m_strNote, tree.first->m_strNote);
-    EXPECT_EQ(copy->m_pNext->m_pHours, nullptr);
-    ASSERT_TRUE(copy->m_pNext->m_pNext->m_pHours && copy->m_pNext->m_pNext->m_pHours->m_pNext);
-    EXPECT_EQ(copy->m_pNext->m_pNext->m_pHours->m_pNext->m_str1, "Eva");
-    EXPECT_NE(copy->m_pNext->m_pNext->m_pHours, tree["B"]->m_pHours) << "entries are copied, not shared";
-    EXPECT_EQ(copy->m_pNext->m_pNext->m_pCosts, nullptr);
+    EXPECT_TRUE(copy->m_pNext->m_pHours.empty());
+    ASSERT_EQ(copy->m_pNext->m_pNext->m_pHours.size(), 2u);
+    EXPECT_EQ(copy->m_pNext->m_pNext->m_pHours[1].m_str1, "Eva");
+    EXPECT_TRUE(copy->m_pNext->m_pNext->m_pCosts.empty());
     EXPECT_EQ(Flagged(copy, &CProjectNode::m_bSelected), "");
 
     // It grows again beyond the old copy.

@@ -22,7 +22,7 @@ std::string RootTitleOf(const QString& path) {
     const auto* data = reinterpret_cast<const uint8_t*>(bytes.constData());
     if (ReadProject({data, size_t(bytes.size())}, content).status != ReadStatus::Ok)
         return "(beschädigt)";
-    return content.firstNode->m_strTitle;
+    return std::string(content.firstNode->m_strTitle);
 }
 
 // Selects the row and clicks the button of the dialog the next event loop shows.

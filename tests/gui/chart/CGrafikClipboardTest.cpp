@@ -23,7 +23,7 @@ protected:
               {1, KIND_TASK, "T"}});
     }
     void TearDown() override { NodeClipboard::Instance().Clear(); }
-    std::string Selected() { return CurrentNode(First())->m_strTitle; }
+    std::string Selected() { return std::string(CurrentNode(First())->m_strTitle); }
     QString SystemClipboard() { return QGuiApplication::clipboard()->text(); }
 };
 

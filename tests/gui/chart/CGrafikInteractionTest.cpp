@@ -19,7 +19,7 @@ protected:
               {1, KIND_TASK, "T"},
               {1, KIND_NOTE, "N"}});
     }
-    std::string Selected() { return CurrentNode(First())->m_strTitle; }
+    std::string Selected() { return std::string(CurrentNode(First())->m_strTitle); }
     // A press at from, moves through the points, and the release at the last one.
     void Drag(QPoint from, std::initializer_list<QPoint> path) {
         Press(chart, from);

@@ -62,11 +62,12 @@ TEST_F(ChartEditsTest, CutSelectsTheNearestShownPredecessor) {
 
 TEST_F(ChartEditsTest, CopiesAreDeepAndCarryNoRunningClock) {
     N("b1")->m_bClockedIn = 1;
-    N("b1")->m_pHours = new CHoursEntry{};
+    N("b1")->m_pHours = {CHoursEntry{}};
     CProjectNode* chain = CopySubtreeChain(N("B"));
     EXPECT_EQ(OutlineText(chain), "B\n\tb1");
     EXPECT_EQ(chain->m_pNext->m_bClockedIn, 0);
-    EXPECT_NE(chain->m_pNext->m_pHours, N("b1")->m_pHours);
+    chain->m_pNext->m_pHours.Erase(0);
+    EXPECT_EQ(N("b1")->m_pHours.size(), 1u) << "the copy's entries are its own";
     EXPECT_EQ(N("b1")->m_bClockedIn, 1) << "the original keeps running";
     // Pasted before the head, the chain's first node becomes the new head at level 0.
     PasteChainBefore(first, first, chain);

@@ -48,7 +48,7 @@ TEST_F(ClockOutFixture, DiscardingStopsTheClockWithoutAnEntry) {
     });
     EXPECT_FALSE(ClockOutNodeOfDocument(nullptr, doc, *task, prompter));
     EXPECT_FALSE(task->m_bClockedIn);
-    EXPECT_EQ(task->m_pHours, nullptr);
+    EXPECT_TRUE(task->m_pHours.empty());
     EXPECT_FALSE(doc.IsModified());
 }
 
@@ -66,8 +66,8 @@ TEST_F(ClockOutFixture, AnAcceptedEntryAddsItsHoursAndTheTexts) {
     });
     EXPECT_TRUE(ClockOutNodeOfDocument(nullptr, doc, *task, prompter));
     EXPECT_FLOAT_EQ(task->m_fHoursNeeded, 2.5f) << "added to the stored value";
-    ASSERT_NE(task->m_pHours, nullptr);
-    EXPECT_EQ(task->m_pHours->m_str1, "Bert");
+    ASSERT_FALSE(task->m_pHours.empty());
+    EXPECT_EQ(task->m_pHours.front().m_str1, "Bert");
     EXPECT_EQ(doc.m_strAssigneeHistory[0], "Bert");
     EXPECT_TRUE(doc.IsModified());
 }
@@ -82,7 +82,7 @@ TEST_F(ClockOutFixture, ClosingWithARunningClockClocksOutAndStaysOpen) {
     });
     EXPECT_FALSE(doc.OnCloseDocument());
     EXPECT_TRUE(doc.IsModified());
-    EXPECT_NE(task->m_pHours, nullptr);
+    EXPECT_FALSE(task->m_pHours.empty());
 }
 
 TEST_F(ClockOutFixture, TheNodeDialogHandsBackHistoriesOnlyOnOk) {

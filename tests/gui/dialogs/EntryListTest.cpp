@@ -68,8 +68,8 @@ TEST_F(EntryList, HoursFillTheListNewestDayFirstAndSetTheNeededHours) {
     EXPECT_EQ(Get<QLineEdit>("needed")->text(), "1.52");
     ClickOk(*dialog);
     EXPECT_NEAR(task.m_fHoursNeeded, 1.52f, 1e-6);
-    ASSERT_NE(task.m_pHours, nullptr);
-    EXPECT_EQ(task.m_pHours->m_str1, "Anna") << "entries are kept in the order they were added";
+    ASSERT_FALSE(task.m_pHours.empty());
+    EXPECT_EQ(task.m_pHours.front().m_str1, "Anna") << "entries are kept in the order they were added";
 }
 
 TEST_F(EntryList, EmptyOrBackwardIntervalsAreRefused) {

@@ -133,7 +133,7 @@ TEST_F(NodeDialog, CancelChangesNothingAndEveryOkStampsTheChange) {
     Find<CStepEdit>(*cancelled, "planned")->SetText("5");
     ClickCancel(*cancelled);
     EXPECT_EQ(task.m_strTitle, "T");
-    EXPECT_EQ(task.m_pCosts, nullptr) << "not even the automatic cost entries";
+    EXPECT_TRUE(task.m_pCosts.empty()) << "not even the automatic cost entries";
     EXPECT_EQ(task.m_timeChanged, CTime(1000));
 
     const CTime before = CTime::GetCurrentTime();

@@ -55,7 +55,7 @@ protected:
     bool Run(int id) { return m_view->OnCommand(id); }
     void Select(const std::string& title) { SelectOnly(doc.m_pFirstNode, Find(doc.m_pFirstNode, title)); }
     CProjectNode* Node(const std::string& title) { return Find(doc.m_pFirstNode, title); }
-    std::string Selected() { return CurrentNode(doc.m_pFirstNode)->m_strTitle; }
+    std::string Selected() { return std::string(CurrentNode(doc.m_pFirstNode)->m_strTitle); }
     std::string Outline() { return charttest::Outline(doc.m_pFirstNode); }
 
     ScriptedPrompter prompter;
@@ -253,7 +253,7 @@ TEST_F(ViewCommands, ClosingTheProjectClocksOutThroughTheViewsDialogFirst) {
     });
     EXPECT_FALSE(doc.OnCloseDocument()) << "stays open so that the new hours can be saved";
     EXPECT_FALSE(Node("t2")->m_bClockedIn);
-    ASSERT_NE(Node("t2")->m_pHours, nullptr);
+    ASSERT_FALSE(Node("t2")->m_pHours.empty());
     EXPECT_TRUE(doc.IsModified());
     EXPECT_TRUE(doc.OnCloseDocument()) << "no clock runs any more";
 }
