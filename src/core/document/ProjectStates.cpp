@@ -1,12 +1,11 @@
 #include "document/ProjectStates.h"
 
 #include "document/LockFile.h"
-#include "document/ProjectFile.h"
+#include "document/ProjectReading.h"
 #include "io/SafeWrite.h"
 #include "model/NodeList.h"
 
 #include <algorithm>
-#include <fcntl.h>
 
 namespace {
 
@@ -22,19 +21,10 @@ void MarkDamaged(ProjectState& state, std::string why) {
 // Reads the file through the streaming reader, so that even a large backup is never held whole,
 // and keeps only what the list shows; the nodes go as soon as they are counted.
 void Describe(FileSystem& fs, ProjectState& state) {
-    const int fd = fs.Open(state.path, O_RDONLY);
-    if (fd < 0)
-        return MarkDamaged(state, CannotOpen(state.path, fd));
     ProjectContent content;
     ReadResult result;
-    const int64_t size = fs.FileSize(fd);
-    if (size >= 0)
-        result = ReadProject(
-            uint64_t(size),
-            [&](uint8_t* buffer, size_t count) { return int64_t(fs.Read(fd, buffer, count)); }, content);
-    fs.Close(fd);
-    if (size < 0)
-        return MarkDamaged(state, CannotOpen(state.path, int(size)));
+    if (const int opened = ReadProjectFile(fs, state.path, content, result); opened < 0)
+        return MarkDamaged(state, CannotOpen(state.path, opened));
     // A wrong format reads as the one-node replacement document: nothing worth restoring.
     if (result.status != ReadStatus::Ok)
         return MarkDamaged(state, result.Message(state.path));
