@@ -2,8 +2,11 @@
 // 100 MB, read from and written to a file on disk. Two ways each: streamed (the file passes through
 // a small buffer) and whole (the file's bytes held in one buffer, as a caller of the span reader
 // does). Peak memory and the first load of a fresh process are measured in child processes (this
-// binary started again), so that nothing the benchmark itself holds is counted.
+// binary started again), so that nothing the benchmark itself holds is counted. Three more files of
+// about 55 MB take the memory per byte of the file to its worst: one of hours entries, one of cost
+// entries (all texts empty), and one of nodes with empty texts and no entries.
 #include "document/ProjectFile.h"
+#include "model/NodeList.h"
 
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -26,6 +29,8 @@ namespace fs = std::filesystem;
 constexpr int kNodeCount = 100000;
 constexpr const char* kChildVariable = "VELTO_BENCH_CHILD"; // "<operation> <file>"
 
+enum class Shape { Notes, Hours, Costs, MinimalNodes };
+
 std::string NoteFor(int index) {
     std::string note =
         "{\\rtf1\\ansi\\deff0\\deftab720{\\fonttbl{\\f0\\fswiss MS Sans Serif;}{\\f1\\froman\\fcharset2 "
@@ -37,37 +42,105 @@ std::string NoteFor(int index) {
     return note + "}";
 }
 
-CCostEntry* Cost(CTime day, float price, float quantity, const char* remark) {
-    return new CCostEntry{day, price, quantity, -price * quantity, "", remark, nullptr};
+CCostEntry Cost(CTime day, float price, float quantity, const char* remark) {
+    return {day, price, quantity, -price * quantity, "", remark};
 }
 
 // Every tenth node a project node, the others tasks with a note, two hours entries and the
 // automatic entry of each cost list.
-ProjectContent GenerateProject() {
+void FillNoteHeavy(CProjectNode& node, int i) {
+    node.m_nKind = i % 10 == 0 ? KIND_PROJECT : KIND_TASK;
+    node.m_nLevel = i == 0 ? 0 : (i % 10 == 0 ? 1 : 2);
+    node.m_strTitle = "Aufgabe " + std::to_string(i);
+    node.m_strNote = NoteFor(i);
+    node.m_strResponsible = "Max Mustermann \xAB\xBB MM";
+    node.m_fHourlyRate = 85.0f;
+    node.m_fHoursPlanned = float(i % 40);
+    const CTime day(1795000000 + uint32_t(i % 60) * 86400);
+    node.m_pHours = {{day, day + 8 * 3600, day + 12 * 3600, "MM", "Entwurf"},
+                     {day, day + 13 * 3600, day + 17 * 3600, "MM", "Abnahme"}};
+    node.m_pCosts = {Cost(day, 85.0f, node.m_fHoursPlanned, "Kalkulierte Stunden")};
+    node.m_pCosts2 = {Cost(day, 85.0f, 8.0f, "Ben\xF6tigte Stunden")};
+}
+
+// Entries of 14 bytes (hours) or 18 bytes (costs) in the file, the smallest there are.
+template <class Entry> EntryList<Entry> EmptyTextEntries(int count, const Entry& entry) {
+    typename EntryList<Entry>::Builder builder{size_t(count)};
+    for (int i = 0; i < count; ++i)
+        builder.Add(entry);
+    return builder.Finish();
+}
+
+// Nodes with empty texts: 133 bytes each in the file, the smallest node there is.
+void MakeMinimal(CProjectNode& node, int i) {
+    node.m_nLevel = i == 0 ? 0 : 1;
+    node.m_strTitle = "";
+    node.m_strFontName = "";
+}
+
+struct ShapeSize {
+    int nodes;
+    int entriesPerNode;
+};
+
+ShapeSize SizeOf(Shape shape) {
+    switch (shape) {
+    case Shape::Notes:
+        return {kNodeCount, 0};
+    case Shape::Hours:
+        return {1000, 4000}; // 56 MB
+    case Shape::Costs:
+        return {1000, 1500}; // in each cost list, 54 MB
+    case Shape::MinimalNodes:
+        break;
+    }
+    return {400000, 0}; // 53 MB
+}
+
+void Fill(CProjectNode& node, int i, Shape shape) {
+    if (shape == Shape::Notes)
+        return FillNoteHeavy(node, i);
+    MakeMinimal(node, i);
+    const CTime day(1795000000);
+    const int entries = SizeOf(shape).entriesPerNode;
+    if (shape == Shape::Hours) {
+        node.m_pHours = EmptyTextEntries(entries, CHoursEntry{day, day + 3600, day + 7200, "", ""});
+    } else if (shape == Shape::Costs) {
+        node.m_pCosts = EmptyTextEntries(entries, CCostEntry{day, 85.0f, 8.0f, -680.0f, "", ""});
+        node.m_pCosts2 = node.m_pCosts;
+    }
+}
+
+ProjectContent GenerateProject(Shape shape) {
     ProjectContent content;
     const NodeDefaults defaults{CTime(1795000000), CTime(1795000000), CTime(1795080000)};
     CProjectNode* last = nullptr;
-    for (int i = 0; i < kNodeCount; ++i) {
+    for (int i = 0; i < SizeOf(shape).nodes; ++i) {
         auto* node = new CProjectNode(defaults);
-        node->m_nKind = i % 10 == 0 ? KIND_PROJECT : KIND_TASK;
-        node->m_nLevel = i == 0 ? 0 : (i % 10 == 0 ? 1 : 2);
+        Fill(*node, i, shape);
         node->m_bSelected = i == 0;
-        node->m_strTitle = "Aufgabe " + std::to_string(i);
-        node->m_strNote = NoteFor(i);
-        node->m_strResponsible = "Max Mustermann \xAB\xBB MM";
-        node->m_fHourlyRate = 85.0f;
-        node->m_fHoursPlanned = float(i % 40);
-        const CTime day(1795000000 + uint32_t(i % 60) * 86400);
-        node->m_pHours = new CHoursEntry{day, day + 8 * 3600, day + 12 * 3600, "MM", "Entwurf", nullptr};
-        node->m_pHours->m_pNext =
-            new CHoursEntry{day, day + 13 * 3600, day + 17 * 3600, "MM", "Abnahme", nullptr};
-        node->m_pCosts = Cost(day, 85.0f, node->m_fHoursPlanned, "Kalkulierte Stunden");
-        node->m_pCosts2 = Cost(day, 85.0f, 8.0f, "Ben\xF6tigte Stunden");
         node->m_pPrev = last;
         (last ? last->m_pNext : content.firstNode) = node;
         last = node;
     }
     return content;
+}
+
+// Registers name/<shape> for every shape; iterations 0 leaves the count to the library.
+int RegisterPerShape(const char* name, void (*function)(benchmark::State&, Shape), int iterations) {
+    const std::pair<Shape, const char*> shapes[] = {{Shape::Notes, "notes"},
+                                                    {Shape::Hours, "hours"},
+                                                    {Shape::Costs, "costs"},
+                                                    {Shape::MinimalNodes, "minimal_nodes"}};
+    for (const auto& [shape, label] : shapes) {
+        auto* registered =
+            benchmark::RegisterBenchmark((std::string(name) + "/" + label).c_str(), function, shape)
+                ->Unit(benchmark::kMillisecond)
+                ->UseRealTime();
+        if (iterations)
+            registered->Iterations(iterations);
+    }
+    return 0;
 }
 
 int64_t ReadSome(int fd, uint8_t* buffer, size_t size) {
@@ -131,28 +204,43 @@ bool SaveWhole(const std::string& path, const ProjectContent& content) {
     return SaveVia(path, [&](int fd) { return WriteAll(fd, WriteProject(content)); });
 }
 
-// The generated project on disk, made once and removed when the benchmarks end.
+// The generated projects on disk, each made when first needed and removed when the benchmarks end.
 class ProjectOnDisk {
 public:
-    static const ProjectOnDisk& Get() {
-        static const ProjectOnDisk instance;
-        return instance;
+    static const ProjectOnDisk& Get(Shape shape = Shape::Notes) {
+        static const ProjectOnDisk notes(Shape::Notes);
+        static const ProjectOnDisk hours(Shape::Hours);
+        static const ProjectOnDisk costs(Shape::Costs);
+        static const ProjectOnDisk minimal(Shape::MinimalNodes);
+        switch (shape) {
+        case Shape::Notes:
+            return notes;
+        case Shape::Hours:
+            return hours;
+        case Shape::Costs:
+            return costs;
+        case Shape::MinimalNodes:
+            break;
+        }
+        return minimal;
     }
     ~ProjectOnDisk() { fs::remove(path); }
     std::string path;
     uint64_t size = 0;
 
 private:
-    ProjectOnDisk()
-        : path((fs::temp_directory_path() / ("velto-bench-" + std::to_string(getpid()) + ".VT5")).string()) {
-        const ProjectContent content = GenerateProject();
-        SaveWhole(path, content);
+    explicit ProjectOnDisk(Shape shape)
+        : path((fs::temp_directory_path() /
+                ("velto-bench-" + std::to_string(getpid()) + "-" + std::to_string(int(shape)) + ".VT5"))
+                   .string()) {
+        const ProjectContent content = GenerateProject(shape);
+        SaveStreamed(path, content);
         size = fs::file_size(path);
     }
 };
 
-template <class Load> void RunLoad(benchmark::State& state, Load load) {
-    const ProjectOnDisk& file = ProjectOnDisk::Get();
+template <class Load> void RunLoad(benchmark::State& state, Load load, Shape shape = Shape::Notes) {
+    const ProjectOnDisk& file = ProjectOnDisk::Get(shape);
     for (auto _ : state) {
         ProjectContent content;
         if (load(file.path, content) != ReadStatus::Ok)
@@ -177,8 +265,8 @@ template <class Save> void RunSave(benchmark::State& state, Save save) {
     state.SetBytesProcessed(int64_t(state.iterations() * file.size));
 }
 
-void BM_ProjectFileLoadStreamed(benchmark::State& state) {
-    RunLoad(state, LoadStreamed);
+void BM_ProjectFileLoadStreamed(benchmark::State& state, Shape shape) {
+    RunLoad(state, LoadStreamed, shape);
 }
 void BM_ProjectFileLoadWhole(benchmark::State& state) {
     RunLoad(state, LoadWhole);
@@ -189,7 +277,7 @@ void BM_ProjectFileSaveStreamed(benchmark::State& state) {
 void BM_ProjectFileSaveWhole(benchmark::State& state) {
     RunSave(state, SaveWhole);
 }
-BENCHMARK(BM_ProjectFileLoadStreamed)->Unit(benchmark::kMillisecond)->UseRealTime();
+const int kLoadPerShape = RegisterPerShape("BM_ProjectFileLoadStreamed", BM_ProjectFileLoadStreamed, 0);
 BENCHMARK(BM_ProjectFileLoadWhole)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_ProjectFileSaveStreamed)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_ProjectFileSaveWhole)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -215,11 +303,11 @@ double CpuMilliseconds() {
 }
 
 // Starts this binary again to run one operation (load-streamed, load-whole, save-streamed,
-// save-whole) in a fresh process. The child reports its peak resident size above its size at the
-// start, and how long the operation took (wall clock and processor time): the first load of a
+// save-whole, copy) in a fresh process. The child reports its peak resident size above its size at
+// the start, and how long the operation took (wall clock and processor time): the first load of a
 // process also pays for every page of memory it touches for the first time.
-void RunInChild(benchmark::State& state, const char* operation) {
-    const ProjectOnDisk& file = ProjectOnDisk::Get();
+void RunInChild(benchmark::State& state, const char* operation, Shape shape = Shape::Notes) {
+    const ProjectOnDisk& file = ProjectOnDisk::Get(shape);
     const std::string self = fs::read_symlink("/proc/self/exe").string();
     long peakKilobytes = 0;
     double milliseconds = 0, cpuMilliseconds = 0;
@@ -238,8 +326,12 @@ void RunInChild(benchmark::State& state, const char* operation) {
     state.counters["fresh_process_cpu_ms"] = cpuMilliseconds;
 }
 
-void BM_ProjectFileFreshLoadStreamed(benchmark::State& state) {
-    RunInChild(state, "load-streamed");
+void BM_ProjectFileFreshLoadStreamed(benchmark::State& state, Shape shape) {
+    RunInChild(state, "load-streamed", shape);
+}
+// The undo copy of a loaded project: its memory above the loaded project, per byte of the file.
+void BM_ProjectFileFreshUndoCopy(benchmark::State& state, Shape shape) {
+    RunInChild(state, "copy", shape);
 }
 void BM_ProjectFileFreshLoadWhole(benchmark::State& state) {
     RunInChild(state, "load-whole");
@@ -250,7 +342,9 @@ void BM_ProjectFileFreshSaveStreamed(benchmark::State& state) {
 void BM_ProjectFileFreshSaveWhole(benchmark::State& state) {
     RunInChild(state, "save-whole");
 }
-BENCHMARK(BM_ProjectFileFreshLoadStreamed)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+const int kFreshPerShape =
+    (RegisterPerShape("BM_ProjectFileFreshLoadStreamed", BM_ProjectFileFreshLoadStreamed, 1),
+     RegisterPerShape("BM_ProjectFileFreshUndoCopy", BM_ProjectFileFreshUndoCopy, 1), 0);
 BENCHMARK(BM_ProjectFileFreshLoadWhole)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 BENCHMARK(BM_ProjectFileFreshSaveStreamed)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 BENCHMARK(BM_ProjectFileFreshSaveWhole)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
@@ -267,13 +361,21 @@ struct FreshProcessChild {
         ProjectContent content;
         auto start = std::chrono::steady_clock::now();
         double cpuAtStart = CpuMilliseconds();
-        if (operation.starts_with("save")) {
+        // A save counts from the start (the loaded project included), a copy from the loaded project.
+        long countFrom = atStart;
+        if (operation.starts_with("save") || operation == "copy") {
             LoadStreamed(path, content);
             // Lowers the peak to what is resident now (the loaded project), so that the save's own
             // peak shows even when it stays below the load's.
             std::ofstream("/proc/self/clear_refs") << "5";
+            if (operation == "copy")
+                countFrom = PeakKilobytes();
             start = std::chrono::steady_clock::now();
             cpuAtStart = CpuMilliseconds();
+        }
+        if (operation == "copy") {
+            FreeNodeList(DeepCopyList(content.firstNode));
+        } else if (operation.starts_with("save")) {
             const std::string target = path + ".child";
             (operation == "save-streamed" ? SaveStreamed : SaveWhole)(target, content);
             std::remove(target.c_str());
@@ -281,7 +383,7 @@ struct FreshProcessChild {
             (operation == "load-streamed" ? LoadStreamed : LoadWhole)(path, content);
         }
         const double milliseconds = MillisecondsSince(start);
-        std::printf("%ld %.1f %.1f\n", PeakKilobytes() - atStart, milliseconds,
+        std::printf("%ld %.1f %.1f\n", PeakKilobytes() - countFrom, milliseconds,
                     CpuMilliseconds() - cpuAtStart);
         std::fflush(stdout);
         _exit(0);
