@@ -12,6 +12,7 @@
 #include "view/CVeltoView.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 
 DocumentCommands::DocumentCommands(CChildFrame& child, Desktop& desktop, RecentFileList& recent)
     : m_child(child), m_desktop(desktop), m_recent(recent) {}
@@ -98,8 +99,12 @@ void DocumentCommands::ChooseBackup() {
         return;
     CVeltoDoc& doc = m_child.GetDocument();
     PosixFileSystem fs;
+    // Each state is read whole: five backups of a large project take about a second.
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    std::vector<ProjectState> states = ListProjectStates(fs, doc.GetPathName());
+    QGuiApplication::restoreOverrideCursor();
     const QString path = FromCorePath(doc.GetPathName());
-    CRestoreDlg dialog(ListProjectStates(fs, doc.GetPathName()), QFileInfo(path).fileName(), !doc.m_bReadOnly,
+    CRestoreDlg dialog(std::move(states), QFileInfo(path).fileName(), !doc.m_bReadOnly,
                        m_desktop.GetPrompter(), &m_child);
     if (dialog.exec() != QDialog::Accepted)
         return;
