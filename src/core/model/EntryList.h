@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <atomic>
 #include <bit>
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -180,6 +181,7 @@ public:
     bool Add(const Entry& entry) {
         if (!m_block)
             Allocate();
+        assert(m_block->count < m_room);
         Words::Pack(entry, Records(m_block)[m_block->count].words);
         if (!Store(0, entry.m_str1) || !Store(1, entry.m_str2))
             return false;
