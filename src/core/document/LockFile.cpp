@@ -107,7 +107,9 @@ int ReadLockOwner(FileSystem& fs, const std::string& lockPath, LockOwner& owner)
     FileStatus status;
     if (fs.StatusOf(fd, status) == 0)
         owner.written = status.modified;
-    owner.held = fs.IsLockedByOther(fd) == 1;
+    // Where the file system cannot tell (a share without a lock manager), the lock counts as live:
+    // calling it left over would invite a second writer.
+    owner.held = fs.IsLockedByOther(fd) != 0;
     fs.Close(fd);
     if (read < 0)
         return int(read);

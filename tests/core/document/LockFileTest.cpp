@@ -86,6 +86,23 @@ TEST_F(LockOwnerTest, AHeldLockIsLiveAndOnlyItsHolderRemovesIt) {
     EXPECT_FALSE(Exists(lock));
 }
 
+// A share without a lock manager: no advisory locks at all.
+class NoLockFileSystem : public PosixFileSystem {
+public:
+    int TryLock(int) override { return -ENOLCK; }
+    int IsLockedByOther(int) override { return -ENOLCK; }
+};
+
+TEST_F(LockOwnerTest, WithoutAdvisoryLocksTheLockFileStillWorksAndNeverLooksLeftOver) {
+    NoLockFileSystem share;
+    ProjectLock held(share);
+    ASSERT_EQ(held.Create(lock, OwnLockRecord("Anna")), 0);
+    LockOwner owner;
+    ASSERT_EQ(ReadLockOwner(share, lock, owner), 0);
+    EXPECT_EQ(owner.user, "Anna");
+    EXPECT_FALSE(owner.IsLeftOver());
+}
+
 // Hands out at most a few bytes per call, as pipes and network file systems may.
 class TrickleFileSystem : public PosixFileSystem {
 public:
