@@ -1,7 +1,7 @@
 // velto: the desktop program. Everything but the command line lives in the velto_gui library.
 #include "app/CVeltoApp.h"
 #include "app/CommandLine.h"
-#include "app/QtDesktop.h"
+#include "base/QtDesktop.h"
 
 #include <QApplication>
 

@@ -1,8 +1,8 @@
 #pragma once
 // What the GUI benchmarks share: a prompter that says yes to everything and a project of every
 // node kind.
+#include "common/Prompter.h"
 #include "document/CVeltoDoc.h"
-#include "document/Prompter.h"
 
 #include <string>
 

@@ -1,10 +1,10 @@
 // Node commands as the user runs them on a project of 100,000 nodes with notes, hours and costs:
 // each one from the menu command to the redrawn chart, the undo copy included.
 #include "BenchProject.h"
-#include "app/CommandIds.h"
-#include "app/ShellState.h"
-#include "chart/NodeClipboard.h"
+#include "base/CommandIds.h"
+#include "base/ShellState.h"
 #include "model/NodeList.h"
+#include "outline/NodeClipboard.h"
 #include "view/CVeltoView.h"
 
 #include <QCoreApplication>

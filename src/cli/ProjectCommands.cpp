@@ -1,6 +1,7 @@
 #include "ProjectCommands.h"
 
 #include "CliFiles.h"
+#include "ExitStatus.h"
 #include "ProjectJson.h"
 #include "document/ProjectFile.h"
 #include "model/ProjectNode.h"

@@ -1,11 +1,31 @@
 #include "RtfCommands.h"
 
-#include "text/RtfFileCommands.h"
+#include "CliFiles.h"
+#include "ExitStatus.h"
+#include "text/RtfReader.h"
+#include "text/RtfWriter.h"
+
+namespace {
+
+template <typename Transform>
+int PrintTransformed(const std::string& path, std::ostream& out, std::ostream& err, Transform transform) {
+    std::string bytes, error;
+    if (!ReadInput(path, bytes, error)) {
+        err << error << '\n';
+        return kExitFileError;
+    }
+    out << transform(bytes);
+    return kExitOk;
+}
+
+} // namespace
 
 int RunRtfText(const std::string& path, std::ostream& out, std::ostream& err) {
-    return rtf::PrintPlainText(path, out, err);
+    return PrintTransformed(path, out, err,
+                            [](const std::string& rtf) { return rtf::PlainText(rtf) + "\n"; });
 }
 
 int RunRtfRewrite(const std::string& path, std::ostream& out, std::ostream& err) {
-    return rtf::PrintRewritten(path, out, err);
+    return PrintTransformed(path, out, err,
+                            [](const std::string& rtf) { return rtf::WriteRtf(rtf::ReadRtf(rtf)); });
 }

@@ -313,3 +313,20 @@ TEST_F(CliTest, SampleProjectJsonBuildsTheCommittedFile) {
     EXPECT_EQ(dump.status, 0);
     EXPECT_EQ(dump.out, ReadText(examples / "Beispielprojekt.json"));
 }
+
+TEST_F(CliTest, RtfTextAndRewriteReadTheNoteAsTheProgramDoes) {
+    WriteText(Path("n.rtf"), "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Gr\\'fc\\'dfe\\par \\b Welt}");
+    const CliRun text = Run({"rtf-text", Path("n.rtf")});
+    EXPECT_EQ(std::tuple(text.status, text.out, text.err), std::tuple(0, "Grüße\nWelt\n", ""));
+    const CliRun rewritten = Run({"rtf-rewrite", Path("n.rtf")});
+    EXPECT_EQ(rewritten.status, 0);
+    EXPECT_EQ(rewritten.out.rfind("{\\rtf1\\ansi\\ansicpg1252", 0), 0u);
+
+    for (const std::string& command : {"rtf-text", "rtf-rewrite"}) {
+        const CliRun missing = Run({command, Path("fehlt.rtf")});
+        EXPECT_EQ(std::tuple(missing.status, missing.out), std::tuple(2, ""));
+        EXPECT_NE(missing.err.find("kann nicht gelesen werden: Datei oder Ordner nicht gefunden."),
+                  std::string::npos);
+        EXPECT_NE(Run({command, m_dir.string()}).err.find("ist ein Ordner"), std::string::npos);
+    }
+}

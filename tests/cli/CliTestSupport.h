@@ -1,21 +1,19 @@
 #pragma once
-// Runs the built velto-cli in a temporary folder and collects its exit status and output.
+// Runs velto-cli's command line in-process in a temporary folder and collects its exit status and
+// output.
+#include "CliCommands.h"
 #include "document/ProjectFile.h"
 #include "support/TestEnvironment.h"
 
 #include <algorithm>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <spawn.h>
+#include <sstream>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
-
-extern char** environ;
 
 namespace clitest {
 
@@ -58,32 +56,11 @@ protected:
     fs::path Path(const std::string& name) const { return m_dir / name; }
 
     CliRun Run(const std::vector<std::string>& arguments) const {
-        const std::string cli = testenv::CliPath();
-        std::vector<std::string> words{cli};
-        words.insert(words.end(), arguments.begin(), arguments.end());
-        std::vector<char*> argv;
-        for (std::string& word : words)
-            argv.push_back(word.data());
-        argv.push_back(nullptr);
-
-        const std::string outFile = (m_dir / ".stdout").string();
-        const std::string errFile = (m_dir / ".stderr").string();
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        pid_t pid = 0;
+        std::ostringstream out, err;
         CliRun run;
-        const int spawned = posix_spawn(&pid, cli.c_str(), &actions, nullptr, argv.data(), environ);
-        posix_spawn_file_actions_destroy(&actions);
-        EXPECT_EQ(spawned, 0) << "cannot start " << cli;
-        int status = 0;
-        if (spawned == 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status))
-            run.status = WEXITSTATUS(status);
-        run.out = ReadText(outFile);
-        run.err = ReadText(errFile);
-        fs::remove(outFile);
-        fs::remove(errFile);
+        run.status = RunCommandLine(arguments, out, err);
+        run.out = out.str();
+        run.err = err.str();
         return run;
     }
 

@@ -1,6 +1,6 @@
 #pragma once
 // A Prompter for tests: answers from a script and records every question it was asked.
-#include "document/Prompter.h"
+#include "common/Prompter.h"
 
 #include <deque>
 #include <string>

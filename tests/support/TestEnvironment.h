@@ -23,11 +23,5 @@ inline std::string SharedDir() {
     return FromEnvOr("VELTO_SHARED_DIR", VELTO_SHARED_DIR_DEFAULT);
 }
 #endif
-#ifdef VELTO_CLI_DEFAULT
-// The velto-cli executable under test; override with $VELTO_CLI.
-inline std::string CliPath() {
-    return FromEnvOr("VELTO_CLI", VELTO_CLI_DEFAULT);
-}
-#endif
 
 } // namespace testenv

@@ -1,8 +1,8 @@
 #include "document/CVeltoDoc.h"
 
+#include "common/Prompter.h"
 #include "document/LoginName.h"
 #include "document/ProjectReading.h"
-#include "document/Prompter.h"
 #include "document/SafeSave.h"
 #include "io/FileSystem.h"
 #include "model/CTime.h"

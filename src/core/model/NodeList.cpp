@@ -1,6 +1,6 @@
 #include "model/NodeList.h"
 
-#include "document/Prompter.h"
+#include "common/Prompter.h"
 #include "model/Cp1252.h"
 
 #include <algorithm>

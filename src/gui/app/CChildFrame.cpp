@@ -1,9 +1,9 @@
 #include "app/CChildFrame.h"
 
 #include "app/CMainFrame.h"
-#include "app/Icons.h"
-#include "app/ProjectFiles.h"
 #include "app/WindowPlacement.h"
+#include "base/Icons.h"
+#include "base/ProjectFiles.h"
 #include "document/ProjectFile.h"
 #include "view/CVeltoView.h"
 

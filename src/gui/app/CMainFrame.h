@@ -2,10 +2,10 @@
 // The main window: the project windows in an MDI area, the menu sets and toolbars of the timeline and
 // the mind map, the status bar with the node info line, the window placement kept in the settings,
 // and the commands that work without a project (new, open, recent files, converter, manual).
-#include "app/CommandRouter.h"
-#include "app/CommandTarget.h"
 #include "app/MainMenus.h"
-#include "app/ShellState.h"
+#include "base/CommandRouter.h"
+#include "base/CommandTarget.h"
+#include "base/ShellState.h"
 
 #include <QList>
 #include <QMainWindow>

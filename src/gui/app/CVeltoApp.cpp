@@ -1,12 +1,12 @@
 #include "app/CVeltoApp.h"
 
 #include "app/CMainFrame.h"
-#include "app/CommandIds.h"
-#include "app/Desktop.h"
+#include "base/CommandIds.h"
+#include "base/Desktop.h"
+#include "common/Prompter.h"
 #include "dialogs/CHolidayDlg.h"
 #include "dialogs/CSettingsDlg.h"
 #include "dialogs/NodeDialogs.h"
-#include "document/Prompter.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,7 @@
 // The application: the settings, the recent-file list and the main window, and the start-up that
 // opens the projects named in the settings and on the command line.
 #include "app/RecentFileList.h"
-#include "app/Settings.h"
+#include "base/Settings.h"
 
 #include <QStringList>
 

@@ -1,14 +1,14 @@
 #include "app/DocumentCommands.h"
 
 #include "app/CChildFrame.h"
-#include "app/CommandIds.h"
-#include "app/Desktop.h"
-#include "app/ProjectFiles.h"
 #include "app/RecentFileList.h"
+#include "base/CommandIds.h"
+#include "base/Desktop.h"
+#include "base/ProjectFiles.h"
 #include "chart/CGrafik.h"
+#include "common/Prompter.h"
 #include "dialogs/CRestoreDlg.h"
 #include "document/ProjectStates.h"
-#include "document/Prompter.h"
 #include "view/CVeltoView.h"
 
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #pragma once
 // The commands of an open project's document: save, save as, close and the restore of a backup, and
 // the question whether a modified project is to be saved before it closes.
-#include "app/CommandTarget.h"
+#include "base/CommandTarget.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "app/MainMenus.h"
 
-#include "app/ActionSet.h"
-#include "app/CommandIds.h"
+#include "base/ActionSet.h"
+#include "base/CommandIds.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,11 +1,11 @@
 #include "chart/CGrafik.h"
 
-#include "chart/ChartEdits.h"
 #include "chart/ChartText.h"
-#include "chart/NodeClipboard.h"
 #include "chart/TimelinePainter.h"
-#include "document/Prompter.h"
+#include "common/Prompter.h"
 #include "model/NodeList.h"
+#include "outline/ChartEdits.h"
+#include "outline/NodeClipboard.h"
 
 #include <QApplication>
 #include <QClipboard>

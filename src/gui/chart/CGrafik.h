@@ -1,11 +1,11 @@
 #pragma once
 // The chart window of a project: draws the timeline of the host's document into a back buffer,
 // and handles selection, editing, divider and node drags, scrolling and the node clipboard.
-#include "chart/ChartCalendar.h"
 #include "chart/ChartHost.h"
 #include "chart/ChartLayout.h"
-#include "chart/ChartRows.h"
 #include "document/CVeltoDoc.h"
+#include "outline/ChartCalendar.h"
+#include "outline/ChartRows.h"
 
 #include <QPixmap>
 #include <QPointer>

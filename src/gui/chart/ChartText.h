@@ -3,7 +3,7 @@
 // to QString at the boundary.
 #include "model/ProjectNode.h"
 
-#include "app/Cp1252Text.h"
+#include "base/Cp1252Text.h"
 
 #include <QString>
 

@@ -1,11 +1,11 @@
 #pragma once
 // Paints the timeline into any QPainter: the back buffer of the chart window, a printer page or a
 // test image. One Paint() call draws the whole picture for one layout.
-#include "app/ColorRef.h"
-#include "chart/ChartCalendar.h"
+#include "base/ColorRef.h"
 #include "chart/ChartHost.h"
 #include "chart/ChartLayout.h"
-#include "chart/ChartRows.h"
+#include "outline/ChartCalendar.h"
+#include "outline/ChartRows.h"
 
 #include <QColor>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #include "dialogs/CAssigneeDlg.h"
 
+#include "common/Prompter.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
-#include "document/Prompter.h"
 #include "files/AssigneeFile.h"
 #include "model/HoursLogic.h"
 #include "model/PickListLogic.h"

@@ -1,9 +1,9 @@
 #include "dialogs/CClockOutDlg.h"
 
+#include "common/Prompter.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
 #include "dialogs/EntryCombos.h"
-#include "document/Prompter.h"
 
 #include <QComboBox>
 #include <QDateEdit>

@@ -1,10 +1,10 @@
 #include "dialogs/CEntryPanel.h"
 
+#include "common/Prompter.h"
 #include "dialogs/CStepEdit.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
 #include "dialogs/EntryCombos.h"
-#include "document/Prompter.h"
 #include "model/CostLogic.h"
 #include "model/NodeEditLogic.h"
 #include "model/NumberFormat.h"

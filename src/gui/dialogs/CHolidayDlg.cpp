@@ -1,9 +1,9 @@
 #include "dialogs/CHolidayDlg.h"
 
-#include "app/ColorRef.h"
+#include "base/ColorRef.h"
+#include "common/Prompter.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
-#include "document/Prompter.h"
 #include "files/DataDir.h"
 #include "model/HoursLogic.h"
 

@@ -1,5 +1,6 @@
 #include "dialogs/CNodeEditDlg.h"
 
+#include "common/Prompter.h"
 #include "dialogs/CEntryPanel.h"
 #include "dialogs/CReminderDlg.h"
 #include "dialogs/CResponsibleDlg.h"
@@ -8,7 +9,6 @@
 #include "dialogs/DialogIcons.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
-#include "document/Prompter.h"
 #include "model/CostLogic.h"
 #include "model/NodeEditLogic.h"
 #include "model/NumberFormat.h"

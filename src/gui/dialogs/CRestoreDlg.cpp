@@ -1,7 +1,7 @@
 #include "dialogs/CRestoreDlg.h"
 
+#include "common/Prompter.h"
 #include "dialogs/DialogText.h"
-#include "document/Prompter.h"
 #include "model/CTime.h"
 
 #include <QColor>

@@ -1,6 +1,6 @@
 #include "dialogs/CSettingsDlg.h"
 
-#include "app/Desktop.h"
+#include "base/Desktop.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
 

@@ -1,6 +1,6 @@
 #include "dialogs/CTextFormatDlg.h"
 
-#include "app/ColorRef.h"
+#include "base/ColorRef.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
 

@@ -1,6 +1,6 @@
 #include "dialogs/DialogText.h"
 
-#include "app/Cp1252Text.h"
+#include "base/Cp1252Text.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -1,10 +1,10 @@
 #include "dialogs/NodeDialogs.h"
 
+#include "common/Prompter.h"
 #include "dialogs/CAssigneeDlg.h"
 #include "dialogs/CClockOutDlg.h"
 #include "dialogs/CNodeEditDlg.h"
 #include "document/CVeltoDoc.h"
-#include "document/Prompter.h"
 #include "files/DataDir.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "dialogs/SettingsValues.h"
 
-#include "app/Settings.h"
+#include "base/Settings.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 // What the settings dialog edits, apart from its widgets: read from the settings with every default
 // in place, and written back with each value's own type.
-#include "app/Settings.h"
+#include "base/Settings.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
 #include "view/CNotePane.h"
 
-#include "app/ColorRef.h"
-#include "app/CommandIds.h"
-#include "app/Cp1252Text.h"
-#include "app/ProjectFiles.h"
+#include "base/ColorRef.h"
+#include "base/CommandIds.h"
+#include "base/Cp1252Text.h"
+#include "base/ProjectFiles.h"
 #include "dialogs/CHyperlinkDlg.h"
 #include "document/CVeltoDoc.h"
 #include "model/ProjectNode.h"

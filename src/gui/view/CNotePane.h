@@ -3,7 +3,7 @@
 // below a row of ten format buttons (141 to 150). An edited note is written back into its node, with
 // the change time stamp and the document's modified flag, on every key let go, after every format
 // operation and when the control loses the focus; a note that was only looked at keeps its bytes.
-#include "app/CommandTarget.h"
+#include "base/CommandTarget.h"
 #include "model/CTime.h"
 #include "model/NoteText.h"
 

@@ -1,8 +1,8 @@
 #include "view/CVeltoView.h"
 
-#include "app/CommandIds.h"
-#include "app/CommandTable.h"
-#include "app/ShellState.h"
+#include "base/CommandIds.h"
+#include "base/CommandTable.h"
+#include "base/ShellState.h"
 #include "chart/CGrafik.h"
 #include "dialogs/NodeDialogs.h"
 #include "model/NodeList.h"

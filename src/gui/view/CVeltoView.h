@@ -3,7 +3,7 @@
 // the menus, toolbar, keys and the node context menu on the selected node, keeps the one-level undo
 // copy current before every change of the tree, and ends every change by updating all views,
 // redrawing the chart and marking the document modified.
-#include "app/CommandTarget.h"
+#include "base/CommandTarget.h"
 #include "chart/ChartHost.h"
 #include "document/CVeltoDoc.h"
 #include "view/ViewContext.h"

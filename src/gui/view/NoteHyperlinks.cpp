@@ -1,6 +1,6 @@
 #include "view/NoteHyperlinks.h"
 
-#include "document/Prompter.h"
+#include "common/Prompter.h"
 #include "text/Hyperlink.h"
 
 #include <QDesktopServices>

@@ -1,8 +1,8 @@
 #include "view/NoteIcons.h"
 
-#include "app/CommandIds.h"
-#include "app/CommandTable.h"
-#include "app/Icons.h"
+#include "base/CommandIds.h"
+#include "base/CommandTable.h"
+#include "base/Icons.h"
 #include "view/CNotePane.h"
 
 #include <QPainter>

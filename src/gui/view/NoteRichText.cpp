@@ -1,6 +1,6 @@
 #include "view/NoteRichText.h"
 
-#include "app/ColorRef.h"
+#include "base/ColorRef.h"
 
 #include <QTextBlock>
 #include <QTextCursor>

@@ -1,7 +1,7 @@
 #include "view/ViewContext.h"
 
-#include "app/ColorRef.h"
-#include "app/Settings.h"
+#include "base/ColorRef.h"
+#include "base/Settings.h"
 
 #include <QColorDialog>
 

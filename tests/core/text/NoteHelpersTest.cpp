@@ -3,17 +3,12 @@
 #include "text/DefaultNote.h"
 #include "text/Hyperlink.h"
 #include "text/PlainTextCache.h"
-#include "text/RtfFileCommands.h"
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
 #include "core/text/RtfTestSupport.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
-#include <unistd.h>
 
 using rtf::LinkRange;
 
@@ -99,55 +94,4 @@ TEST(PlainTextCache, ParsesEachNoteOnceAndStaysBounded) {
     EXPECT_EQ(cache.Get(b), "Gamma");
     cache.Clear();
     EXPECT_EQ(cache.Size(), 0u);
-}
-
-namespace {
-
-// A file in the test's temporary folder, removed afterwards.
-class TempFile {
-public:
-    explicit TempFile(const std::string& content)
-        : m_path(std::filesystem::temp_directory_path() /
-                 ("velto_rtf_" + std::to_string(getpid()) + "_" + std::to_string(++s_count) + ".rtf")) {
-        std::ofstream(m_path, std::ios::binary) << content;
-    }
-    ~TempFile() { std::filesystem::remove(m_path); }
-    std::string Path() const { return m_path.string(); }
-
-private:
-    static inline int s_count = 0;
-    std::filesystem::path m_path;
-};
-
-} // namespace
-
-TEST(RtfFileCommands, PlainTextAndRewrite) {
-    const TempFile file("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Gr\\'fc\\'dfe\\par \\b Welt}");
-    std::ostringstream out, err;
-    EXPECT_EQ(rtf::PrintPlainText(file.Path(), out, err), 0);
-    EXPECT_EQ(out.str(), "Grüße\nWelt\n");
-    EXPECT_EQ(err.str(), "");
-
-    std::ostringstream rewritten;
-    EXPECT_EQ(rtf::PrintRewritten(file.Path(), rewritten, err), 0);
-    EXPECT_EQ(rtf::ReadRtf(rewritten.str()),
-              rtf::ReadRtf("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Gr\\'fc\\'dfe"
-                           "\\par \\b Welt}"));
-    EXPECT_EQ(rewritten.str().rfind("{\\rtf1\\ansi\\ansicpg1252", 0), 0u);
-}
-
-TEST(RtfFileCommands, UnreadableFilesExitWithTwo) {
-    const std::string missing = (std::filesystem::temp_directory_path() / "velto_no_such_note.rtf").string();
-    const std::string folder = std::filesystem::temp_directory_path().string();
-    const std::pair<std::string, std::string> cases[] = {{missing, "Datei oder Ordner nicht gefunden"},
-                                                         {folder, "ist ein Ordner"}};
-    for (const auto& [path, reason] : cases) {
-        std::ostringstream out, err;
-        EXPECT_EQ(rtf::PrintPlainText(path, out, err), 2) << path;
-        EXPECT_EQ(rtf::PrintRewritten(path, out, err), 2) << path;
-        EXPECT_EQ(out.str(), "");
-        EXPECT_NE(err.str().find("Die Datei \"" + path + "\" kann nicht gelesen werden: " + reason + ".\n"),
-                  std::string::npos)
-            << err.str();
-    }
 }

@@ -2,9 +2,9 @@
 // menus: every menu item has its label, and no shortcut is given to two commands.
 #include "ShellTestSupport.h"
 
-#include "app/CommandIds.h"
-#include "app/CommandRouter.h"
-#include "app/CommandTable.h"
+#include "base/CommandIds.h"
+#include "base/CommandRouter.h"
+#include "base/CommandTable.h"
 #include "view/CVeltoView.h"
 
 #include <QAction>

@@ -3,8 +3,8 @@
 // travel with the file.
 #include "ShellTestSupport.h"
 
-#include "app/CommandIds.h"
 #include "app/WindowPlacement.h"
+#include "base/CommandIds.h"
 #include "view/CVeltoView.h"
 
 #include <QCloseEvent>

@@ -2,7 +2,7 @@
 // files (twice, missing, recent, dropped), and the converter and manual beside the program.
 #include "ShellTestSupport.h"
 
-#include "app/CommandIds.h"
+#include "base/CommandIds.h"
 #include "view/CVeltoView.h"
 
 #include <QAction>

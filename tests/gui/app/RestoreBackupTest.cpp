@@ -2,7 +2,7 @@
 // read-only in a window of its own and restores another so that the state before lands in ".BK0".
 #include "ShellTestSupport.h"
 
-#include "app/CommandIds.h"
+#include "base/CommandIds.h"
 #include "dialogs/CRestoreDlg.h"
 #include "gui/dialogs/DialogTestSupport.h"
 #include "view/CNotePane.h"

@@ -3,9 +3,9 @@
 // a fixture that points every settings store at a fresh temporary folder.
 #include "app/CChildFrame.h"
 #include "app/CMainFrame.h"
-#include "app/Desktop.h"
 #include "app/RecentFileList.h"
-#include "app/Settings.h"
+#include "base/Desktop.h"
+#include "base/Settings.h"
 #include "document/CVeltoDoc.h"
 #include "support/ScriptedPrompter.h"
 

@@ -3,7 +3,7 @@
 #include "ShellTestSupport.h"
 
 #include "app/CVeltoApp.h"
-#include "app/CommandIds.h"
+#include "base/CommandIds.h"
 #include "view/CVeltoView.h"
 
 #include <QFileInfo>

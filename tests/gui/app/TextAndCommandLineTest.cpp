@@ -1,6 +1,6 @@
 // The Windows-1252 boundary between model strings and widgets, and the command line.
 #include "app/CommandLine.h"
-#include "app/Cp1252Text.h"
+#include "base/Cp1252Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "ChartTestSupport.h"
-#include "chart/NodeClipboard.h"
+#include "outline/NodeClipboard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,8 +1,9 @@
 #pragma once
-// Node lists and a host for the chart tests: nodes described as "level kind title", a fixed today
-// (Wednesday 11 March 2026, Berlin time) and a host that records the commands the chart sends.
+// Input helpers and a host for the chart tests that records the commands the chart sends; the node
+// lists come from the outline tests.
 #include "chart/CGrafik.h"
 #include "chart/ChartHost.h"
+#include "core/outline/OutlineTestSupport.h"
 #include "document/CVeltoDoc.h"
 #include "model/NodeList.h"
 #include "support/ScriptedPrompter.h"
@@ -18,85 +19,6 @@
 #include <vector>
 
 namespace charttest {
-
-inline CTime Today() {
-    return CTime(2026, 3, 11, 12, 0, 0);
-}
-// A time on the day offset days from today.
-inline CTime Day(int offset, int hour = 1, int minute = 0, int second = 0) {
-    return CTime(2026, 3, 11 + offset, hour, minute, second);
-}
-
-struct Spec {
-    int level;
-    int kind;
-    std::string title;
-    int startOffset = 0; // days from today
-    int dueOffset = 0;
-};
-
-// A list in display order; the first node is selected, visibility is computed. The caller owns it.
-inline CProjectNode* BuildList(std::initializer_list<Spec> specs) {
-    CProjectNode* first = nullptr;
-    CProjectNode* tail = nullptr;
-    for (const Spec& spec : specs) {
-        auto* node =
-            new CProjectNode(NodeDefaults{Today(), Day(spec.startOffset), Day(spec.dueOffset, 23, 59, 59)});
-        node->m_nLevel = spec.level;
-        node->m_nKind = spec.kind;
-        node->m_strTitle = spec.title;
-        node->m_bSelected = first == nullptr;
-        node->m_pPrev = tail;
-        tail = (tail ? tail->m_pNext : first) = node;
-    }
-    RecomputeVisibility(first);
-    return first;
-}
-
-// Links count untitled copies of node after it.
-inline void AppendCopies(CProjectNode* node, int count) {
-    for (int i = 0; i < count; ++i) {
-        CProjectNode* copy = node->CloneUnlinked();
-        copy->m_bSelected = 0;
-        copy->m_pPrev = node;
-        copy->m_pNext = node->m_pNext;
-        node->m_pNext = copy;
-        if (copy->m_pNext)
-            copy->m_pNext->m_pPrev = copy;
-    }
-}
-
-inline CHoliday Holiday(int day, int month, int year, int colour, bool yearly) {
-    CHoliday holiday;
-    holiday.day = day;
-    holiday.month = month;
-    holiday.year = year;
-    holiday.color = colour;
-    holiday.yearly = yearly;
-    return holiday;
-}
-
-inline CProjectNode* Find(CProjectNode* first, const std::string& title) {
-    for (CProjectNode* node = first; node; node = node->m_pNext)
-        if (node->m_strTitle == title)
-            return node;
-    ADD_FAILURE() << "no node titled " << title;
-    return nullptr;
-}
-
-// "level:title" of every node in list order, e.g. "0:R 1:A 2:a"; a back link that does not match
-// the forward link shows as "<broken>".
-inline std::string Outline(const CProjectNode* first) {
-    std::string out;
-    for (const CProjectNode* node = first; node; node = node->m_pNext) {
-        if (node != first)
-            out += node->m_pPrev && node->m_pPrev->m_pNext == node ? " " : " <broken> ";
-        out += std::to_string(node->m_nLevel);
-        out += ':';
-        out += node->m_strTitle;
-    }
-    return out;
-}
 
 // Input as the window system delivers it, sent straight to the widget.
 inline void SendMouse(QWidget& widget, QEvent::Type type, QPoint pos, Qt::MouseButtons held) {

@@ -2,8 +2,8 @@
 // shown, a dated one only in its own year, each in the colour the file holds (red in the low byte).
 // Today is Wednesday 11 March 2026.
 #include "ChartTestSupport.h"
-#include "chart/ChartCalendar.h"
 #include "core/files/DataFileTestDir.h"
+#include "outline/ChartCalendar.h"
 
 using namespace charttest;
 

@@ -3,7 +3,7 @@
 #include "dialogs/CSettingsDlg.h"
 
 #include "app/CVeltoApp.h"
-#include "app/CommandIds.h"
+#include "base/CommandIds.h"
 #include "dialogs/CAssigneeDlg.h"
 #include "dialogs/CHolidayDlg.h"
 #include "gui/app/ShellTestSupport.h"

@@ -2,8 +2,8 @@
 // layout, found around a double click, resolved to an address or an existing file, and opened only
 // after a question (whose default is "Nein") unless they lead to the browser, the mail program or a
 // document.
-#include "app/CommandIds.h"
-#include "app/QtDesktop.h"
+#include "base/CommandIds.h"
+#include "base/QtDesktop.h"
 #include "dialogs/CHyperlinkDlg.h"
 #include "gui/dialogs/DialogTestSupport.h"
 #include "gui/view/NoteTestSupport.h"

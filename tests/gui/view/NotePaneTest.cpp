@@ -1,7 +1,7 @@
 // The note pane as the user drives it: showing and switching notes, saving on key-up with the time
 // stamp, keeping unedited notes byte for byte through a save and a load, the format operations on
 // uniform and mixed selections, and the commands the view forwards.
-#include "app/CommandIds.h"
+#include "base/CommandIds.h"
 #include "gui/view/NoteTestSupport.h"
 #include "text/RtfWriter.h"
 

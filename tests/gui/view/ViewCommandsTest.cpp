@@ -1,15 +1,15 @@
 // The project view's commands as the menus, keys and the node context menu run them: what they
 // change, what they refuse, and which of them take the undo copy.
-#include "app/CommandIds.h"
-#include "app/CommandTarget.h"
-#include "app/Settings.h"
-#include "app/ShellState.h"
+#include "base/CommandIds.h"
+#include "base/CommandTarget.h"
+#include "base/Settings.h"
+#include "base/ShellState.h"
 #include "chart/CGrafik.h"
-#include "chart/NodeClipboard.h"
 #include "dialogs/CClockOutDlg.h"
 #include "gui/app/ShellTestSupport.h"
 #include "gui/chart/ChartTestSupport.h"
 #include "gui/dialogs/DialogTestSupport.h"
+#include "outline/NodeClipboard.h"
 #include "view/CVeltoView.h"
 #include "view/ViewContext.h"
 

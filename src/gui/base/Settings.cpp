@@ -1,6 +1,6 @@
-#include "app/Settings.h"
+#include "base/Settings.h"
 
-#include "document/Prompter.h"
+#include "common/Prompter.h"
 
 namespace {
 void TellStoreFailed(Prompter& prompter) {

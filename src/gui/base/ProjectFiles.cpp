@@ -1,4 +1,4 @@
-#include "app/ProjectFiles.h"
+#include "base/ProjectFiles.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "chart/ChartCalendar.h"
+#include "outline/ChartCalendar.h"
 
 #include <ctime>
 

@@ -1,6 +1,6 @@
-#include "chart/NodeClipboard.h"
+#include "outline/NodeClipboard.h"
 
-#include "chart/ChartEdits.h"
+#include "outline/ChartEdits.h"
 
 NodeClipboard& NodeClipboard::Instance() {
     static NodeClipboard clipboard;

@@ -1,7 +1,7 @@
 #pragma once
 // Sends each command to the first target of the chain that knows it (active view, then its
 // document, then the main frame) and keeps every action's enabled and checked state current.
-#include "app/CommandTarget.h"
+#include "base/CommandTarget.h"
 
 #include <QObject>
 

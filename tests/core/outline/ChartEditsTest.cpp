@@ -1,5 +1,5 @@
-#include "chart/ChartEdits.h"
-#include "ChartTestSupport.h"
+#include "outline/ChartEdits.h"
+#include "core/outline/OutlineTestSupport.h"
 
 using namespace charttest;
 

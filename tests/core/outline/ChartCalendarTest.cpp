@@ -1,5 +1,5 @@
-#include "chart/ChartCalendar.h"
-#include "ChartTestSupport.h"
+#include "outline/ChartCalendar.h"
+#include "core/outline/OutlineTestSupport.h"
 
 using namespace chartcal;
 using charttest::Holiday;

@@ -1,28 +1,9 @@
-#include "ChartTestSupport.h"
-#include "chart/ChartRows.h"
-#include "chart/ChartText.h"
+#include "outline/ChartRows.h"
+#include "core/outline/OutlineTestSupport.h"
 
 using namespace charttest;
 
 namespace {
-
-TEST(ChartText, RowTextCarriesTheDatePrefixAndTheResponsibleShortCode) {
-    CProjectNode* node = BuildList({{0, KIND_TASK, "Titel", 249, 254}}); // 15.11. to 20.11.2026
-    EXPECT_EQ(ChartRowText(*node, DATE_PREFIX_NONE, true), "Titel");
-    EXPECT_EQ(ChartRowText(*node, DATE_PREFIX_START, false), "15.11.2026: Titel");
-    EXPECT_EQ(ChartRowText(*node, DATE_PREFIX_DUE, false), "20.11.26: Titel");
-    EXPECT_EQ(ChartRowText(*node, DATE_PREFIX_BOTH, false), "15.11.26-20.11.26: Titel");
-    EXPECT_EQ(ChartRowText(*node, 7, false), "Titel");
-    node->m_strResponsible = "Anna M\xFCller \xAB\xBB AM";
-    EXPECT_EQ(ChartRowText(*node, DATE_PREFIX_DUE, true), "20.11.26: [AM] Titel");
-    EXPECT_EQ(ChartRowText(*node, DATE_PREFIX_NONE, false), "Titel");
-    EXPECT_EQ(ResponsibleShortCode("Ohne Trenner"), "Ohne Trenner");
-    EXPECT_EQ(ResponsibleShortCode("A \xAB\xBB B \xAB\xBB C"), "C");
-    EXPECT_EQ(ToQString("Gr\xF6\xDF"
-                        "e \x80\x81"),
-              QString::fromUtf8("Größe €\u0081"));
-    FreeNodeList(node);
-}
 
 class ChartRowsTest : public ::testing::Test {
 protected:

@@ -1,4 +1,4 @@
-#include "app/ColorRef.h"
+#include "base/ColorRef.h"
 
 QColor ColorFromColorRef(int colorRef) {
     const auto value = static_cast<unsigned>(colorRef);

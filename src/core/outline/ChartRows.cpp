@@ -1,4 +1,4 @@
-#include "chart/ChartRows.h"
+#include "outline/ChartRows.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "app/CommandTable.h"
+#include "base/CommandTable.h"
 
-#include "app/CommandIds.h"
+#include "base/CommandIds.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "app/ActionSet.h"
+#include "base/ActionSet.h"
 
-#include "app/CommandRouter.h"
-#include "app/CommandTable.h"
-#include "app/Icons.h"
+#include "base/CommandRouter.h"
+#include "base/CommandTable.h"
+#include "base/Icons.h"
 
 #include <QAction>
 #include <QWidget>

@@ -1,4 +1,4 @@
-#include "app/Cp1252Text.h"
+#include "base/Cp1252Text.h"
 
 #include "model/Cp1252.h"
 

@@ -1,4 +1,4 @@
-#include "chart/ChartEdits.h"
+#include "outline/ChartEdits.h"
 
 #include "model/NodeList.h"
 

@@ -1,6 +1,6 @@
-#include "app/QtDesktop.h"
+#include "base/QtDesktop.h"
 
-#include "app/ProjectFiles.h"
+#include "base/ProjectFiles.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 // The real desktop: message boxes, file dialogs, detached processes and the desktop's file viewer.
-#include "app/Desktop.h"
-#include "document/Prompter.h"
+#include "base/Desktop.h"
+#include "common/Prompter.h"
 
 // Asks with a modal message box over the active window, with German buttons.
 class MessageBoxPrompter : public Prompter {

@@ -1,7 +1,7 @@
-#include "app/Icons.h"
+#include "base/Icons.h"
 
-#include "app/CommandIds.h"
-#include "app/CommandTable.h"
+#include "base/CommandIds.h"
+#include "base/CommandTable.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,0 +1,60 @@
+#include "CliCommands.h"
+
+#include "ExitStatus.h"
+#include "ProjectCommands.h"
+#include "RtfCommands.h"
+
+#include <string_view>
+
+namespace {
+
+using OneFile = int (*)(const std::string& path, std::ostream& out, std::ostream& err);
+using TwoFiles = int (*)(const std::string& in, const std::string& out, std::ostream& stdOut,
+                         std::ostream& err);
+
+// A command takes either one file or two.
+struct Command {
+    std::string_view name;
+    OneFile oneFile = nullptr;
+    TwoFiles twoFiles = nullptr;
+};
+
+constexpr Command kCommands[] = {
+    {"info", RunInfo},
+    {"dump", RunDump},
+    {"build", nullptr, RunBuild},
+    {"resave", nullptr, RunResave},
+    {"rtf-text", RunRtfText},
+    {"rtf-rewrite", RunRtfRewrite},
+};
+
+constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE
+  info DATEI          kurze Übersicht über eine Projektdatei (.VT5)
+  dump DATEI          die ganze Projektdatei als JSON (UTF-8) auf die Standardausgabe
+  build JSON AUSGABE  aus dem JSON von dump wieder die Projektdatei
+  resave EIN AUS      Projektdatei lesen und neu schreiben
+  rtf-text DATEI      der reine Text einer RTF-Datei
+  rtf-rewrite DATEI   eine RTF-Datei, so wie Velto sie schreibt
+  --help              diese Hilfe
+Exit-Status: 0 gelungen, 1 falscher Aufruf, 2 Datei nicht lesbar oder schreibbar bzw.
+JSON abgelehnt, 3 "Falsches Dateiformat!" (das Ersatzdokument mit einem Knoten wird ausgegeben).
+)";
+
+} // namespace
+
+int RunCommandLine(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
+    if (words.size() == 1 && (words[0] == "--help" || words[0] == "-h")) {
+        out << kUsage;
+        return kExitOk;
+    }
+    for (const Command& command : kCommands) {
+        if (words.empty() || words[0] != command.name)
+            continue;
+        if (command.oneFile && words.size() == 2)
+            return command.oneFile(words[1], out, err);
+        if (command.twoFiles && words.size() == 3)
+            return command.twoFiles(words[1], words[2], out, err);
+    }
+    err << "velto-cli: falscher Aufruf\n" << kUsage;
+    return kExitUsage;
+}
