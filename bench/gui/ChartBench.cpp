@@ -14,7 +14,8 @@ class BenchHost : public CChartHost {
 public:
     BenchHost() : doc(prompter) {}
     CVeltoDoc* Document() override { return &doc; }
-    void SendCommand(int) override {}
+    void TakeUndoCopy() override {}
+    void EditSelectedNode() override {}
     bool NotePaneHasFocus() const override { return false; }
     void PasteIntoNotePane() override {}
     Prompter& ChartPrompter() override { return prompter; }

@@ -50,16 +50,6 @@ void Tell(Desktop& desktop, const QString& text) {
     desktop.GetPrompter().Tell(text.toStdString(), Prompter::kCaption, PromptIcon::Warning);
 }
 
-bool IsRecentFileCommand(int id) {
-    return id >= cmd::FileMru1 && id < cmd::FileMru1 + cmd::RecentFileCount;
-}
-
-// The commands whose dialogs are set from outside the shell.
-bool IsDialogCommand(int id) {
-    return id == cmd::SettingsNoDoc || id == cmd::Settings || id == cmd::Holidays ||
-           id == cmd::HolidaysNoDoc || id == cmd::Assignees;
-}
-
 void ForEachMenu(QMenu* menu, const std::function<void(QMenu*)>& visit) {
     visit(menu);
     for (QAction* action : menu->actions())
@@ -79,6 +69,7 @@ CMainFrame::CMainFrame(Desktop& desktop, SettingsStore& settings, RecentFileList
     m_mdi->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     for (int i = 0; i < cmd::RecentFileCount; ++i)
         m_actions->Dynamic(cmd::FileMru1 + i, Text("Öffnet dieses Projekt."));
+    RegisterCommands();
     CreateBars();
     CreateMenuSets();
     RestorePlacement();
@@ -224,105 +215,51 @@ QList<CChildFrame*> CMainFrame::Children() const {
 
 std::vector<CommandTarget*> CMainFrame::RoutingChain() {
     if (CChildFrame* child = ActiveChild())
-        return {&child->GetView(), &child->Commands(), this};
-    return {this};
+        return {&child->GetView(), &child->Commands(), &m_commands};
+    return {&m_commands};
 }
 
-bool CMainFrame::OnUpdateCommand(int id, CommandState& state) {
-    if (IsRecentFileCommand(id)) {
-        state.enabled = id - cmd::FileMru1 < m_recent.Files().size();
-        return true;
-    }
-    if (IsDialogCommand(id)) {
-        state.enabled = m_handlers.contains(id);
-        return true;
-    }
-    switch (id) {
-    case cmd::FileNew:
-    case cmd::FileOpen:
-    case cmd::AppExit:
-    case cmd::AppAbout:
-    case cmd::ImportVt4:
-    case cmd::Manual:
-    case cmd::MindMapMode:
-    case cmd::TimelineMode:
-        return true;
-    case cmd::NoteToolbar:
-        state.checked = m_state.noteToolbar;
-        return true;
-    case cmd::ViewToolbar:
-        state.checked = !m_toolBar->isHidden();
-        return true;
-    case cmd::ViewStatusBar:
-        state.checked = !statusBar()->isHidden();
-        return true;
-    case cmd::WindowCascade:
-    case cmd::WindowTile:
-        state.enabled = !Children().isEmpty();
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool CMainFrame::OnCommand(int id) {
-    if (IsRecentFileCommand(id)) {
-        OpenRecent(id - cmd::FileMru1);
-        return true;
-    }
-    if (IsDialogCommand(id)) {
-        const auto handler = m_handlers.find(id);
-        if (handler != m_handlers.end())
-            handler->second();
-        return handler != m_handlers.end();
-    }
-    switch (id) {
-    case cmd::FileNew:
-        NewDocument();
-        return true;
-    case cmd::FileOpen:
-        ChooseAndOpen();
-        return true;
-    case cmd::AppExit:
-        close();
-        return true;
-    case cmd::AppAbout:
-        ShowAbout();
-        return true;
-    case cmd::ImportVt4:
-        StartConverter();
-        return true;
-    case cmd::Manual:
-        OpenManual();
-        return true;
-    case cmd::MindMapMode:
-    case cmd::TimelineMode:
-        SwitchMode(id == cmd::MindMapMode);
-        return true;
-    case cmd::NoteToolbar:
-        m_state.noteToolbar = !m_state.noteToolbar;
-        if (CChildFrame* child = ActiveChild())
-            child->GetView().Redraw();
-        return true;
-    case cmd::ViewToolbar:
-        m_toolBar->setHidden(!m_toolBar->isHidden());
-        return true;
-    case cmd::ViewStatusBar:
-        statusBar()->setHidden(!statusBar()->isHidden());
-        return true;
-    case cmd::WindowCascade:
-        m_mdi->cascadeSubWindows();
-        return true;
-    case cmd::WindowTile:
-        m_mdi->tileSubWindows();
-        return true;
-    default:
-        return false;
-    }
+void CMainFrame::RegisterCommands() {
+    CommandMap& c = m_commands;
+    c.Add(cmd::FileNew, [this] { NewDocument(); });
+    c.Add(cmd::FileOpen, [this] { ChooseAndOpen(); });
+    c.Add(cmd::AppExit, [this] { close(); });
+    c.Add(cmd::AppAbout, [this] { ShowAbout(); });
+    c.Add(cmd::ImportVt4, [this] { StartConverter(); });
+    c.Add(cmd::Manual, [this] { OpenManual(); });
+    c.Add(cmd::MindMapMode, [this] { SwitchMode(true); });
+    c.Add(cmd::TimelineMode, [this] { SwitchMode(false); });
+    c.Add(
+        cmd::NoteToolbar,
+        [this] {
+            m_state.noteToolbar = !m_state.noteToolbar;
+            if (CChildFrame* child = ActiveChild())
+                child->GetView().Redraw();
+        },
+        [this](CommandState& state) { state.checked = m_state.noteToolbar; });
+    c.Add(
+        cmd::ViewToolbar, [this] { m_toolBar->setHidden(!m_toolBar->isHidden()); },
+        [this](CommandState& state) { state.checked = !m_toolBar->isHidden(); });
+    c.Add(
+        cmd::ViewStatusBar, [this] { statusBar()->setHidden(!statusBar()->isHidden()); },
+        [this](CommandState& state) { state.checked = !statusBar()->isHidden(); });
+    const auto needsWindow = [this](CommandState& state) { state.enabled = !Children().isEmpty(); };
+    c.Add(
+        cmd::WindowCascade, [this] { m_mdi->cascadeSubWindows(); }, needsWindow);
+    c.Add(
+        cmd::WindowTile, [this] { m_mdi->tileSubWindows(); }, needsWindow);
+    for (int index = 0; index < cmd::RecentFileCount; ++index)
+        c.Add(
+            cmd::FileMru1 + index, [this, index] { OpenRecent(index); },
+            [this, index](CommandState& state) { state.enabled = index < m_recent.Files().size(); },
+            CommandMap::Guard::WhenEnabled);
+    // The dialogs of the settings, holidays and assignees are set from outside the shell.
+    for (int id : {cmd::SettingsNoDoc, cmd::Settings, cmd::Holidays, cmd::HolidaysNoDoc, cmd::Assignees})
+        c.AddDisabled(id);
 }
 
 void CMainFrame::SetCommandHandler(int id, std::function<void()> handler) {
-    m_handlers[id] = std::move(handler);
+    m_commands.Add(id, std::move(handler));
 }
 
 std::unique_ptr<CVeltoDoc> CMainFrame::MakeDocument() const {

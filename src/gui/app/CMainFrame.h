@@ -3,8 +3,8 @@
 // the mind map, the status bar with the node info line, the window placement kept in the settings,
 // and the commands that work without a project (new, open, recent files, converter, manual).
 #include "app/MainMenus.h"
+#include "base/CommandMap.h"
 #include "base/CommandRouter.h"
-#include "base/CommandTarget.h"
 #include "base/ShellState.h"
 
 #include <QList>
@@ -26,7 +26,7 @@ class QToolBar;
 class RecentFileList;
 class SettingsStore;
 
-class CMainFrame : public QMainWindow, public CommandTarget {
+class CMainFrame : public QMainWindow {
     Q_OBJECT
 public:
     // Restores the placement, the bars and the note toolbar flag from the settings.
@@ -50,15 +50,13 @@ public:
     CommandRouter& Router() { return m_router; }
     QAction* Action(int id);
 
-    bool OnUpdateCommand(int id, CommandState& state) override;
-    bool OnCommand(int id) override;
-
     // Makes the view of each new project window (the shell's own view unless set).
     using ViewFactory = std::function<CVeltoView*(CVeltoDoc&, const ShellState&)>;
     void SetViewFactory(ViewFactory factory) { m_viewFactory = std::move(factory); }
 
     // The dialogs of the settings, holidays and assignees come from elsewhere; until their handler is
-    // set here, their commands stay disabled.
+    // set here, their commands stay disabled. The frame's own commands are registered in
+    // RegisterCommands.
     void SetCommandHandler(int id, std::function<void()> handler);
 
     const ShellState& State() const { return m_state; }
@@ -81,6 +79,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void RegisterCommands();
     void CreateBars();
     void CreateMenuSets();
     void RestorePlacement();
@@ -115,7 +114,7 @@ private:
     std::map<MenuSet, MenuBarMenus> m_menuSets;
     MenuSet m_shownSet = MenuSet::NoDocument;
     bool m_menuShown = false;
-    std::map<int, std::function<void()>> m_handlers;
+    CommandMap m_commands;
     QList<QAction*> m_windowActions;
     ViewFactory m_viewFactory;
     QTimer m_idle;

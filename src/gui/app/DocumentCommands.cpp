@@ -15,34 +15,15 @@
 #include <QGuiApplication>
 
 DocumentCommands::DocumentCommands(CChildFrame& child, Desktop& desktop, RecentFileList& recent)
-    : m_child(child), m_desktop(desktop), m_recent(recent) {}
-
-bool DocumentCommands::OnUpdateCommand(int id, CommandState& state) {
-    if (id == cmd::FileRestoreBackup) {
-        // Backups lie beside a file: a project never saved has none.
-        state.enabled = !m_child.GetDocument().GetPathName().empty();
-        return true;
-    }
-    return id == cmd::FileSave || id == cmd::FileSaveAs || id == cmd::FileClose;
-}
-
-bool DocumentCommands::OnCommand(int id) {
-    switch (id) {
-    case cmd::FileSave:
-        Save();
-        return true;
-    case cmd::FileSaveAs:
-        SaveAs();
-        return true;
-    case cmd::FileClose:
-        m_child.close();
-        return true;
-    case cmd::FileRestoreBackup:
-        ChooseBackup();
-        return true;
-    default:
-        return false;
-    }
+    : m_child(child), m_desktop(desktop), m_recent(recent) {
+    Add(cmd::FileSave, [this] { Save(); });
+    Add(cmd::FileSaveAs, [this] { SaveAs(); });
+    Add(cmd::FileClose, [this] { m_child.close(); });
+    // Backups lie beside a file: a project never saved has none.
+    Add(
+        cmd::FileRestoreBackup, [this] { ChooseBackup(); },
+        [this](CommandState& state) { state.enabled = !m_child.GetDocument().GetPathName().empty(); },
+        Guard::WhenEnabled);
 }
 
 bool DocumentCommands::Save() {

@@ -1,7 +1,7 @@
 #pragma once
 // The commands of an open project's document: save, save as, close and the restore of a backup, and
 // the question whether a modified project is to be saved before it closes.
-#include "base/CommandTarget.h"
+#include "base/CommandMap.h"
 
 #include <QString>
 
@@ -12,12 +12,9 @@ class CChildFrame;
 class Desktop;
 class RecentFileList;
 
-class DocumentCommands : public CommandTarget {
+class DocumentCommands : public CommandMap {
 public:
     DocumentCommands(CChildFrame& child, Desktop& desktop, RecentFileList& recent);
-
-    bool OnUpdateCommand(int id, CommandState& state) override;
-    bool OnCommand(int id) override;
 
     // Saves under the project's name, or asks for one when it has none yet. True when saved.
     bool Save();

@@ -88,8 +88,10 @@ std::vector<CommandInfo> BuildTable() {
          Keys({kCtrlPad | Qt::Key_Minus, kCtrl | Qt::Key_Minus}), "zoom-out"},
         {ZoomIn, "Ansicht ver&größern\tStrg +", "Vergrößert die Ansicht.\nAnsicht vergrößern",
          Keys({kCtrlPad | Qt::Key_Plus, kCtrl | Qt::Key_Plus}), "zoom-in"},
-        {WidthDown, "&Breite verkleinern", "Macht die Tagesspalten schmaler.\nBreite verkleinern"},
-        {WidthUp, "Breite &vergrößern", "Macht die Tagesspalten breiter.\nBreite vergrößern"},
+        {WidthDown, "&Breite verkleinern",
+         "Verschiebt die Trennlinie zwischen Knotentexten und Kalender nach links.\nBreite verkleinern"},
+        {WidthUp, "Breite &vergrößern",
+         "Verschiebt die Trennlinie zwischen Knotentexten und Kalender nach rechts.\nBreite vergrößern"},
 
         {NodeDone,
          "&Erledigt !",

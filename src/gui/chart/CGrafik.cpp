@@ -480,7 +480,7 @@ void CGrafik::DropNode(int lineY) {
             Tell(DropRefusal(verdict));
         return;
     }
-    m_host->SendCommand(CHART_CMD_BACKUP_TREE);
+    m_host->TakeUndoCopy();
     m_dragMode = DRAG_MOVING;
     MoveSubtree(m_doc->m_pFirstNode, moved, rowBelow);
     m_doc->SetModifiedFlag();
@@ -502,7 +502,7 @@ void CGrafik::mouseDoubleClickEvent(QMouseEvent* event) {
     m_dragMode = DRAG_NONE;
     m_clickPending = false;
     if (m_host)
-        m_host->SendCommand(CHART_CMD_EDIT_NODE);
+        m_host->EditSelectedNode();
     setFocus(Qt::MouseFocusReason);
 }
 
@@ -613,7 +613,7 @@ void CGrafik::OnEditCut() {
         Tell("Erster Knoten kann nicht ausgeschnitten werden!");
         return;
     }
-    m_host->SendCommand(CHART_CMD_BACKUP_TREE);
+    m_host->TakeUndoCopy();
     NodeClipboard::Instance().HoldCut(CutSubtree(m_doc->m_pFirstNode, node));
     PublishOutline(NodeClipboard::Instance().Peek());
     AfterTreeChange();
@@ -632,7 +632,7 @@ void CGrafik::OnEditPaste() {
         Tell("Zwischenablage ist leer!");
         return;
     }
-    m_host->SendCommand(CHART_CMD_BACKUP_TREE);
+    m_host->TakeUndoCopy();
     PasteChainBefore(m_doc->m_pFirstNode, target, clipboard.TakeForPaste());
     AfterTreeChange();
 }

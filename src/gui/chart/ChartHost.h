@@ -6,19 +6,16 @@
 class CVeltoDoc;
 class Prompter;
 
-// Commands the chart sends to its host.
-enum : int {
-    CHART_CMD_EDIT_NODE = 32775,   // "Knoten &bearbeiten"
-    CHART_CMD_BACKUP_TREE = 32781, // "Backup Baum": the undo copy, taken before the chart changes the tree
-};
-
 class CChartHost {
 public:
     virtual ~CChartHost() = default;
     // The document whose node list is drawn; it outlives the chart, or the host calls
     // CGrafik::DetachDocument first.
     virtual CVeltoDoc* Document() = 0;
-    virtual void SendCommand(int id) = 0;
+    // The undo copy ("Backup Baum"), taken before the chart changes the tree itself.
+    virtual void TakeUndoCopy() = 0;
+    // A double click on a row: the node dialog of the selected node.
+    virtual void EditSelectedNode() = 0;
     // A paste goes to the note pane while that has the focus.
     virtual bool NotePaneHasFocus() const = 0;
     virtual void PasteIntoNotePane() = 0;

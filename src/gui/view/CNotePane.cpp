@@ -236,6 +236,10 @@ bool CNotePane::EditorHasFocus() const {
     return m_editor->hasFocus();
 }
 
+void CNotePane::FocusEditor() {
+    m_editor->setFocus(Qt::TabFocusReason);
+}
+
 QTextEdit* CNotePane::Editor() const {
     return m_editor;
 }

@@ -69,6 +69,7 @@ public:
     // The document was opened read-only: the note can be read and copied, not edited.
     void SetReadOnly(bool readOnly);
     bool EditorHasFocus() const;
+    void FocusEditor();
     // 32791/32792/32793 (checked by the selection), 32800, 32787, and, only while the editor has the
     // focus, 57643 undo, 57634 copy, 57635 cut, 57637 paste. False for any other id.
     bool OnUpdateCommand(int id, CommandState& state);

@@ -19,42 +19,11 @@
 namespace {
 // Commands of the view whose features come later (search, my tasks, reports, printing, alarm):
 // the view claims them so they show disabled instead of reaching the main frame.
-constexpr std::array kLaterCommands = {
-    cmd::FindText,        cmd::MyTasks,          cmd::HoursReport,   cmd::CostReport, cmd::FilePrint,
-    cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::GoToAlarmNode, cmd::SearchStep, cmd::MyTasksChosen,
-};
-
 // The items of the node context menu; 0 is a separator. Menu 154 leaves out those of tasks only.
 constexpr std::array kNodeMenu = {
     cmd::NodeDone,  0, cmd::NodeBold, cmd::NodeItalic, cmd::NodeUnderline, cmd::NodeStrikeOut,
     cmd::NodeColor, 0, cmd::ClockIn,  cmd::ClockOut,
 };
-
-bool IsLaterCommand(int id) {
-    return std::find(kLaterCommands.begin(), kLaterCommands.end(), id) != kLaterCommands.end();
-}
-
-// The commands that are always enabled and never checked.
-bool IsPlainViewCommand(int id) {
-    switch (id) {
-    case cmd::ZoomOut:
-    case cmd::ZoomIn:
-    case cmd::WidthDown:
-    case cmd::WidthUp:
-    case cmd::CollapseAll:
-    case cmd::ExpandAll:
-    case cmd::BackupTree:
-    case cmd::SortByDate:
-    case cmd::EditCopy:
-    case cmd::EditCut:
-    case cmd::EditPaste:
-    case cmd::NextPane:
-    case cmd::PrevPane:
-        return true;
-    default:
-        return false;
-    }
-}
 
 bool IsTaskOnlyItem(int id) {
     return id == cmd::NodeDone || id == cmd::ClockIn || id == cmd::ClockOut;
@@ -64,19 +33,17 @@ QString Stamp(const CTime& time) {
     return QString::fromStdString(time.Format("%d.%m.%y / %H:%M "));
 }
 
-int CProjectNode::*FormatFlagOf(int id) {
-    switch (id) {
-    case cmd::NodeBold:
-        return &CProjectNode::m_bBold;
-    case cmd::NodeItalic:
-        return &CProjectNode::m_bItalic;
-    case cmd::NodeUnderline:
-        return &CProjectNode::m_bUnderline;
-    case cmd::NodeStrikeOut:
-        return &CProjectNode::m_bStrikeOut;
-    default:
-        return nullptr;
-    }
+// The four format toggles of a node.
+constexpr std::array<std::pair<int, int CProjectNode::*>, 4> kFormatFlags = {{
+    {cmd::NodeBold, &CProjectNode::m_bBold},
+    {cmd::NodeItalic, &CProjectNode::m_bItalic},
+    {cmd::NodeUnderline, &CProjectNode::m_bUnderline},
+    {cmd::NodeStrikeOut, &CProjectNode::m_bStrikeOut},
+}};
+
+bool IsFormatToggle(int id) {
+    return std::any_of(kFormatFlags.begin(), kFormatFlags.end(),
+                       [id](const auto& entry) { return entry.first == id; });
 }
 
 // A zoom read from a file may lie outside the range; a step never moves it further out and never
@@ -105,11 +72,13 @@ CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext cont
 
     m_doc.AddObserver(this);
     m_doc.SetClockOutHandler([this](CProjectNode& node) { ClockOutOnClose(node); });
+    m_reminderTimer.setObjectName(QStringLiteral("minuteTimer"));
     m_reminderTimer.setInterval(kReminderPeriodMs);
     connect(&m_reminderTimer, &QTimer::timeout, this, &CVeltoView::OnMinuteTimer);
     m_reminderTimer.start();
     SetLayout({m_doc.m_view.chartWidth1, m_doc.m_view.chartWidth2, int(m_doc.m_view.zoom)});
     m_notePane->ShowNode(Current());
+    RegisterCommands();
 }
 
 CVeltoView::~CVeltoView() {
@@ -147,160 +116,86 @@ int CVeltoView::ChartZoom() const {
 
 // ---- routing ----
 
-bool CVeltoView::OnUpdateCommand(int id, CommandState& state) {
-    // The note's commands, and edit commands while the note has the focus, are the pane's.
-    if (m_notePane->OnUpdateCommand(id, state))
-        return true;
-    if (id == cmd::StatusNodeInfo) {
+void CVeltoView::RegisterCommands() {
+    using Guard = CommandMap::Guard;
+    CommandMap& c = m_commands;
+    c.Add(cmd::ZoomOut, [this] { Zoom(-1); });
+    c.Add(cmd::ZoomIn, [this] { Zoom(+1); });
+    c.Add(cmd::WidthDown, [this] { ChangeWidth(-kWidthStep); });
+    c.Add(cmd::WidthUp, [this] { ChangeWidth(+kWidthStep); });
+    c.Add(cmd::CollapseAll, [this] { CollapseAll(); });
+    c.Add(cmd::ExpandAll, [this] { ExpandAll(); });
+    c.Add(cmd::BackupTree, [this] { TakeUndoCopy(); });
+    c.Add(cmd::SortByDate, [this] { SortByDate(); });
+    c.Add(cmd::EditCopy, [this] { m_chart->OnEditCopy(); });
+    c.Add(cmd::EditCut, [this] { m_chart->OnEditCut(); });
+    c.Add(cmd::EditPaste, [this] { m_chart->OnEditPaste(); });
+    c.Add(cmd::NextPane, [this] { SwitchPane(); });
+    c.Add(cmd::PrevPane, [this] { SwitchPane(); });
+    c.Add(
+        cmd::EditUndo, [this] { Undo(); }, [this](CommandState& s) { s.enabled = m_doc.m_pBackupFirst; });
+    c.Add(
+        cmd::ToggleCosts, [this] { ToggleCosts(); }, [this](CommandState& s) { s.checked = m_showCosts; });
+    c.Add(cmd::StatusNodeInfo, {}, [this](CommandState& s) {
         const CProjectNode* current = Current();
-        state.text = current ? NodeInfoLine(*current, m_showCosts) : QString();
-        return true;
+        s.text = current ? NodeInfoLine(*current, m_showCosts) : QString();
+    });
+
+    // The tree commands find the selected node themselves and do nothing without one; checking
+    // first would walk a large list twice.
+    const auto needsNode = [this](CommandState& s) { s.enabled = Current() != nullptr; };
+    c.Add(
+        cmd::NewNode, [this] { NewNode(); }, needsNode);
+    c.Add(
+        cmd::EditNode, [this] { EditNode(); }, needsNode);
+    c.Add(
+        cmd::DeleteNode, [this] { DeleteNode(); }, needsNode);
+    c.Add(
+        cmd::NodeColor, [this] { ChooseNodeColour(); }, needsNode, Guard::WhenEnabled);
+    for (const auto& [id, flag] : kFormatFlags) {
+        c.Add(
+            id, [this, flag = flag] { ToggleFlag(flag); },
+            [this, flag = flag](CommandState& s) {
+                const CProjectNode* node = Current();
+                s.enabled = node != nullptr;
+                s.checked = node && node->*flag;
+            },
+            Guard::WhenEnabled);
     }
-    if (IsLaterCommand(id)) {
-        state.enabled = false;
-        return true;
-    }
-    return UpdateNodeCommand(id, state);
+    const auto task = [this]() -> const CProjectNode* {
+        const CProjectNode* node = Current();
+        return node && node->m_nKind == KIND_TASK ? node : nullptr;
+    };
+    c.Add(
+        cmd::NodeDone, [this] { ToggleDone(); },
+        [task](CommandState& s) {
+            const CProjectNode* node = task();
+            s.enabled = node != nullptr;
+            s.checked = node && node->m_bDone;
+        },
+        Guard::WhenEnabled);
+    c.Add(
+        cmd::ClockIn, [this] { ClockIn(); },
+        [task](CommandState& s) { s.enabled = task() && !task()->m_bClockedIn; }, Guard::WhenEnabled);
+    c.Add(
+        cmd::ClockOut, [this] { ClockOut(); },
+        [task](CommandState& s) { s.enabled = task() && task()->m_bClockedIn; }, Guard::WhenEnabled);
+
+    // Commands of features still to come (search, my tasks, reports, printing, alarm): claimed
+    // disabled, so that the frame's handler of a shared id never runs while a project is open.
+    for (int id : {cmd::FindText, cmd::MyTasks, cmd::HoursReport, cmd::CostReport, cmd::FilePrint,
+                   cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::GoToAlarmNode, cmd::SearchStep,
+                   cmd::MyTasksChosen})
+        c.AddDisabled(id);
 }
 
-bool CVeltoView::UpdateNodeCommand(int id, CommandState& state) const {
-    if (IsPlainViewCommand(id))
-        return true;
-    if (id == cmd::EditUndo) {
-        state.enabled = m_doc.m_pBackupFirst != nullptr;
-        return true;
-    }
-    if (id == cmd::ToggleCosts) {
-        state.checked = m_showCosts;
-        return true;
-    }
-    // Finding the selected node walks the list, so only the commands that need it look.
-    const CProjectNode* node = Current();
-    const bool isTask = node && node->m_nKind == KIND_TASK;
-    if (int CProjectNode::*flag = FormatFlagOf(id)) {
-        state.enabled = node != nullptr;
-        state.checked = node && node->*flag;
-        return true;
-    }
-    switch (id) {
-    case cmd::NewNode:
-    case cmd::EditNode:
-    case cmd::DeleteNode:
-    case cmd::NodeColor:
-        state.enabled = node != nullptr;
-        return true;
-    case cmd::NodeDone:
-        state.enabled = isTask;
-        state.checked = isTask && node->m_bDone;
-        return true;
-    case cmd::ClockIn:
-        state.enabled = isTask && !node->m_bClockedIn;
-        return true;
-    case cmd::ClockOut:
-        state.enabled = isTask && node->m_bClockedIn;
-        return true;
-    default:
-        return false;
-    }
+bool CVeltoView::OnUpdateCommand(int id, CommandState& state) {
+    // The note's commands, and edit commands while the note has the focus, are the pane's.
+    return m_notePane->OnUpdateCommand(id, state) || m_commands.OnUpdateCommand(id, state);
 }
 
 bool CVeltoView::OnCommand(int id) {
-    if (IsLaterCommand(id))
-        return true; // claimed so that the frame's handler of a shared id does not run
-    if (m_notePane->OnCommand(id))
-        return true;
-    // The tree commands find the selected node themselves (or need none) and do nothing without
-    // one; checking first would walk a large list twice.
-    if (RunTreeCommand(id))
-        return true;
-    CommandState state;
-    if (!UpdateNodeCommand(id, state))
-        return false;
-    if (state.enabled)
-        RunNodeCommand(id);
-    return true;
-}
-
-bool CVeltoView::RunTreeCommand(int id) {
-    switch (id) {
-    case cmd::ZoomOut:
-        Zoom(-1);
-        return true;
-    case cmd::ZoomIn:
-        Zoom(+1);
-        return true;
-    case cmd::WidthDown:
-        ChangeWidth(-kWidthStep);
-        return true;
-    case cmd::WidthUp:
-        ChangeWidth(+kWidthStep);
-        return true;
-    case cmd::NewNode:
-        NewNode();
-        return true;
-    case cmd::EditNode:
-        EditNode();
-        return true;
-    case cmd::DeleteNode:
-        DeleteNode();
-        return true;
-    case cmd::CollapseAll:
-        CollapseAll();
-        return true;
-    case cmd::ExpandAll:
-        ExpandAll();
-        return true;
-    case cmd::BackupTree:
-        TakeUndoCopy();
-        return true;
-    case cmd::EditUndo:
-        Undo();
-        return true;
-    case cmd::SortByDate:
-        SortByDate();
-        return true;
-    case cmd::ToggleCosts:
-        ToggleCosts();
-        return true;
-    case cmd::EditCopy:
-        m_chart->OnEditCopy();
-        return true;
-    case cmd::EditCut:
-        m_chart->OnEditCut();
-        return true;
-    case cmd::EditPaste:
-        m_chart->OnEditPaste();
-        return true;
-    case cmd::NextPane:
-    case cmd::PrevPane:
-        SwitchPane();
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool CVeltoView::RunNodeCommand(int id) {
-    if (int CProjectNode::*flag = FormatFlagOf(id)) {
-        ToggleFlag(flag);
-        return true;
-    }
-    switch (id) {
-    case cmd::NodeDone:
-        ToggleDone();
-        return true;
-    case cmd::NodeColor:
-        ChooseNodeColour();
-        return true;
-    case cmd::ClockIn:
-        ClockIn();
-        return true;
-    case cmd::ClockOut:
-        ClockOut();
-        return true;
-    default:
-        return false;
-    }
+    return m_notePane->OnCommand(id) || m_commands.OnCommand(id);
 }
 
 void CVeltoView::OnDocumentUpdated(CVeltoDoc&) {
@@ -389,6 +284,7 @@ void CVeltoView::CollapseAll() {
 
 void CVeltoView::ExpandAll() {
     ExpandAllProjects(m_doc.m_pFirstNode);
+    // As for collapsing, the calendar keeps its day: the outline changed, not the time looked at.
     m_chart->OnVScroll(CGrafik::SB_THUMBPOSITION, 0);
     AfterDisplayChange();
 }
@@ -469,11 +365,16 @@ void CVeltoView::ClockOutOnClose(CProjectNode& node) {
 }
 
 void CVeltoView::SwitchPane() {
-    m_chart->setFocus(Qt::TabFocusReason);
+    if (m_notePane->EditorHasFocus() || !m_notePane->isVisible())
+        m_chart->setFocus(Qt::TabFocusReason);
+    else
+        m_notePane->FocusEditor();
 }
 
 void CVeltoView::OnMinuteTimer() {
-    // Today's column and the late marks follow the clock, also past midnight.
+    // Today's column and the late marks follow the clock, also past midnight; the late marks are
+    // worked out when the rows are indexed, so the index is rebuilt.
+    m_chart->InvalidateRows();
     Redraw();
 }
 
@@ -506,11 +407,11 @@ QMenu* CVeltoView::CreateNodeMenu(QWidget* parent) {
         QAction* action = menu->addAction(QString::fromUtf8(info->label));
         action->setStatusTip(QString::fromUtf8(info->prompt).section(QLatin1Char('\n'), 0, 0));
         CommandState state;
-        UpdateNodeCommand(id, state);
+        m_commands.OnUpdateCommand(id, state);
         action->setEnabled(state.enabled);
-        action->setCheckable(FormatFlagOf(id) || id == cmd::NodeDone);
+        action->setCheckable(IsFormatToggle(id) || id == cmd::NodeDone);
         action->setChecked(state.checked);
-        connect(action, &QAction::triggered, this, [this, id] { OnCommand(id); });
+        connect(action, &QAction::triggered, this, [this, id] { m_commands.OnCommand(id); });
     }
     if (menu->actions().last()->isSeparator())
         menu->removeAction(menu->actions().last());

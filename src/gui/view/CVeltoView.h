@@ -3,7 +3,7 @@
 // the menus, toolbar, keys and the node context menu on the selected node, keeps the one-level undo
 // copy current before every change of the tree, and ends every change by updating all views,
 // redrawing the chart and marking the document modified.
-#include "base/CommandTarget.h"
+#include "base/CommandMap.h"
 #include "chart/ChartHost.h"
 #include "document/CVeltoDoc.h"
 #include "view/ViewContext.h"
@@ -67,7 +67,8 @@ public:
 
     // CChartHost
     CVeltoDoc* Document() override { return &m_doc; }
-    void SendCommand(int id) override { OnCommand(id); }
+    void TakeUndoCopy() override;
+    void EditSelectedNode() override { EditNode(); }
     bool NotePaneHasFocus() const override;
     void PasteIntoNotePane() override;
     Prompter& ChartPrompter() override { return m_doc.GetPrompter(); }
@@ -77,9 +78,7 @@ protected:
 
 private:
     CProjectNode* Current() const;
-    bool UpdateNodeCommand(int id, CommandState& state) const;
-    bool RunNodeCommand(int id);
-    bool RunTreeCommand(int id);
+    void RegisterCommands();
 
     void Zoom(int step);
     void ChangeWidth(int step);
@@ -88,7 +87,6 @@ private:
     void DeleteNode();
     void CollapseAll();
     void ExpandAll();
-    void TakeUndoCopy();
     void Undo();
     void SortByDate();
     void ToggleCosts();
@@ -98,6 +96,7 @@ private:
     void ClockIn();
     void ClockOut();
     void ClockOutOnClose(CProjectNode& node);
+    // F6 and Shift+F6: with two panes, both move the focus to the other one.
     void SwitchPane();
     void ShowContextMenu(const QPoint& pos);
     void OnMinuteTimer();
@@ -114,11 +113,12 @@ private:
     ViewContext m_context;
     CGrafik* m_chart;
     CNotePane* m_notePane;
-    QTimer m_reminderTimer;
+    QTimer m_reminderTimer{this};
     bool m_noteFollowPending = false;
     int m_mindMapZoom = 20;
     bool m_showsMindMap = false;
     bool m_showCosts = false;
     // Earliest first on the first sort; every sort flips it.
     bool m_sortAscending = true;
+    CommandMap m_commands;
 };

@@ -32,7 +32,7 @@ TEST_F(CGrafikClipboard, ACutSubtreeIsPastedOnceWithItsLevelsShifted) {
     chart.OnEditCut();
     EXPECT_EQ(Outline(First()), "0:R 1:A 2:B 2:a2 1:T");
     EXPECT_EQ(Selected(), "B");
-    EXPECT_EQ(host.commands, std::vector<int>{CHART_CMD_BACKUP_TREE});
+    EXPECT_EQ(host.requests, std::vector<std::string>{"undo copy"});
     EXPECT_TRUE(host.doc.IsModified());
     EXPECT_EQ(SystemClipboard(), QString::fromUtf8("C\n\tGröße €"));
 
@@ -44,13 +44,13 @@ TEST_F(CGrafikClipboard, ACutSubtreeIsPastedOnceWithItsLevelsShifted) {
     EXPECT_EQ(Selected(), "T");
     chart.OnEditPaste();
     EXPECT_EQ(host.prompter.texts(), std::vector<std::string>{"Zwischenablage ist leer!"});
-    EXPECT_EQ(host.commands.size(), 2u) << "no undo copy for a paste that does nothing";
+    EXPECT_EQ(host.requests.size(), 2u) << "no undo copy for a paste that does nothing";
 }
 
 TEST_F(CGrafikClipboard, ACopyLeavesTheOriginalAndPastesAsOftenAsWanted) {
     Select("B");
     chart.OnEditCopy();
-    EXPECT_TRUE(host.commands.empty());
+    EXPECT_TRUE(host.requests.empty());
     EXPECT_FALSE(host.doc.IsModified());
     EXPECT_EQ(SystemClipboard(), QString::fromUtf8("B\n\tC\n\t\tGröße €"));
     Node("C")->m_strTitle = "D";
@@ -80,7 +80,7 @@ TEST_F(CGrafikClipboard, TheFirstNodeCannotBeCutAndPasteDefersToAFocusedNotePane
     chart.OnEditPaste();
     EXPECT_EQ(host.notePastes, 1);
     EXPECT_FALSE(NodeClipboard::Instance().IsEmpty());
-    EXPECT_TRUE(host.commands.empty());
+    EXPECT_TRUE(host.requests.empty());
     EXPECT_EQ(Outline(First()), "0:R 1:A 2:B 3:C 4:Gr\xF6\xDF"
                                 "e \x80 2:a2 1:T");
 }

@@ -47,11 +47,11 @@ TEST_F(CGrafikInteraction, ClickSelectsDoubleClickEdits) {
     Click(chart, QPoint(200, 10));
     Click(chart, RowPoint(9));
     EXPECT_EQ(Selected(), "B") << "header and empty rows select nothing";
-    EXPECT_TRUE(host.commands.empty());
+    EXPECT_TRUE(host.requests.empty());
 
     DoubleClick(chart, RowPoint(5));
     EXPECT_EQ(Selected(), "T");
-    EXPECT_EQ(host.commands, std::vector<int>{CHART_CMD_EDIT_NODE});
+    EXPECT_EQ(host.requests, std::vector<std::string>{"edit"});
     EXPECT_FALSE(chart.ClickPending());
 }
 
@@ -118,7 +118,7 @@ TEST_F(CGrafikInteraction, DividersFollowTheMouseOnlyWithinTheirRanges) {
 TEST_F(CGrafikInteraction, DraggingARowMovesItsSubtreeBeforeTheRowBelowTheLine) {
     DragRow(3, LowerHalfOf(0)); // B with b1 to the line below R: before A
     EXPECT_EQ(Outline(First()), "0:R 1:B 2:b1 1:A 2:a1 1:T 1:N");
-    EXPECT_EQ(host.commands, std::vector<int>{CHART_CMD_BACKUP_TREE});
+    EXPECT_EQ(host.requests, std::vector<std::string>{"undo copy"});
     EXPECT_TRUE(host.doc.IsModified());
     EXPECT_EQ(Selected(), "B");
     EXPECT_EQ(chart.DragMode(), CGrafik::DRAG_NONE);
@@ -136,7 +136,7 @@ TEST_F(CGrafikInteraction, RefusedDropsSayWhyAndTakeNoUndoCopy) {
     const QPoint t = RowPoint(5); // and, after a detour, onto the line right below itself
     Drag(t, {t + QPoint(3, 0), QPoint(200, LowerHalfOf(6)), QPoint(200, LowerHalfOf(5))});
     EXPECT_EQ(Outline(First()), before);
-    EXPECT_TRUE(host.commands.empty());
+    EXPECT_TRUE(host.requests.empty());
     EXPECT_FALSE(host.doc.IsModified());
     EXPECT_EQ(host.prompter.texts(),
               (std::vector<std::string>{"Ein Knoten kann nicht unter sich selbst verschoben werden!",

@@ -1,5 +1,5 @@
 #pragma once
-// Input helpers and a host for the chart tests that records the commands the chart sends; the node
+// Input helpers and a host for the chart tests that records what the chart asks of it; the node
 // lists come from the outline tests.
 #include "chart/CGrafik.h"
 #include "chart/ChartHost.h"
@@ -53,18 +53,18 @@ class TestHost : public CChartHost {
 public:
     TestHost() : doc(prompter) {}
     CVeltoDoc* Document() override { return &doc; }
-    void SendCommand(int id) override {
-        commands.push_back(id);
-        if (id == CHART_CMD_BACKUP_TREE)
-            doc.BackupTree();
+    void TakeUndoCopy() override {
+        requests.push_back("undo copy");
+        doc.BackupTree();
     }
+    void EditSelectedNode() override { requests.push_back("edit"); }
     bool NotePaneHasFocus() const override { return notePaneFocused; }
     void PasteIntoNotePane() override { ++notePastes; }
     Prompter& ChartPrompter() override { return prompter; }
 
     ScriptedPrompter prompter;
     CVeltoDoc doc;
-    std::vector<int> commands;
+    std::vector<std::string> requests; // what the chart asked the host for, in order
     bool notePaneFocused = false;
     int notePastes = 0;
 };

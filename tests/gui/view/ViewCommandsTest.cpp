@@ -18,8 +18,10 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QTest>
 #include <QTextEdit>
 #include <QTimeEdit>
+#include <QTimer>
 
 using namespace charttest;
 
@@ -153,12 +155,43 @@ TEST_F(ViewCommands, SortAlternatesDirectionByTheConfiguredDate) {
     Node("t2")->m_timeDue = Day(8);
     Node("t3")->m_timeDue = Day(7);
     MakeView(byDue);
+    const std::string unsorted = Outline();
     Run(cmd::SortByDate);
     EXPECT_EQ(Outline(), "0:R 1:N 1:M 1:P 2:t3 2:t2 2:t1") << "ascending first, by due date";
-    ASSERT_TRUE(doc.m_pBackupFirst);
+    Run(cmd::EditUndo);
+    EXPECT_EQ(Outline(), unsorted) << "the undo copy is taken before sorting";
+    Run(cmd::EditUndo);
     Run(cmd::SortByDate);
     EXPECT_EQ(Outline(), "0:R 1:P 2:t1 2:t2 2:t3 1:M 1:N");
     EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(ViewCommands, LateMarksFollowTheClockWithoutAClick) {
+    CVeltoView& view = MakeView();
+    CTime now = Day(1, 12); // t2 is due at the end of that day
+    view.Chart().SetClock([&] { return now; });
+    view.Redraw();
+    ASSERT_EQ(Node("t2")->m_nRowAux, 0);
+    now = Day(2, 0, 1);
+    auto* timer = view.findChild<QTimer*>(QStringLiteral("minuteTimer"));
+    ASSERT_TRUE(timer);
+    timer->start(1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Node("t2")->m_nRowAux != 0; }, 2000));
+}
+
+TEST_F(ViewCommands, F6AndShiftF6MoveTheFocusBetweenChartAndNote) {
+    CVeltoView& view = MakeView();
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    view.Chart().setFocus();
+    Run(cmd::NextPane);
+    EXPECT_TRUE(view.NotePane().EditorHasFocus());
+    Run(cmd::NextPane);
+    EXPECT_TRUE(view.Chart().hasFocus());
+    Run(cmd::PrevPane);
+    EXPECT_TRUE(view.NotePane().EditorHasFocus());
+    Run(cmd::PrevPane);
+    EXPECT_TRUE(view.Chart().hasFocus());
 }
 
 TEST_F(ViewCommands, CollapseAllSelectsTheFirstNodeAndExpandAllKeepsTheSelection) {
