@@ -11,6 +11,7 @@ PACKAGES=(
   nlohmann-json3-dev
   locales-all fonts-liberation
   xvfb xauth
+  python3
 )
 
 missing=()
