@@ -1,6 +1,8 @@
 # The commands of the README. Everything else is internal plumbing.
 BUILD_DIR ?= build
 JOBS ?= $(shell nproc)
+# CI sets WERROR=ON so that a warning fails the build; developers see warnings without the failure.
+WERROR ?= OFF
 
 .PHONY: run test bench deps configure build
 
@@ -22,7 +24,8 @@ deps:
 	@bash scripts/install-deps.sh
 
 configure: deps
-	@cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELTO_BUILD_GUI=ON -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >/dev/null
+	@cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELTO_BUILD_GUI=ON \
+	    -DVELTO_WERROR=$(WERROR) -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >/dev/null
 
 build: configure
 	@cmake --build $(BUILD_DIR) -j $(JOBS)
