@@ -1,8 +1,10 @@
-# The two commands of the README. Everything else is internal plumbing.
+# The commands of the README. Everything else is internal plumbing.
 BUILD_DIR ?= build
 JOBS ?= $(shell nproc)
+# CI sets WERROR=ON so that a warning fails the build; developers see warnings without the failure.
+WERROR ?= OFF
 
-.PHONY: run test deps build
+.PHONY: run test bench deps configure build
 
 run: build
 	./$(BUILD_DIR)/src/velto examples/Beispielprojekt.VT5
@@ -10,9 +12,20 @@ run: build
 test: build
 	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
 
+# Builds the benchmarks (they are not part of `build`) and says how to run them.
+bench: configure
+	@cmake --build $(BUILD_DIR) -j $(JOBS) --target velto_bench
+	@echo "Benchmarks built. Run them one at a time on a quiet machine (see docs/performance.md):"
+	@echo "  $(BUILD_DIR)/bench/velto_core_bench    # node list, project file, RTF"
+	@echo "  $(BUILD_DIR)/bench/velto_gui_bench     # chart redraw and view commands (offscreen)"
+	@echo "  add e.g. --benchmark_filter=BM_Rtf to run only some of them"
+
 deps:
 	@bash scripts/install-deps.sh
 
-build: deps
-	@cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELTO_BUILD_GUI=ON -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >/dev/null
+configure: deps
+	@cmake -S . -B $(BUILD_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELTO_BUILD_GUI=ON \
+	    -DVELTO_WERROR=$(WERROR) -DCMAKE_CXX_COMPILER_LAUNCHER=ccache >/dev/null
+
+build: configure
 	@cmake --build $(BUILD_DIR) -j $(JOBS)

@@ -1,4 +1,5 @@
 // velto: the desktop program. Everything but the command line lives in the velto_gui library.
+#include "VeltoVersion.h"
 #include "app/CVeltoApp.h"
 #include "app/CommandLine.h"
 #include "base/QtDesktop.h"
@@ -31,7 +32,7 @@ int main(int argc, char** argv) {
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Velto"));
-    QApplication::setApplicationVersion(QStringLiteral("5.0"));
+    QApplication::setApplicationVersion(QLatin1String(kVeltoVersion));
     CVeltoApp::InstallQtTranslation();
 
     // Qt has taken its own options (-platform and the like) out of the arguments by now.

@@ -3,6 +3,7 @@
 #include "ExitStatus.h"
 #include "ProjectCommands.h"
 #include "RtfCommands.h"
+#include "VeltoVersion.h"
 
 #include <string_view>
 
@@ -28,7 +29,7 @@ constexpr Command kCommands[] = {
     {"rtf-rewrite", RunRtfRewrite},
 };
 
-constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE
+constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE | --help | --version
   info DATEI          kurze Übersicht über eine Projektdatei (.VT5)
   dump DATEI          die ganze Projektdatei als JSON (UTF-8) auf die Standardausgabe
   build JSON AUSGABE  aus dem JSON von dump wieder die Projektdatei
@@ -36,6 +37,7 @@ constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE
   rtf-text DATEI      der reine Text einer RTF-Datei
   rtf-rewrite DATEI   eine RTF-Datei, so wie Velto sie schreibt
   --help              diese Hilfe
+  --version           die Versionsnummer
 Exit-Status: 0 gelungen, 1 falscher Aufruf, 2 Datei nicht lesbar oder schreibbar bzw.
 JSON abgelehnt, 3 "Falsches Dateiformat!" (das Ersatzdokument mit einem Knoten wird ausgegeben).
 )";
@@ -44,7 +46,11 @@ JSON abgelehnt, 3 "Falsches Dateiformat!" (das Ersatzdokument mit einem Knoten w
 
 int RunCommandLine(const std::vector<std::string>& words, std::ostream& out, std::ostream& err) {
     if (words.size() == 1 && (words[0] == "--help" || words[0] == "-h")) {
-        out << kUsage;
+        out << "velto-cli " << kVeltoVersion << "\n\n" << kUsage;
+        return kExitOk;
+    }
+    if (words.size() == 1 && (words[0] == "--version" || words[0] == "-v")) {
+        out << "velto-cli " << kVeltoVersion << "\n";
         return kExitOk;
     }
     for (const Command& command : kCommands) {

@@ -1,5 +1,6 @@
 #include "app/CMainFrame.h"
 
+#include "VeltoVersion.h"
 #include "app/CChildFrame.h"
 #include "app/RecentFileList.h"
 #include "app/WindowPlacement.h"
@@ -403,8 +404,9 @@ void CMainFrame::OpenManual() {
 }
 
 void CMainFrame::ShowAbout() {
-    m_desktop.GetPrompter().Tell("Velto 5.0\n\nProjekte als Zeitplan oder Mind Map planen,\n"
-                                 "Notizen, Stunden und Kosten erfassen.",
+    m_desktop.GetPrompter().Tell(std::string("Velto ") + kVeltoVersion +
+                                     "\n\nProjekte als Zeitplan oder Mind Map planen,\n"
+                                     "Notizen, Stunden und Kosten erfassen.",
                                  "Info über Velto");
 }
 

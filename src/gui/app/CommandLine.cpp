@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "VeltoVersion.h"
 
 #include <QCommandLineParser>
 
@@ -41,5 +42,5 @@ QString UsageText() {
 }
 
 QString VersionText() {
-    return QStringLiteral("Velto 5.0\n");
+    return QStringLiteral("Velto %1\n").arg(QLatin1String(kVeltoVersion));
 }
