@@ -322,7 +322,7 @@ TEST_F(CliTest, RtfTextAndRewriteReadTheNoteAsTheProgramDoes) {
     EXPECT_EQ(rewritten.status, 0);
     EXPECT_EQ(rewritten.out.rfind("{\\rtf1\\ansi\\ansicpg1252", 0), 0u);
 
-    for (const std::string& command : {"rtf-text", "rtf-rewrite"}) {
+    for (const char* command : {"rtf-text", "rtf-rewrite"}) {
         const CliRun missing = Run({command, Path("fehlt.rtf")});
         EXPECT_EQ(std::tuple(missing.status, missing.out), std::tuple(2, ""));
         EXPECT_NE(missing.err.find("kann nicht gelesen werden: Datei oder Ordner nicht gefunden."),
