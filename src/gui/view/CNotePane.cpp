@@ -165,9 +165,10 @@ CNotePane::CNotePane(CVeltoDoc& doc, Prompter& prompter, QWidget* parent)
         auto* action = new QAction(m_editor);
         action->setShortcut(key);
         action->setShortcutContext(Qt::WidgetShortcut);
-        connect(action, &QAction::triggered, this, [this, id = id] { Run(id); });
+        connect(action, &QAction::triggered, this, [this, id = id] { m_commands.OnCommand(id); });
         m_editor->addAction(action);
     }
+    RegisterCommands();
     ApplyEditable();
 }
 
@@ -193,7 +194,7 @@ QWidget* CNotePane::CreateButtonRow() {
         button->setCheckable(spec.checkable);
         // Clicking a button leaves the selection in the text where it is.
         button->setFocusPolicy(Qt::NoFocus);
-        connect(button, &QToolButton::clicked, this, [this, id = spec.id] { Run(id); });
+        connect(button, &QToolButton::clicked, this, [this, id = spec.id] { m_commands.OnCommand(id); });
         layout->addWidget(button);
         m_buttons[i] = button;
     }
@@ -289,90 +290,66 @@ void CNotePane::UpdateButtons() {
     }
 }
 
-bool CNotePane::OnUpdateCommand(int id, CommandState& state) {
-    if (!IsNoteCommand(id) && !(IsEditCommand(id) && EditorHasFocus()))
-        return false;
-    return UpdateState(id, state);
+void CNotePane::RegisterCommands() {
+    // The format buttons run the same commands as the note menu; both are registered here.
+    const auto editable = [this](CommandState& state) { state.enabled = Editable(); };
+    const auto editing = [this](std::function<void()> operation) {
+        return [this, operation = std::move(operation)] {
+            if (Editable())
+                Change(operation);
+        };
+    };
+    const std::array<std::tuple<int, int, Effect>, 3> effects = {{
+        {cmd::NoteBold, kBoldButton, Effect::Bold},
+        {cmd::NoteItalic, kItalicButton, Effect::Italic},
+        {cmd::NoteUnderline, kUnderlineButton, Effect::Underline},
+    }};
+    for (const auto& [command, button, effect] : effects) {
+        const auto toggle = editing([this, effect = effect] { ToggleEffect(effect); });
+        const auto update = [this, effect = effect](CommandState& state) {
+            state.enabled = Editable();
+            state.checked = notetext::EffectOfSelection(m_editor->textCursor(), effect) == true;
+        };
+        m_commands.Add(command, toggle, update);
+        m_commands.Add(button, toggle, update);
+    }
+    for (int button : {kAlignLeftButton, kAlignCentreButton, kAlignRightButton})
+        m_commands.Add(
+            button, editing([this, alignment = *AlignmentOf(button)] { m_editor->setAlignment(alignment); }),
+            editable);
+    m_commands.Add(kColourButton, editing([this] { ChooseColour(); }), editable);
+    m_commands.Add(kLargerButton, editing([this] { StepSize(rtf::kSizeStepPoints); }), editable);
+    m_commands.Add(kSmallerButton, editing([this] { StepSize(-rtf::kSizeStepPoints); }), editable);
+    m_commands.Add(kHyperlinkButton, editing([this] { InsertHyperlink(); }), editable);
+    m_commands.Add(cmd::InsertHyperlink, editing([this] { InsertHyperlink(); }), editable);
+    m_commands.Add(cmd::NoteFont, editing([this] { ChooseFont(); }), editable);
+
+    m_commands.Add(cmd::EditUndo, editing([this] { m_editor->undo(); }), [this](CommandState& state) {
+        state.enabled = Editable() && m_editor->document()->isUndoAvailable();
+    });
+    m_commands.Add(cmd::EditCut, editing([this] { m_editor->cut(); }), [this](CommandState& state) {
+        state.enabled = Editable() && m_editor->textCursor().hasSelection();
+    });
+    m_commands.Add(cmd::EditPaste, editing([this] { m_editor->paste(); }),
+                   [this](CommandState& state) { state.enabled = Editable() && m_editor->canPaste(); });
+    // Copying changes nothing, so it works in a read-only project too.
+    m_commands.Add(
+        cmd::EditCopy, [this] { m_editor->copy(); },
+        [this](CommandState& state) { state.enabled = m_editor->textCursor().hasSelection(); });
 }
 
-bool CNotePane::UpdateState(int id, CommandState& state) const {
-    const QTextCursor cursor = m_editor->textCursor();
-    if (const auto effect = EffectOf(id)) {
-        state.enabled = Editable();
-        state.checked = notetext::EffectOfSelection(cursor, *effect) == true;
-        return true;
-    }
-    switch (id) {
-    case cmd::NoteFont:
-    case cmd::InsertHyperlink:
-        state.enabled = Editable();
-        return true;
-    case cmd::EditUndo:
-        state.enabled = Editable() && m_editor->document()->isUndoAvailable();
-        return true;
-    case cmd::EditCopy:
-        state.enabled = cursor.hasSelection();
-        return true;
-    case cmd::EditCut:
-        state.enabled = Editable() && cursor.hasSelection();
-        return true;
-    case cmd::EditPaste:
-        state.enabled = Editable() && m_editor->canPaste();
-        return true;
-    default:
-        return false;
-    }
+bool CNotePane::IsRoutedHere(int id) const {
+    // The note's commands always; the edit commands only while the note has the focus. The
+    // buttons' ids are the pane's own, not the router's.
+    return IsNoteCommand(id) || (IsEditCommand(id) && EditorHasFocus());
+}
+
+bool CNotePane::OnUpdateCommand(int id, CommandState& state) {
+    return IsRoutedHere(id) && m_commands.OnUpdateCommand(id, state);
 }
 
 bool CNotePane::OnCommand(int id) {
-    if (!IsNoteCommand(id) && !(IsEditCommand(id) && EditorHasFocus()))
-        return false;
-    Run(id);
-    return true;
-}
-
-void CNotePane::Run(int id) {
-    if (id == cmd::EditCopy) {
-        m_editor->copy();
-        return;
-    }
-    if (!Editable())
-        return;
-    if (const auto effect = EffectOf(id)) {
-        Change([this, effect] { ToggleEffect(*effect); });
-        return;
-    }
-    if (const auto alignment = AlignmentOf(id)) {
-        Change([this, alignment] { m_editor->setAlignment(*alignment); });
-        return;
-    }
-    switch (id) {
-    case kColourButton:
-        Change([this] { ChooseColour(); });
-        break;
-    case kLargerButton:
-        Change([this] { StepSize(rtf::kSizeStepPoints); });
-        break;
-    case kSmallerButton:
-        Change([this] { StepSize(-rtf::kSizeStepPoints); });
-        break;
-    case kHyperlinkButton:
-    case cmd::InsertHyperlink:
-        Change([this] { InsertHyperlink(); });
-        break;
-    case cmd::NoteFont:
-        Change([this] { ChooseFont(); });
-        break;
-    case cmd::EditUndo:
-        Change([this] { m_editor->undo(); });
-        break;
-    case cmd::EditCut:
-        Change([this] { m_editor->cut(); });
-        break;
-    case cmd::EditPaste:
-        Change([this] { m_editor->paste(); });
-        break;
-    }
+    return IsRoutedHere(id) && m_commands.OnCommand(id);
 }
 
 void CNotePane::Change(const std::function<void()>& operation) {
@@ -465,11 +442,11 @@ QMenu* CNotePane::CreateContextMenu(QWidget* parent) {
         QAction* action = menu->addAction(QString::fromUtf8(item.label));
         action->setObjectName(QStringLiteral("command%1").arg(item.id));
         CommandState state;
-        UpdateState(item.id, state);
+        m_commands.OnUpdateCommand(item.id, state);
         action->setEnabled(state.enabled);
         action->setCheckable(EffectOf(item.id).has_value());
         action->setChecked(state.checked);
-        connect(action, &QAction::triggered, this, [this, id = item.id] { Run(id); });
+        connect(action, &QAction::triggered, this, [this, id = item.id] { m_commands.OnCommand(id); });
     }
     return menu;
 }

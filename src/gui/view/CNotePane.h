@@ -3,7 +3,7 @@
 // below a row of ten format buttons (141 to 150). An edited note is written back into its node, with
 // the change time stamp and the document's modified flag, on every key let go, after every format
 // operation and when the control loses the focus; a note that was only looked at keeps its bytes.
-#include "base/CommandTarget.h"
+#include "base/CommandMap.h"
 #include "model/CTime.h"
 #include "model/NoteText.h"
 
@@ -90,9 +90,8 @@ private:
     bool Editable() const;
     void ApplyEditable();
     void UpdateButtons();
-    bool UpdateState(int id, CommandState& state) const;
-    // Runs a format button, a note command or an edit command.
-    void Run(int id);
+    void RegisterCommands();
+    bool IsRoutedHere(int id) const;
     // Every change through a button or menu ends alike: the note is saved and the focus goes back
     // to the text.
     void Change(const std::function<void()>& operation);
@@ -123,4 +122,6 @@ private:
     // and while the node still shares this text, finding that out costs no comparison of bytes.
     NoteText m_shownNote;
     bool m_readOnly = false;
+    // The note commands, the edit commands and the format buttons.
+    CommandMap m_commands;
 };
