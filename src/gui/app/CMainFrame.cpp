@@ -6,29 +6,20 @@
 #include "app/WindowPlacement.h"
 #include "base/ActionSet.h"
 #include "base/CommandIds.h"
-#include "base/Cp1252Text.h"
 #include "base/Desktop.h"
 #include "base/Icons.h"
-#include "base/ProjectFiles.h"
 #include "base/Settings.h"
 #include "common/Prompter.h"
-#include "document/CVeltoDoc.h"
-#include "files/DataDir.h"
 #include "view/CVeltoView.h"
 
 #include <QCloseEvent>
 #include <QDir>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPointer>
-#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
-
-#include <algorithm>
 
 namespace {
 constexpr int kIdleIntervalMs = 200;
@@ -47,10 +38,6 @@ QString Text(const char* utf8) {
     return QString::fromUtf8(utf8);
 }
 
-void Tell(Desktop& desktop, const QString& text) {
-    desktop.GetPrompter().Tell(text.toStdString(), Prompter::kCaption, PromptIcon::Warning);
-}
-
 void ForEachMenu(QMenu* menu, const std::function<void(QMenu*)>& visit) {
     visit(menu);
     for (QAction* action : menu->actions())
@@ -61,6 +48,7 @@ void ForEachMenu(QMenu* menu, const std::function<void(QMenu*)>& visit) {
 
 CMainFrame::CMainFrame(Desktop& desktop, SettingsStore& settings, RecentFileList& recent)
     : m_desktop(desktop), m_settings(settings), m_recent(recent), m_mdi(new QMdiArea(this)),
+      m_documents(*this, *m_mdi, desktop, settings, recent),
       m_router([this] { return RoutingChain(); }, this),
       m_actions(std::make_unique<ActionSet>(*this, m_router)) {
     setWindowTitle(QStringLiteral("Velto"));
@@ -222,8 +210,8 @@ std::vector<CommandTarget*> CMainFrame::RoutingChain() {
 
 void CMainFrame::RegisterCommands() {
     CommandMap& c = m_commands;
-    c.Add(cmd::FileNew, [this] { NewDocument(); });
-    c.Add(cmd::FileOpen, [this] { ChooseAndOpen(); });
+    c.Add(cmd::FileNew, [this] { m_documents.NewDocument(); });
+    c.Add(cmd::FileOpen, [this] { m_documents.ChooseAndOpen(); });
     c.Add(cmd::AppExit, [this] { close(); });
     c.Add(cmd::AppAbout, [this] { ShowAbout(); });
     c.Add(cmd::ImportVt4, [this] { StartConverter(); });
@@ -251,7 +239,7 @@ void CMainFrame::RegisterCommands() {
         cmd::WindowTile, [this] { m_mdi->tileSubWindows(); }, needsWindow);
     for (int index = 0; index < cmd::RecentFileCount; ++index)
         c.Add(
-            cmd::FileMru1 + index, [this, index] { OpenRecent(index); },
+            cmd::FileMru1 + index, [this, index] { m_documents.OpenRecent(index); },
             [this, index](CommandState& state) { state.enabled = index < m_recent.Files().size(); },
             CommandMap::Guard::WhenEnabled);
     // The dialogs of the settings, holidays and assignees are set from outside the shell.
@@ -261,88 +249,6 @@ void CMainFrame::RegisterCommands() {
 
 void CMainFrame::SetCommandHandler(int id, std::function<void()> handler) {
     m_commands.Add(id, std::move(handler));
-}
-
-std::unique_ptr<CVeltoDoc> CMainFrame::MakeDocument() const {
-    const SettingsSession settings = m_settings.Open();
-    const QString font = settings.Get(setting::NoteFontName);
-    const int size =
-        std::clamp(settings.Get(setting::NoteFontSize), setting::kMinNoteFontSize, setting::kMaxNoteFontSize);
-    return std::make_unique<CVeltoDoc>(m_desktop.GetPrompter(), ToCp1252Lossy(font), size);
-}
-
-CChildFrame* CMainFrame::NewDocument() {
-    auto doc = MakeDocument();
-    if (!doc->OnNewDocument())
-        return nullptr;
-    return AddChild(std::move(doc), false);
-}
-
-CChildFrame* CMainFrame::OpenDocumentFile(const QString& path) {
-    const QString key = FileKey(path);
-    if (CChildFrame* open = FindDocument(key)) {
-        m_mdi->setActiveSubWindow(open);
-        m_recent.Add(key);
-        return open;
-    }
-    if (!QFileInfo::exists(key)) {
-        Tell(m_desktop, Text("Die Datei\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(key)));
-        return nullptr;
-    }
-    auto doc = MakeDocument();
-    if (!doc->OnOpenDocument(ToCorePath(key)))
-        return nullptr;
-    CChildFrame* child = AddChild(std::move(doc), true);
-    m_recent.Add(key);
-    return child;
-}
-
-CChildFrame* CMainFrame::OpenStateReadOnly(const QString& statePath) {
-    auto doc = MakeDocument();
-    if (!doc->OpenStateReadOnly(ToCorePath(statePath)))
-        return nullptr;
-    return AddChild(std::move(doc), true);
-}
-
-CChildFrame* CMainFrame::FindDocument(const QString& fileKey) const {
-    for (CChildFrame* child : Children()) {
-        const std::string& path = child->GetDocument().GetPathName();
-        if (!path.empty() && FileKey(FromCorePath(path)) == fileKey)
-            return child;
-    }
-    return nullptr;
-}
-
-CChildFrame* CMainFrame::AddChild(std::unique_ptr<CVeltoDoc> doc, bool fromFile) {
-    CVeltoView* view =
-        m_viewFactory ? m_viewFactory(*doc, m_state)
-                      : new CVeltoView(*doc, m_state, ReadViewContext(m_settings.Open(), HolidayFilePath()));
-    auto* child = new CChildFrame(std::move(doc), view, *this);
-    child->Commands().SetStateOpener([this](const QString& path) { OpenStateReadOnly(path); });
-    m_mdi->addSubWindow(child);
-    const QSize area = m_mdi->viewport()->size();
-    const QSize screenSize = screen() ? screen()->size() : QSize(800, 600);
-    const bool placed = fromFile && child->ApplyViewValues(child->GetDocument().m_view, area, screenSize);
-    if (!placed)
-        child->setGeometry(NewChildWindowPlacement(area, int(Children().size()) - 1));
-    if (!child->isMaximized())
-        child->show();
-    m_mdi->setActiveSubWindow(child);
-    ShowMenuSet();
-    return child;
-}
-
-void CMainFrame::ChooseAndOpen() {
-    const QString path = m_desktop.ChooseFileToOpen(this);
-    if (!path.isEmpty())
-        OpenDocumentFile(path);
-}
-
-void CMainFrame::OpenRecent(int index) {
-    const QString path = m_recent.Files().value(index);
-    // A file that is gone leaves the list; one that the user chose not to open (it is locked) stays.
-    if (!path.isEmpty() && !OpenDocumentFile(path) && !QFileInfo::exists(path))
-        m_recent.Remove(path);
 }
 
 void CMainFrame::FillRecentFiles() {
@@ -386,21 +292,21 @@ void CMainFrame::StartConverter() {
 #endif
     const QString path = QDir(m_desktop.ProgramDir()).filePath(name);
     if (!QFileInfo::exists(path))
-        Tell(m_desktop,
-             Text("Das Umwandlungsprogramm\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(path)));
+        m_desktop.Warn(
+            Text("Das Umwandlungsprogramm\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(path)));
     else if (!m_desktop.StartProgram(path))
-        Tell(m_desktop, Text("Das Umwandlungsprogramm\n%1\nkonnte nicht gestartet werden.")
-                            .arg(QDir::toNativeSeparators(path)));
+        m_desktop.Warn(Text("Das Umwandlungsprogramm\n%1\nkonnte nicht gestartet werden.")
+                           .arg(QDir::toNativeSeparators(path)));
 }
 
 void CMainFrame::OpenManual() {
     const QString path = QDir(m_desktop.ProgramDir()).filePath(QStringLiteral("Velto.pdf"));
     if (!QFileInfo::exists(path))
-        Tell(m_desktop, Text("Das Handbuch\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(path)));
+        m_desktop.Warn(Text("Das Handbuch\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(path)));
     else if (!m_desktop.OpenDocument(path))
-        Tell(m_desktop,
-             Text("Das Handbuch\n%1\nkonnte nicht geöffnet werden. Ist ein PDF-Betrachter installiert?")
-                 .arg(QDir::toNativeSeparators(path)));
+        m_desktop.Warn(
+            Text("Das Handbuch\n%1\nkonnte nicht geöffnet werden. Ist ein PDF-Betrachter installiert?")
+                .arg(QDir::toNativeSeparators(path)));
 }
 
 void CMainFrame::ShowAbout() {
@@ -418,25 +324,9 @@ void CMainFrame::OnIdle() {
     ShowMenuSet();
 }
 
-bool CMainFrame::CloseAllDocuments() {
-    const QList<CChildFrame*> children = Children();
-    for (CChildFrame* child : children)
-        if (!child->Commands().SaveModified())
-            return false;
-    bool allClosed = true;
-    for (CChildFrame* child : children) {
-        if (child->GetDocument().OnCloseDocument())
-            child->CloseConfirmed();
-        else
-            allClosed = false;
-    }
-    ShowMenuSet();
-    return allClosed;
-}
-
 void CMainFrame::closeEvent(QCloseEvent* event) {
     SavePlacement();
-    if (CloseAllDocuments())
+    if (m_documents.CloseAllDocuments())
         event->accept();
     else
         event->ignore();
@@ -451,6 +341,6 @@ void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
 void CMainFrame::dropEvent(QDropEvent* event) {
     for (const QUrl& url : event->mimeData()->urls())
         if (url.isLocalFile())
-            OpenDocumentFile(url.toLocalFile());
+            m_documents.OpenDocumentFile(url.toLocalFile());
     event->acceptProposedAction();
 }

@@ -41,11 +41,11 @@ void CVeltoApp::Start(const QStringList& files) {
         m_frame->show();
     bool named = OpenStartupFiles();
     for (const QString& file : files) {
-        m_frame->OpenDocumentFile(file);
+        m_frame->Documents().OpenDocumentFile(file);
         named = true;
     }
     if (!named)
-        m_frame->NewDocument();
+        m_frame->Documents().NewDocument();
 }
 
 bool CVeltoApp::OpenStartupFiles() {
@@ -57,7 +57,7 @@ bool CVeltoApp::OpenStartupFiles() {
             continue;
         named = true;
         if (QFileInfo::exists(path)) {
-            m_frame->OpenDocumentFile(path);
+            m_frame->Documents().OpenDocumentFile(path);
             continue;
         }
         const QString text =

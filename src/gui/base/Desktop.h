@@ -22,4 +22,7 @@ public:
     virtual bool OpenDocument(const QString& path) = 0;
     // The folder of the velto executable (the manual and the converter live beside it).
     virtual QString ProgramDir() const = 0;
+
+    // A message with the program's caption and a warning icon.
+    void Warn(const QString& text);
 };

@@ -214,9 +214,9 @@ TEST_F(ShellRouting, Command32791IsSettingsWithoutAViewAndBoldWithOne) {
     EXPECT_EQ(settingsOpened, 1);
 
     BoldView* view = nullptr;
-    frame.SetViewFactory(
+    frame.Documents().SetViewFactory(
         [&](CVeltoDoc& doc, const ShellState& state) { return view = new BoldView(doc, state); });
-    ASSERT_TRUE(frame.NewDocument());
+    ASSERT_TRUE(frame.Documents().NewDocument());
     ASSERT_TRUE(view);
     EXPECT_TRUE(frame.Router().Execute(cmd::NoteBold));
     EXPECT_TRUE(view->bold);
@@ -229,7 +229,7 @@ TEST_F(ShellRouting, TheViewRunsTheNodeCommandsAndLeavesTheRestToTheFrame) {
     CMainFrame& frame = MakeFrame();
     int settingsOpened = 0;
     frame.SetCommandHandler(cmd::SettingsNoDoc, [&] { ++settingsOpened; });
-    frame.NewDocument();
+    frame.Documents().NewDocument();
     CommandRouter& router = frame.Router();
     for (int id : {cmd::NewNode, cmd::EditCopy, cmd::SortByDate, cmd::ZoomIn})
         EXPECT_TRUE(router.Query(id).enabled) << id;
@@ -251,7 +251,7 @@ TEST_F(ShellRouting, DocumentCommandsNeedAProjectAndDialogsNeedTheirHandler) {
         EXPECT_FALSE(router.Query(id).enabled) << id;
     frame.SetCommandHandler(cmd::Assignees, [] {});
     EXPECT_TRUE(router.Query(cmd::Assignees).enabled);
-    frame.NewDocument();
+    frame.Documents().NewDocument();
     EXPECT_TRUE(router.Query(cmd::FileSave).enabled);
     EXPECT_TRUE(router.Query(cmd::WindowCascade).enabled);
 }
@@ -267,7 +267,7 @@ TEST_F(ShellRouting, EveryMenuItemOfEachSetIsBoundAndLabelled) {
         }
     };
     check();
-    frame.NewDocument();
+    frame.Documents().NewDocument();
     check();
     frame.Router().Execute(cmd::MindMapMode);
     check();
@@ -301,7 +301,7 @@ TEST_F(ShellRouting, ShortcutsBelongToTheMainWindowWhicheverMenuIsShown) {
     // Without a project the node shortcuts are off; with one they reach the view.
     frame.OnIdle();
     EXPECT_FALSE(frame.Action(cmd::NewNode)->isEnabled());
-    frame.NewDocument();
+    frame.Documents().NewDocument();
     frame.OnIdle();
     EXPECT_TRUE(frame.Action(cmd::NewNode)->isEnabled());
     EXPECT_TRUE(frame.Action(cmd::FileNew)->isEnabled());
@@ -311,7 +311,7 @@ TEST_F(ShellRouting, TheStatusPaneShowsTheNodeInfoOfTheActiveProject) {
     CMainFrame& frame = MakeFrame();
     frame.OnIdle();
     EXPECT_TRUE(frame.StatusPane().text().isEmpty());
-    frame.NewDocument();
+    frame.Documents().NewDocument();
     frame.OnIdle();
     EXPECT_TRUE(frame.StatusPane().text().startsWith("Erstellt: "))
         << frame.StatusPane().text().toStdString();

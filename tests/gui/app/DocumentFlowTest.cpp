@@ -31,12 +31,12 @@ TEST_F(DocumentFlow, ASecondInstanceFindsTheLockAndMayOpenReadOnly) {
     const QString path = ProjectPath("Geteilt.VT5");
     WriteProject(path);
     CMainFrame& mine = MakeFrame();
-    ASSERT_TRUE(mine.OpenDocumentFile(path));
+    ASSERT_TRUE(mine.Documents().OpenDocumentFile(path));
     EXPECT_TRUE(QFileInfo::exists(ProjectPath("Geteilt.~~~")));
 
     CMainFrame& theirs = MakeFrame(); // another instance of the program
     desktop.prompter.Answer(PromptAnswer::Yes);
-    CChildFrame* readOnly = theirs.OpenDocumentFile(path);
+    CChildFrame* readOnly = theirs.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(readOnly);
     ASSERT_EQ(desktop.prompter.asked().size(), 1u);
     EXPECT_EQ(desktop.prompter.asked()[0].caption, "Datei wird bearbeitet.");
@@ -60,17 +60,17 @@ TEST_F(DocumentFlow, DecliningReadOnlyOpensNothingAndMayRemoveTheLock) {
     const QString path = ProjectPath("Gesperrt.VT5");
     WriteProject(path);
     CMainFrame& mine = MakeFrame();
-    ASSERT_TRUE(mine.OpenDocumentFile(path));
+    ASSERT_TRUE(mine.Documents().OpenDocumentFile(path));
     CMainFrame& theirs = MakeFrame();
 
     desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::No);
-    EXPECT_EQ(theirs.OpenDocumentFile(path), nullptr);
+    EXPECT_EQ(theirs.Documents().OpenDocumentFile(path), nullptr);
     EXPECT_TRUE(theirs.Children().isEmpty());
     EXPECT_TRUE(QFileInfo::exists(ProjectPath("Gesperrt.~~~")));
     EXPECT_EQ(recent->Files().value(0), path); // declined, not gone: stays in the list
 
     desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::Yes);
-    EXPECT_EQ(theirs.OpenDocumentFile(path), nullptr);
+    EXPECT_EQ(theirs.Documents().OpenDocumentFile(path), nullptr);
     EXPECT_FALSE(QFileInfo::exists(ProjectPath("Gesperrt.~~~")));
     EXPECT_EQ(desktop.prompter.asked()[3].caption, "Schreibschutz entfernen?");
 }
@@ -79,10 +79,10 @@ TEST_F(DocumentFlow, SaveAsGivesAReadOnlyProjectANewOwnedFile) {
     const QString path = ProjectPath("Vorlage.VT5");
     WriteProject(path);
     CMainFrame& mine = MakeFrame();
-    ASSERT_TRUE(mine.OpenDocumentFile(path));
+    ASSERT_TRUE(mine.Documents().OpenDocumentFile(path));
     CMainFrame& theirs = MakeFrame();
     desktop.prompter.Answer(PromptAnswer::Yes);
-    CChildFrame* copy = theirs.OpenDocumentFile(path);
+    CChildFrame* copy = theirs.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(copy);
 
     desktop.ChooseFiles({ProjectPath("Kopie")});
@@ -96,7 +96,7 @@ TEST_F(DocumentFlow, SaveAsGivesAReadOnlyProjectANewOwnedFile) {
 
 TEST_F(DocumentFlow, ANewProjectIsSavedUnderTheChosenName) {
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.NewDocument();
+    CChildFrame* child = frame.Documents().NewDocument();
     ASSERT_TRUE(child);
     desktop.ChooseFiles({QString()}); // cancelled
     frame.Router().Execute(cmd::FileSave);
@@ -115,7 +115,7 @@ TEST_F(DocumentFlow, TheSaveQuestionOnCloseHonoursEachAnswer) {
     WriteProject(path);
     const QByteArray original = Contents(path);
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.OpenDocumentFile(path);
+    CChildFrame* child = frame.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(child);
     child->GetDocument().m_pFirstNode->m_strTitle = "Geaendert";
     child->GetDocument().SetModifiedFlag();
@@ -141,13 +141,13 @@ TEST_F(DocumentFlow, NoDiscardsTheChangesAndAnUnmodifiedProjectClosesWithoutAQue
     WriteProject(path);
     const QByteArray original = Contents(path);
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.OpenDocumentFile(path);
+    CChildFrame* child = frame.Documents().OpenDocumentFile(path);
     child->GetDocument().SetModifiedFlag();
     desktop.prompter.Answer(PromptAnswer::No);
     EXPECT_TRUE(child->close());
     EXPECT_EQ(Contents(path), original);
 
-    CChildFrame* again = frame.OpenDocumentFile(path);
+    CChildFrame* again = frame.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(again);
     frame.Router().Execute(cmd::FileClose);
     EXPECT_EQ(desktop.prompter.asked().size(), 1u);
@@ -155,8 +155,8 @@ TEST_F(DocumentFlow, NoDiscardsTheChangesAndAnUnmodifiedProjectClosesWithoutAQue
 
 TEST_F(DocumentFlow, ExitAsksForEveryModifiedProjectAndCancelKeepsThemAll) {
     CMainFrame& frame = MakeFrame();
-    CChildFrame* first = frame.NewDocument();
-    CChildFrame* second = frame.NewDocument();
+    CChildFrame* first = frame.Documents().NewDocument();
+    CChildFrame* second = frame.Documents().NewDocument();
     first->GetDocument().SetModifiedFlag();
     second->GetDocument().SetModifiedFlag();
 
@@ -174,7 +174,7 @@ TEST_F(DocumentFlow, ExitAsksForEveryModifiedProjectAndCancelKeepsThemAll) {
 
 TEST_F(DocumentFlow, AProjectWithARunningClockStaysOpenWhenClosed) {
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.NewDocument();
+    CChildFrame* child = frame.Documents().NewDocument();
     CVeltoDoc& doc = child->GetDocument();
     int clockedOut = 0;
     doc.SetClockOutHandler([&](CProjectNode& node) {
@@ -191,7 +191,7 @@ TEST_F(DocumentFlow, AProjectWithARunningClockStaysOpenWhenClosed) {
 TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
     const QString path = ProjectPath("Ansicht.VT5");
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.NewDocument();
+    CChildFrame* child = frame.Documents().NewDocument();
     child->setGeometry(30, 40, 400, 300);
     child->GetView().SetLayout({250, 180, 33});
     child->showMaximized();
@@ -206,7 +206,7 @@ TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
               (StoredRect{30, 40, 430, 340})); // the normal rectangle, not the maximized one
     child->close();
 
-    CChildFrame* reopened = frame.OpenDocumentFile(path);
+    CChildFrame* reopened = frame.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(reopened);
     EXPECT_TRUE(reopened->isMaximized());
     EXPECT_EQ(reopened->NormalGeometry(), QRect(30, 40, 400, 300));
@@ -218,13 +218,13 @@ TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
 TEST_F(DocumentFlow, AWindowStoredBeyondASmallerFrameComesBackAtTheLeftEdge) {
     const QString path = ProjectPath("Rechts.VT5");
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.NewDocument();
+    CChildFrame* child = frame.Documents().NewDocument();
     const QSize area = frame.MdiArea().viewport()->size();
     child->setGeometry(area.width() - 100, 10, 300, 200); // reaches past the right edge
     desktop.ChooseFiles({path});
     ASSERT_TRUE(child->Commands().SaveAs());
     child->close();
-    CChildFrame* reopened = frame.OpenDocumentFile(path);
+    CChildFrame* reopened = frame.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(reopened);
     EXPECT_EQ(reopened->geometry(), QRect(0, 10, 300, 200));
 }

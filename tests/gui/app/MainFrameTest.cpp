@@ -50,8 +50,8 @@ TEST_F(MainFrame, TheMenuSetFollowsTheProjectsAndTheMode) {
     CMainFrame& frame = MakeFrame();
     EXPECT_EQ(MenuTitles(frame.menuBar()), QStringList({"&Datei", "&Ansicht", "E&xtras", "&?"}));
 
-    CChildFrame* first = frame.NewDocument();
-    CChildFrame* second = frame.NewDocument();
+    CChildFrame* first = frame.Documents().NewDocument();
+    CChildFrame* second = frame.Documents().NewDocument();
     ASSERT_TRUE(first && second);
     EXPECT_EQ(MenuTitles(frame.menuBar()),
               QStringList({"&Datei", "&Bearbeiten", "&Ansicht", "E&xtras", "&Fenster", "&?"}));
@@ -77,8 +77,8 @@ TEST_F(MainFrame, TheMenuSetFollowsTheProjectsAndTheMode) {
 
 TEST_F(MainFrame, TwoProjectsOfTheSameTitleAreBothRedrawnInTheNewMode) {
     CMainFrame& frame = MakeFrame();
-    CChildFrame* first = frame.NewDocument();
-    CChildFrame* second = frame.NewDocument();
+    CChildFrame* first = frame.Documents().NewDocument();
+    CChildFrame* second = frame.Documents().NewDocument();
     ASSERT_EQ(first->GetDocument().GetTitle(), second->GetDocument().GetTitle());
     frame.Router().Execute(cmd::MindMapMode);
     EXPECT_TRUE(first->GetView().ShowsMindMap());
@@ -87,7 +87,7 @@ TEST_F(MainFrame, TwoProjectsOfTheSameTitleAreBothRedrawnInTheNewMode) {
 
 TEST_F(MainFrame, ClosingTheLastProjectBringsBackTheMenuWithoutDocument) {
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.NewDocument();
+    CChildFrame* child = frame.Documents().NewDocument();
     child->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     frame.OnIdle();
@@ -98,8 +98,8 @@ TEST_F(MainFrame, ClosingTheLastProjectBringsBackTheMenuWithoutDocument) {
 TEST_F(MainFrame, TheWindowMenuListsTheProjectsAndActivatesTheChosenOne) {
     CMainFrame& frame = MakeFrame();
     WriteProject(ProjectPath("Eins.VT5"));
-    CChildFrame* one = frame.OpenDocumentFile(ProjectPath("Eins.VT5"));
-    CChildFrame* two = frame.NewDocument();
+    CChildFrame* one = frame.Documents().OpenDocumentFile(ProjectPath("Eins.VT5"));
+    CChildFrame* two = frame.Documents().NewDocument();
     ASSERT_TRUE(one && two);
     QMenu* windows = nullptr;
     for (QAction* top : frame.menuBar()->actions())
@@ -191,7 +191,7 @@ TEST_F(MainFrame, AnUnusableSettingsStoreIsReportedAndTheDefaultsApply) {
     frame.SavePlacement();
     EXPECT_EQ(desktop.prompter.texts().size(), 2u);
     // A new project still gets the default note font.
-    CChildFrame* child = frame.NewDocument();
+    CChildFrame* child = frame.Documents().NewDocument();
     ASSERT_TRUE(child);
     EXPECT_EQ(child->GetDocument().m_strNoteFont, "Arial");
     EXPECT_EQ(child->GetDocument().m_nNoteFontSize, 12);
@@ -204,7 +204,7 @@ TEST_F(MainFrame, NewProjectsTakeTheNoteFontFromTheSettings) {
         stored.setValue("SchriftGroesse", 14);
     }
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.NewDocument();
+    CChildFrame* child = frame.Documents().NewDocument();
     ASSERT_TRUE(child);
     EXPECT_EQ(child->GetDocument().m_strNoteFont, "Liberation S\xE9"
                                                   "ans"); // Windows-1252 in the model
@@ -217,11 +217,11 @@ TEST_F(MainFrame, AFileThatIsOpenAlreadyIsActivatedNotOpenedTwice) {
     const QString path = ProjectPath("Doppelt.VT5");
     WriteProject(path);
     CMainFrame& frame = MakeFrame();
-    CChildFrame* first = frame.OpenDocumentFile(path);
-    frame.NewDocument();
+    CChildFrame* first = frame.Documents().OpenDocumentFile(path);
+    frame.Documents().NewDocument();
     ASSERT_NE(frame.ActiveChild(), first);
     // Another spelling of the same file.
-    CChildFrame* again = frame.OpenDocumentFile(ProjectDir() + "/./Doppelt.VT5");
+    CChildFrame* again = frame.Documents().OpenDocumentFile(ProjectDir() + "/./Doppelt.VT5");
     EXPECT_EQ(again, first);
     EXPECT_EQ(frame.ActiveChild(), first);
     EXPECT_EQ(frame.Children().size(), 2);
@@ -230,7 +230,7 @@ TEST_F(MainFrame, AFileThatIsOpenAlreadyIsActivatedNotOpenedTwice) {
 
 TEST_F(MainFrame, AMissingFileIsNamedInTheMessage) {
     CMainFrame& frame = MakeFrame();
-    EXPECT_EQ(frame.OpenDocumentFile(ProjectPath("Fehlt.VT5")), nullptr);
+    EXPECT_EQ(frame.Documents().OpenDocumentFile(ProjectPath("Fehlt.VT5")), nullptr);
     ASSERT_EQ(desktop.prompter.asked().size(), 1u);
     EXPECT_NE(desktop.prompter.asked()[0].text.find("Fehlt.VT5"), std::string::npos);
     EXPECT_NE(desktop.prompter.asked()[0].text.find("nicht gefunden"), std::string::npos);
@@ -244,7 +244,7 @@ TEST_F(MainFrame, AnUnreadableFileIsReportedAndNothingOpens) {
     file.write("\x01\x02\x03", 3); // ends in the middle of the header
     file.close();
     CMainFrame& frame = MakeFrame();
-    EXPECT_EQ(frame.OpenDocumentFile(path), nullptr);
+    EXPECT_EQ(frame.Documents().OpenDocumentFile(path), nullptr);
     EXPECT_TRUE(frame.Children().isEmpty());
     ASSERT_FALSE(desktop.prompter.asked().empty());
     EXPECT_NE(desktop.prompter.asked().back().text.find("Kaputt.VT5"), std::string::npos);
@@ -285,10 +285,10 @@ TEST_F(MainFrame, TheRecentListKeepsTheFourLastFilesNewestFirst) {
     for (const char* name : {"A.VT5", "B.VT5", "C.VT5", "D.VT5", "E.VT5"}) {
         paths.append(ProjectPath(name));
         WriteProject(paths.back());
-        ASSERT_TRUE(frame.OpenDocumentFile(paths.back()));
+        ASSERT_TRUE(frame.Documents().OpenDocumentFile(paths.back()));
     }
     EXPECT_EQ(recent->Files(), QStringList({paths[4], paths[3], paths[2], paths[1]}));
-    frame.OpenDocumentFile(paths[2]); // open already: activated, and moved to the top
+    frame.Documents().OpenDocumentFile(paths[2]); // open already: activated, and moved to the top
     EXPECT_EQ(recent->Files()[0], paths[2]);
 
     QSettings stored("Local AppWizard-Generated Applications", "Velto");

@@ -41,7 +41,7 @@ TEST_F(RestoreBackup, OpensOneBackupReadOnlyAndRestoresAnotherKeepingTheCurrentS
     const QString path = ProjectPath("Plan.VT5");
     WriteProject(path);
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.OpenDocumentFile(path);
+    CChildFrame* child = frame.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(child);
     CVeltoDoc& doc = child->GetDocument();
     for (const char* title : {"Erster", "Zweiter"}) {
@@ -93,10 +93,10 @@ TEST_F(RestoreBackup, OpensOneBackupReadOnlyAndRestoresAnotherKeepingTheCurrentS
 
 TEST_F(RestoreBackup, IsOfferedOnlyForAProjectWithAFile) {
     CMainFrame& frame = MakeFrame();
-    frame.NewDocument();
+    frame.Documents().NewDocument();
     EXPECT_FALSE(frame.Router().Query(cmd::FileRestoreBackup).enabled);
     const QString path = ProjectPath("Plan.VT5");
     WriteProject(path);
-    frame.OpenDocumentFile(path);
+    frame.Documents().OpenDocumentFile(path);
     EXPECT_TRUE(frame.Router().Query(cmd::FileRestoreBackup).enabled);
 }

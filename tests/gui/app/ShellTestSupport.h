@@ -115,7 +115,7 @@ protected:
     static void CloseWithoutQuestions(CMainFrame& frame) {
         for (CChildFrame* child : frame.Children())
             child->GetDocument().SetModifiedFlag(false);
-        frame.CloseAllDocuments();
+        frame.Documents().CloseAllDocuments();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 

@@ -198,7 +198,7 @@ TEST_F(SettingsDlg, TheMenuCommandsOpenTheDialogsWithAndWithoutAProject) {
     ExpectOpensAndCancel<CHolidayDlg>(frame, cmd::HolidaysNoDoc);
     ExpectOpensAndCancel<CAssigneeDlg>(frame, cmd::Assignees);
 
-    ASSERT_TRUE(frame.NewDocument());
+    ASSERT_TRUE(frame.Documents().NewDocument());
     ExpectOpensAndCancel<CSettingsDlg>(frame, cmd::Settings);
     OnNextModal<CHolidayDlg>([](CHolidayDlg& dialog) { ClickOk(dialog); });
     EXPECT_TRUE(frame.Router().Execute(cmd::Holidays));

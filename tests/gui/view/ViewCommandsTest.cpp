@@ -423,7 +423,7 @@ class ViewSettings : public ShellTest {};
 TEST_F(ViewSettings, SavingTakesTheNoteThatIsStillBeingTyped) {
     const QString path = ProjectPath("Notiz.VT5");
     CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.NewDocument();
+    CChildFrame* child = frame.Documents().NewDocument();
     CVeltoView& view = child->GetView();
     view.NotePane().Editor()->insertPlainText(QStringLiteral("Noch nicht gespeichert"));
     EXPECT_FALSE(child->GetDocument().IsModified()) << "no key let go, no focus lost yet";

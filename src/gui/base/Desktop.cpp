@@ -1,0 +1,7 @@
+#include "base/Desktop.h"
+
+#include "common/Prompter.h"
+
+void Desktop::Warn(const QString& text) {
+    GetPrompter().Tell(text.toStdString(), Prompter::kCaption, PromptIcon::Warning);
+}
