@@ -28,7 +28,7 @@ std::string ProjectWithNodes(const std::string& rootTitle, int children) {
 class ProjectStatesTest : public TempDirTest {
 protected:
     void PutAt(const std::string& name, std::string_view content, int64_t modified) {
-        Put(PathOf(name), content);
+        WriteFile(PathOf(name), content);
         const auto time = std::filesystem::file_time_type::clock::now() -
                           std::chrono::seconds(std::time(nullptr) - modified);
         std::filesystem::last_write_time(PathOf(name), time);
@@ -47,7 +47,7 @@ protected:
 
 TEST_F(ProjectStatesTest, ListsBackupsNewestFirstThenInterruptedSavesAndShowsDamagedOnes) {
     const std::string full = ProjectWithNodes("Umbau \xC4nderung", 2);
-    Put(project, ProjectWithNodes("Aktuell", 0));
+    WriteFile(project, ProjectWithNodes("Aktuell", 0));
     PutAt("Plan.BK0", full, now - day);
     PutAt("Plan.BK1", ProjectWithNodes("Vorher", 0), now - 2 * day);
     // .BK2 is missing; .BK3 ends early, .BK4 holds no project at all.
@@ -76,12 +76,12 @@ TEST_F(ProjectStatesTest, ListsBackupsNewestFirstThenInterruptedSavesAndShowsDam
 }
 
 TEST_F(ProjectStatesTest, NothingBesideTheProjectListsNothing) {
-    Put(project, ProjectWithNodes("Aktuell", 0));
+    WriteFile(project, ProjectWithNodes("Aktuell", 0));
     EXPECT_TRUE(ListProjectStates(fs, project).empty());
 }
 
 TEST_F(ProjectStatesTest, AFileThatCannotBeOpenedIsListedAsDamaged) {
-    Put(PathOf("Ziel.VT5"), ProjectWithNodes("Ziel", 0));
+    WriteFile(PathOf("Ziel.VT5"), ProjectWithNodes("Ziel", 0));
     std::filesystem::create_symlink(PathOf("Ziel.VT5"), PathOf("Plan.BK0"));
     const std::vector<ProjectState> states = ListProjectStates(fs, project);
     ASSERT_EQ(states.size(), 1u);

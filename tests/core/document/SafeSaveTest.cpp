@@ -31,7 +31,7 @@ protected:
 
 TEST_F(SafeSaveTest, FirstSaveLeavesOnlyTheProject) {
     ASSERT_EQ(Save("eins").outcome, Outcome::Saved);
-    EXPECT_EQ(Content(project), "eins");
+    EXPECT_EQ(ReadFile(project), "eins");
     EXPECT_EQ(Names(), std::vector<std::string>{"Plan.VT5"});
 }
 
@@ -40,13 +40,13 @@ TEST_F(SafeSaveTest, SixSavesKeepFiveBackupsNewestFirst) {
         ASSERT_EQ(Save(state).outcome, Outcome::Saved);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.BK0", "Plan.BK1", "Plan.BK2", "Plan.BK3", "Plan.BK4",
                                                  "Plan.VT5"}));
-    EXPECT_EQ(Content(project), "s7");
+    EXPECT_EQ(ReadFile(project), "s7");
     for (int i = 0; i < kBackupCount; ++i)
-        EXPECT_EQ(Content(BackupFilePath(project, i)), Numbered("s", 6 - i));
+        EXPECT_EQ(ReadFile(BackupFilePath(project, i)), Numbered("s", 6 - i));
 }
 
 TEST_F(SafeSaveTest, NewFileTakesTheAccessOfTheOldOne) {
-    Put(project, "gut");
+    WriteFile(project, "gut");
     ASSERT_EQ(chmod(project.c_str(), 0640), 0);
     ASSERT_EQ(Save("neu").outcome, Outcome::Saved);
     struct stat info {};
@@ -58,11 +58,11 @@ TEST_F(SafeSaveTest, LeftoverTemporaryFileIsNeitherReusedNorRemoved) {
     std::string leftover;
     fs.before = [&](Op op, const std::string& path) {
         if (op == Op::Open && leftover.empty())
-            Put(leftover = path, "Rest");
+            WriteFile(leftover = path, "Rest");
     };
     ASSERT_EQ(Save("neu").outcome, Outcome::Saved);
-    EXPECT_EQ(Content(project), "neu");
-    EXPECT_EQ(Content(leftover), "Rest");
+    EXPECT_EQ(ReadFile(project), "neu");
+    EXPECT_EQ(ReadFile(leftover), "Rest");
 }
 
 // One injected failure at every step of a save over a project with five backups: a save that
@@ -78,10 +78,10 @@ struct FailurePoint {
 class SaveFailureTest : public SafeSaveTest, public ::testing::WithParamInterface<FailurePoint> {
 protected:
     void ExpectStates(const std::string& projectState, const std::vector<std::string>& backups) {
-        EXPECT_EQ(Content(project), projectState);
+        EXPECT_EQ(ReadFile(project), projectState);
         std::vector<std::string> names{"Plan.VT5"};
         for (int i = 0; i < kBackupCount; ++i) {
-            EXPECT_EQ(Content(BackupFilePath(project, i)), backups[i]) << i;
+            EXPECT_EQ(ReadFile(BackupFilePath(project, i)), backups[i]) << i;
             names.push_back("Plan.BK" + std::to_string(i));
         }
         std::sort(names.begin(), names.end());
@@ -90,9 +90,9 @@ protected:
 };
 
 TEST_P(SaveFailureTest, NoStateIsLost) {
-    Put(project, "gut");
+    WriteFile(project, "gut");
     for (int i = 0; i < kBackupCount; ++i)
-        Put(BackupFilePath(project, i), Numbered("alt", i));
+        WriteFile(BackupFilePath(project, i), Numbered("alt", i));
     fs.faults = GetParam().faults;
 
     const SaveResult result = Save("neu");
@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(EveryStep, SaveFailureTest, ::testing::ValuesIn(kFailur
 
 // The renames only count once the folder is synced after them: the sync is the save's last step.
 TEST_F(SafeSaveTest, TheFolderIsSyncedAfterTheLastRename) {
-    Put(project, "gut");
+    WriteFile(project, "gut");
     std::vector<std::pair<Op, std::string>> ops;
     fs.before = [&](Op op, const std::string& path) {
         if (op == Op::Rename || op == Op::SyncDirectory)
@@ -149,14 +149,14 @@ TEST_F(SafeSaveTest, TheFolderIsSyncedAfterTheLastRename) {
 
 TEST_F(SafeSaveTest, RepairPutsBackupsInOrderAndDropsOnlyASixth) {
     for (const char* name : {"Plan.BK0", "Plan.BK2", "Plan.BK3", "Plan.BK4", "Plan.BK5"})
-        Put(PathOf(name), name);
+        WriteFile(PathOf(name), name);
     RepairInterruptedSave(fs, project);
-    EXPECT_EQ(Content(BackupFilePath(project, 1)), "Plan.BK2");
-    EXPECT_EQ(Content(BackupFilePath(project, 4)), "Plan.BK5");
-    Put(PathOf("Plan.BK5"), "sechster");
+    EXPECT_EQ(ReadFile(BackupFilePath(project, 1)), "Plan.BK2");
+    EXPECT_EQ(ReadFile(BackupFilePath(project, 4)), "Plan.BK5");
+    WriteFile(PathOf("Plan.BK5"), "sechster");
     RepairInterruptedSave(fs, project);
     EXPECT_FALSE(Exists(PathOf("Plan.BK5")));
-    EXPECT_EQ(Content(BackupFilePath(project, 4)), "Plan.BK5");
+    EXPECT_EQ(ReadFile(BackupFilePath(project, 4)), "Plan.BK5");
 }
 
 } // namespace

@@ -1,9 +1,13 @@
 // "Bearbeiter.dat": presets as carriage-return-terminated tokens, and saving with the backup.
 #include "files/AssigneeFile.h"
 
-#include "core/files/DataFileTestDir.h"
+#include "support/TempDir.h"
 
 #include <gtest/gtest.h>
+
+using testsupport::ReadFile;
+using testsupport::TempDir;
+using testsupport::WriteFile;
 
 namespace {
 
@@ -35,23 +39,23 @@ TEST(AssigneeParse, TheMarkerIsReplacedLeftToRight) {
 }
 
 TEST(AssigneeFile, SavingKeepsThePreviousFileAsBackup) {
-    TestDir dir;
-    const std::string path = dir.File("Bearbeiter.dat");
+    TempDir dir;
+    const std::string path = dir.PathOf("Bearbeiter.dat");
     EXPECT_TRUE(ReadAssigneeFile(path).presets.empty());
     EXPECT_FALSE(ReadAssigneeFile(path).hasContent);
     ASSERT_TRUE(SaveAssignees(path, {"Anna", "Bernd Bau"}));
     EXPECT_EQ(ReadAssigneeFile(path).presets, (Presets{"Anna", "Bernd Bau"}));
     ASSERT_TRUE(SaveAssignees(path, {"Clara"}));
-    EXPECT_EQ(ReadBytes(dir.File("Bearbeiter.bak")), "Anna\rBernd#~*Bau\r");
-    EXPECT_EQ(ReadBytes(path), "Clara\r");
+    EXPECT_EQ(ReadFile(dir.PathOf("Bearbeiter.bak")), "Anna\rBernd#~*Bau\r");
+    EXPECT_EQ(ReadFile(path), "Clara\r");
 }
 
 TEST(AssigneeFile, ContentMeansAtLeastOneByte) {
-    TestDir dir;
-    const std::string path = dir.File("Bearbeiter.dat");
-    WriteBytes(path, "");
+    TempDir dir;
+    const std::string path = dir.PathOf("Bearbeiter.dat");
+    WriteFile(path, "");
     EXPECT_FALSE(ReadAssigneeFile(path).hasContent);
-    WriteBytes(path, "\r");
+    WriteFile(path, "\r");
     EXPECT_TRUE(ReadAssigneeFile(path).hasContent);
     EXPECT_TRUE(ReadAssigneeFile(path).presets.empty());
 }
