@@ -94,11 +94,17 @@ inline bool Exists(const std::string& path) {
     return std::filesystem::exists(path);
 }
 
-// The bytes of a project file whose one node has the given title.
-inline std::string ProjectBytes(const std::string& rootTitle) {
+// The bytes of a project file whose root has the given title and `children` nodes below it.
+inline std::string ProjectBytes(const std::string& rootTitle, int children = 0) {
     ProjectContent content;
     content.firstNode = new CProjectNode();
     content.firstNode->m_strTitle = rootTitle;
+    for (CProjectNode* last = content.firstNode; children-- > 0; last = last->m_pNext) {
+        last->m_pNext = new CProjectNode();
+        last->m_pNext->m_nLevel = 1;
+        last->m_pNext->m_bSelected = 0;
+        last->m_pNext->m_pPrev = last;
+    }
     const std::vector<uint8_t> bytes = WriteProject(content);
     return {bytes.begin(), bytes.end()};
 }
