@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-using testsupport::ReadFile;
 using testsupport::TempDir;
 using testsupport::WriteFile;
 
@@ -38,21 +37,12 @@ TEST(AssigneeParse, TheMarkerIsReplacedLeftToRight) {
         EXPECT_EQ(ParseAssignees(FormatAssignees({text})), Presets{text});
 }
 
-TEST(AssigneeFile, SavingKeepsThePreviousFileAsBackup) {
+TEST(AssigneeFile, SavedPresetsComeBackAndContentMeansAtLeastOneByte) {
     TempDir dir;
     const std::string path = dir.PathOf("Bearbeiter.dat");
-    EXPECT_TRUE(ReadAssigneeFile(path).presets.empty());
     EXPECT_FALSE(ReadAssigneeFile(path).hasContent);
     ASSERT_TRUE(SaveAssignees(path, {"Anna", "Bernd Bau"}));
     EXPECT_EQ(ReadAssigneeFile(path).presets, (Presets{"Anna", "Bernd Bau"}));
-    ASSERT_TRUE(SaveAssignees(path, {"Clara"}));
-    EXPECT_EQ(ReadFile(dir.PathOf("Bearbeiter.bak")), "Anna\rBernd#~*Bau\r");
-    EXPECT_EQ(ReadFile(path), "Clara\r");
-}
-
-TEST(AssigneeFile, ContentMeansAtLeastOneByte) {
-    TempDir dir;
-    const std::string path = dir.PathOf("Bearbeiter.dat");
     WriteFile(path, "");
     EXPECT_FALSE(ReadAssigneeFile(path).hasContent);
     WriteFile(path, "\r");
