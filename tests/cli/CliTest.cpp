@@ -104,24 +104,28 @@ TEST_F(CliTest, HelpGoesToStdoutAndWrongUsageToStderr) {
 
 TEST_F(CliTest, DumpThenBuildAndResaveGiveBackTheSameBytes) {
     const std::vector<uint8_t> original = WriteProject(RichProject());
-    WriteBytes(Path("a.VT5"), original);
+    WriteFile(PathOf("a.VT5"), original);
+    // The inputs are read through symbolic links.
+    fs::create_symlink(PathOf("a.VT5"), PathOf("link.VT5"));
 
-    const CliRun dump = Run({"dump", Path("a.VT5")});
+    const CliRun dump = Run({"dump", PathOf("link.VT5")});
     ASSERT_EQ(dump.status, 0) << dump.err;
     EXPECT_EQ(dump.err, "");
-    WriteText(Path("a.json"), dump.out);
-    const CliRun build = Run({"build", Path("a.json"), Path("b.VT5")});
+    WriteFile(PathOf("a.json"), dump.out);
+    fs::create_symlink(PathOf("a.json"), PathOf("link.json"));
+    const CliRun build = Run({"build", PathOf("link.json"), PathOf("b.VT5")});
     ASSERT_EQ(build.status, 0) << build.err;
-    EXPECT_EQ(ReadBytes(Path("b.VT5")), original);
+    EXPECT_EQ(ReadFileBytes(PathOf("b.VT5")), original);
 
-    ASSERT_EQ(Run({"resave", Path("a.VT5"), Path("c.VT5")}).status, 0);
-    EXPECT_EQ(ReadBytes(Path("c.VT5")), original);
-    EXPECT_EQ(Listing(), (std::vector<std::string>{"a.VT5", "a.json", "b.VT5", "c.VT5"}));
+    ASSERT_EQ(Run({"resave", PathOf("a.VT5"), PathOf("c.VT5")}).status, 0);
+    EXPECT_EQ(ReadFileBytes(PathOf("c.VT5")), original);
+    EXPECT_EQ(Names(),
+              (std::vector<std::string>{"a.VT5", "a.json", "b.VT5", "c.VT5", "link.VT5", "link.json"}));
 }
 
 TEST_F(CliTest, DumpWritesTheDocumentedJson) {
-    WriteBytes(Path("a.VT5"), WriteProject(RichProject()));
-    const json dump = json::parse(Run({"dump", Path("a.VT5")}).out);
+    WriteFile(PathOf("a.VT5"), WriteProject(RichProject()));
+    const json dump = json::parse(Run({"dump", PathOf("a.VT5")}).out);
     EXPECT_EQ(dump["chartWidth2"], INT32_MIN);
     EXPECT_EQ(dump["maximized"], 0xFFFFFFFFu);
     EXPECT_EQ(dump["windowRect"], json({-100, 20, INT32_MAX, 700}));
@@ -147,7 +151,7 @@ TEST_F(CliTest, DumpWritesTheDocumentedJson) {
     EXPECT_EQ(dump["nodes"][3]["responsible"], "Max Mustermann «» MM");
 
     // The float texts themselves: the shortest decimal, and -0.0 keeping its sign.
-    const std::string text = Run({"dump", Path("a.VT5")}).out;
+    const std::string text = Run({"dump", PathOf("a.VT5")}).out;
     for (const char* expected :
          {"\"costPlanned\": -0.0,", "\"hourlyRate\": 0.1,", "\"hoursPlanned\": 3.4028235e+38,",
           "\"hoursNeeded\": 1e-45,", "\"costNeeded\": 16777216.0,", "\"unitPrice\": 19.99,"})
@@ -171,15 +175,15 @@ TEST_F(CliTest, EveryFloatBitPatternSurvivesDumpAndBuild) {
         }
     }
     const std::vector<uint8_t> original = WriteProject(content);
-    WriteBytes(Path("f.VT5"), original);
-    WriteText(Path("f.json"), Run({"dump", Path("f.VT5")}).out);
-    ASSERT_EQ(Run({"build", Path("f.json"), Path("g.VT5")}).status, 0);
-    EXPECT_EQ(ReadBytes(Path("g.VT5")), original);
+    WriteFile(PathOf("f.VT5"), original);
+    WriteFile(PathOf("f.json"), Run({"dump", PathOf("f.VT5")}).out);
+    ASSERT_EQ(Run({"build", PathOf("f.json"), PathOf("g.VT5")}).status, 0);
+    EXPECT_EQ(ReadFileBytes(PathOf("g.VT5")), original);
 }
 
 TEST_F(CliTest, InfoCountsNodesByKindAndEntries) {
-    WriteBytes(Path("a.VT5"), WriteProject(RichProject()));
-    const CliRun info = Run({"info", Path("a.VT5")});
+    WriteFile(PathOf("a.VT5"), WriteProject(RichProject()));
+    const CliRun info = Run({"info", PathOf("a.VT5")});
     EXPECT_EQ(info.status, 0);
     for (const char* line :
          {"Zoomstufe: 50\n",
@@ -191,25 +195,25 @@ TEST_F(CliTest, InfoCountsNodesByKindAndEntries) {
 TEST_F(CliTest, DamagedOrMissingFilesGiveStatusTwoAndNothingElse) {
     std::vector<uint8_t> bytes = WriteProject(RichProject());
     bytes.resize(bytes.size() / 2);
-    WriteBytes(Path("kaputt.VT5"), bytes);
+    WriteFile(PathOf("kaputt.VT5"), bytes);
     for (const char* command : {"info", "dump"}) {
-        const CliRun run = Run({command, Path("kaputt.VT5")});
+        const CliRun run = Run({command, PathOf("kaputt.VT5")});
         EXPECT_EQ(run.status, 2) << command;
         EXPECT_EQ(run.out, "") << command;
         EXPECT_NE(run.err.find("kaputt.VT5"), std::string::npos) << run.err;
         EXPECT_NE(run.err.find("Notiz von Knoten 2 (Byte "), std::string::npos) << run.err;
     }
-    EXPECT_EQ(Run({"resave", Path("kaputt.VT5"), Path("out.VT5")}).status, 2);
-    EXPECT_EQ(Run({"dump", Path("fehlt.VT5")}).status, 2);
-    EXPECT_EQ(Run({"dump", m_dir.string()}).status, 2);
-    EXPECT_EQ(Listing(), std::vector<std::string>{"kaputt.VT5"});
+    EXPECT_EQ(Run({"resave", PathOf("kaputt.VT5"), PathOf("out.VT5")}).status, 2);
+    EXPECT_EQ(Run({"dump", PathOf("fehlt.VT5")}).status, 2);
+    EXPECT_EQ(Run({"dump", Dir()}).status, 2);
+    EXPECT_EQ(Names(), std::vector<std::string>{"kaputt.VT5"});
 }
 
 TEST_F(CliTest, WrongFormatGivesStatusThreeWithTheReplacementDocument) {
     ProjectContent content = RichProject();
     content.view.zoom = 51;
-    WriteBytes(Path("z.VT5"), WriteProject(content));
-    const CliRun dump = Run({"dump", Path("z.VT5")});
+    WriteFile(PathOf("z.VT5"), WriteProject(content));
+    const CliRun dump = Run({"dump", PathOf("z.VT5")});
     EXPECT_EQ(dump.status, 3);
     EXPECT_NE(dump.err.find("Falsches Dateiformat!"), std::string::npos);
     const json document = json::parse(dump.out);
@@ -217,25 +221,25 @@ TEST_F(CliTest, WrongFormatGivesStatusThreeWithTheReplacementDocument) {
     ASSERT_EQ(document["nodes"].size(), 1u);
     EXPECT_EQ(document["nodes"][0]["title"], "Neuer Knoten");
 
-    EXPECT_EQ(Run({"info", Path("z.VT5")}).status, 3);
-    EXPECT_EQ(Run({"resave", Path("z.VT5"), Path("neu.VT5")}).status, 3);
+    EXPECT_EQ(Run({"info", PathOf("z.VT5")}).status, 3);
+    EXPECT_EQ(Run({"resave", PathOf("z.VT5"), PathOf("neu.VT5")}).status, 3);
     ProjectContent saved;
-    EXPECT_EQ(ReadProject(ReadBytes(Path("neu.VT5")), saved).status, ReadStatus::Ok);
+    EXPECT_EQ(ReadProject(ReadFileBytes(PathOf("neu.VT5")), saved).status, ReadStatus::Ok);
     EXPECT_EQ(saved.firstNode->m_strTitle, "Neuer Knoten");
 }
 
 TEST_F(CliTest, BuildReadsHandWrittenNumbers) {
-    WriteBytes(Path("a.VT5"), WriteProject(RichProject()));
-    json document = json::parse(Run({"dump", Path("a.VT5")}).out);
+    WriteFile(PathOf("a.VT5"), WriteProject(RichProject()));
+    json document = json::parse(Run({"dump", PathOf("a.VT5")}).out);
     json& task = document["nodes"][1];
     task["hourlyRate"] = 0.1;          // a double: the float nearest to it
     task["hoursPlanned"] = 12;         // an integer
     task["hoursNeeded"] = 0.100000001; // not a shortest form: rounded
     task["costPlanned"] = "Infinity";
-    WriteText(Path("a.json"), document.dump());
-    ASSERT_EQ(Run({"build", Path("a.json"), Path("b.VT5")}).status, 0);
+    WriteFile(PathOf("a.json"), document.dump());
+    ASSERT_EQ(Run({"build", PathOf("a.json"), PathOf("b.VT5")}).status, 0);
     ProjectContent built;
-    ASSERT_EQ(ReadProject(ReadBytes(Path("b.VT5")), built).status, ReadStatus::Ok);
+    ASSERT_EQ(ReadProject(ReadFileBytes(PathOf("b.VT5")), built).status, ReadStatus::Ok);
     const CProjectNode& node = *built.firstNode->m_pNext;
     EXPECT_EQ(std::bit_cast<uint32_t>(node.m_fHourlyRate), 0x3DCCCCCDu);
     EXPECT_EQ(node.m_fHoursPlanned, 12.0f);
@@ -244,8 +248,8 @@ TEST_F(CliTest, BuildReadsHandWrittenNumbers) {
 }
 
 TEST_F(CliTest, BuildRejectsBadValuesNamingTheFieldAndLeavesNoOutput) {
-    WriteBytes(Path("a.VT5"), WriteProject(RichProject()));
-    const json good = json::parse(Run({"dump", Path("a.VT5")}).out);
+    WriteFile(PathOf("a.VT5"), WriteProject(RichProject()));
+    const json good = json::parse(Run({"dump", PathOf("a.VT5")}).out);
     struct Case {
         std::string field;
         std::function<void(json&)> spoil;
@@ -269,64 +273,53 @@ TEST_F(CliTest, BuildRejectsBadValuesNamingTheFieldAndLeavesNoOutput) {
         {"unbekanntes Feld \"version\"", [](json& d) { d["version"] = 2; }},
         {"kein gültiges JSON", [](json&) {}},
     };
-    WriteText(Path("old.VT5"), "alt");
+    WriteFile(PathOf("old.VT5"), "alt");
     for (const Case& c : cases) {
         json spoilt = good;
         c.spoil(spoilt);
-        WriteText(Path("in.json"), c.field == "kein gültiges JSON" ? "{\"zoom\": " : spoilt.dump());
+        WriteFile(PathOf("in.json"), c.field == "kein gültiges JSON" ? "{\"zoom\": " : spoilt.dump());
         for (const char* target : {"new.VT5", "old.VT5"}) {
-            const CliRun build = Run({"build", Path("in.json"), Path(target)});
+            const CliRun build = Run({"build", PathOf("in.json"), PathOf(target)});
             EXPECT_EQ(build.status, 2) << c.field;
             EXPECT_NE(build.err.find(c.field), std::string::npos) << c.field << "\n" << build.err;
         }
-        EXPECT_EQ(ReadText(Path("old.VT5")), "alt");
-        EXPECT_EQ(Listing(), (std::vector<std::string>{"a.VT5", "in.json", "old.VT5"})) << c.field;
+        EXPECT_EQ(ReadFile(PathOf("old.VT5")), "alt");
+        EXPECT_EQ(Names(), (std::vector<std::string>{"a.VT5", "in.json", "old.VT5"})) << c.field;
     }
 }
 
 TEST_F(CliTest, FailedWriteLeavesNoTemporaryFile) {
-    WriteBytes(Path("a.VT5"), WriteProject(RichProject()));
-    fs::create_directory(Path("ziel"));
-    const CliRun resave = Run({"resave", Path("a.VT5"), Path("ziel")});
+    WriteFile(PathOf("a.VT5"), WriteProject(RichProject()));
+    fs::create_directory(PathOf("ziel"));
+    const CliRun resave = Run({"resave", PathOf("a.VT5"), PathOf("ziel")});
     EXPECT_EQ(resave.status, 2);
     EXPECT_NE(resave.err.find("ziel"), std::string::npos);
-    EXPECT_EQ(Listing(), (std::vector<std::string>{"a.VT5", "ziel"}));
-    EXPECT_EQ(Run({"resave", Path("a.VT5"), Path("gibt-es-nicht/b.VT5")}).status, 2);
-}
-
-TEST_F(CliTest, InputsAreReadThroughSymbolicLinks) {
-    WriteBytes(Path("a.VT5"), WriteProject(RichProject()));
-    fs::create_symlink(Path("a.VT5"), Path("link.VT5"));
-    const CliRun dump = Run({"dump", Path("link.VT5")});
-    ASSERT_EQ(dump.status, 0) << dump.err;
-    WriteText(Path("a.json"), dump.out);
-    fs::create_symlink(Path("a.json"), Path("link.json"));
-    EXPECT_EQ(Run({"build", Path("link.json"), Path("b.VT5")}).status, 0);
-    EXPECT_EQ(ReadBytes(Path("b.VT5")), ReadBytes(Path("a.VT5")));
+    EXPECT_EQ(Names(), (std::vector<std::string>{"a.VT5", "ziel"}));
+    EXPECT_EQ(Run({"resave", PathOf("a.VT5"), PathOf("gibt-es-nicht/b.VT5")}).status, 2);
 }
 
 TEST_F(CliTest, SampleProjectJsonBuildsTheCommittedFile) {
     const fs::path examples = fs::path(VELTO_SOURCE_DIR) / "examples";
-    ASSERT_EQ(Run({"build", (examples / "Beispielprojekt.json").string(), Path("b.VT5")}).status, 0);
-    EXPECT_EQ(ReadBytes(Path("b.VT5")), ReadBytes(examples / "Beispielprojekt.VT5"));
+    ASSERT_EQ(Run({"build", (examples / "Beispielprojekt.json").string(), PathOf("b.VT5")}).status, 0);
+    EXPECT_EQ(ReadFileBytes(PathOf("b.VT5")), ReadFileBytes(examples / "Beispielprojekt.VT5"));
     const CliRun dump = Run({"dump", (examples / "Beispielprojekt.VT5").string()});
     EXPECT_EQ(dump.status, 0);
-    EXPECT_EQ(dump.out, ReadText(examples / "Beispielprojekt.json"));
+    EXPECT_EQ(dump.out, ReadFile(examples / "Beispielprojekt.json"));
 }
 
 TEST_F(CliTest, RtfTextAndRewriteReadTheNoteAsTheProgramDoes) {
-    WriteText(Path("n.rtf"), "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Gr\\'fc\\'dfe\\par \\b Welt}");
-    const CliRun text = Run({"rtf-text", Path("n.rtf")});
+    WriteFile(PathOf("n.rtf"), "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0 Gr\\'fc\\'dfe\\par \\b Welt}");
+    const CliRun text = Run({"rtf-text", PathOf("n.rtf")});
     EXPECT_EQ(std::tuple(text.status, text.out, text.err), std::tuple(0, "Grüße\nWelt\n", ""));
-    const CliRun rewritten = Run({"rtf-rewrite", Path("n.rtf")});
+    const CliRun rewritten = Run({"rtf-rewrite", PathOf("n.rtf")});
     EXPECT_EQ(rewritten.status, 0);
     EXPECT_EQ(rewritten.out.rfind("{\\rtf1\\ansi\\ansicpg1252", 0), 0u);
 
     for (const char* command : {"rtf-text", "rtf-rewrite"}) {
-        const CliRun missing = Run({command, Path("fehlt.rtf")});
+        const CliRun missing = Run({command, PathOf("fehlt.rtf")});
         EXPECT_EQ(std::tuple(missing.status, missing.out), std::tuple(2, ""));
         EXPECT_NE(missing.err.find("kann nicht gelesen werden: Datei oder Ordner nicht gefunden."),
                   std::string::npos);
-        EXPECT_NE(Run({command, m_dir.string()}).err.find("ist ein Ordner"), std::string::npos);
+        EXPECT_NE(Run({command, Dir()}).err.find("ist ein Ordner"), std::string::npos);
     }
 }

@@ -37,17 +37,6 @@ TEST_F(DocSaveTest, NewDocumentHasTheNamedRootAndTheSettingsNote) {
     EXPECT_EQ(fresh.GetTitle(), "Unbenannt");
 }
 
-TEST_F(DocSaveTest, SixSavesLeaveFiveBackupsWithTheStateBeforeTheLastInBk0) {
-    for (int i = 1; i <= 6; ++i)
-        ASSERT_TRUE(SaveAs("Stand " + std::to_string(i), project));
-    EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.BK0", "Plan.BK1", "Plan.BK2", "Plan.BK3", "Plan.BK4",
-                                                 "Plan.VT5", "Plan.~~~"}));
-    EXPECT_EQ(RootTitleIn(BackupFilePath(project, 0)), "Stand 5");
-    EXPECT_EQ(RootTitleIn(BackupFilePath(project, 4)), "Stand 1");
-    EXPECT_EQ(RootTitleIn(project), "Stand 6");
-    EXPECT_FALSE(doc.IsModified());
-}
-
 TEST_F(DocSaveTest, FailedWriteKeepsTheFileAndTheModifiedFlag) {
     ASSERT_TRUE(SaveAs("gut", project));
     fs.faults = {{Op::Write, ".tmp", ENOSPC}};
@@ -69,8 +58,8 @@ TEST_F(DocSaveTest, LockThatCannotBeWrittenStopsTheSave) {
 // and never touches the holder's lock.
 TEST_F(DocSaveTest, FailedSaveAsLeavesAReadOnlyDocumentReadOnly) {
     const std::string foreign = ProjectBytes("fremd");
-    Put(project, foreign);
-    Put(lock, LockOf("Bert"));
+    WriteFile(project, foreign);
+    WriteFile(lock, LockOf("Bert"));
     prompter.Answer(PromptAnswer::Yes);
     CVeltoDoc viewer(prompter, "Arial", 12, &fs, "Anna");
     ASSERT_TRUE(viewer.OnOpenDocument(project));
@@ -83,8 +72,8 @@ TEST_F(DocSaveTest, FailedSaveAsLeavesAReadOnlyDocumentReadOnly) {
         EXPECT_TRUE(viewer.m_bReadOnly);
         EXPECT_FALSE(viewer.OnSaveDocument(project));
         EXPECT_EQ(prompter.texts().back(), "Datei ist schreibgeschützt!");
-        EXPECT_EQ(Content(lock), LockOf("Bert"));
-        EXPECT_EQ(Content(project), foreign);
+        EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
+        EXPECT_EQ(ReadFile(project), foreign);
     }
     viewer.PrepareSaveAs();
     viewer.CancelSaveAs();
@@ -94,9 +83,9 @@ TEST_F(DocSaveTest, FailedSaveAsLeavesAReadOnlyDocumentReadOnly) {
     ASSERT_TRUE(viewer.OnSaveDocument(PathOf("Kopie.VT5")));
     EXPECT_FALSE(viewer.m_bReadOnly);
     EXPECT_EQ(viewer.GetTitle(), "Kopie.VT5");
-    EXPECT_EQ(Content(PathOf("Kopie.VT5")), foreign);
-    EXPECT_EQ(Content(PathOf("Kopie.~~~")), OwnLockOf("Anna"));
-    EXPECT_EQ(Content(lock), LockOf("Bert"));
+    EXPECT_EQ(ReadFile(PathOf("Kopie.VT5")), foreign);
+    EXPECT_EQ(ReadFile(PathOf("Kopie.~~~")), OwnLockOf("Anna"));
+    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
 }
 
 TEST_F(DocSaveTest, SaveAsKeepsTheOldLockUntilTheNewFileIsSaved) {
@@ -104,14 +93,14 @@ TEST_F(DocSaveTest, SaveAsKeepsTheOldLockUntilTheNewFileIsSaved) {
     doc.PrepareSaveAs();
     fs.faults = {{Op::Write, ".tmp", ENOSPC}};
     EXPECT_FALSE(SaveAs("zwei", PathOf("Neu.VT5")));
-    EXPECT_EQ(Content(lock), OwnLockOf("Anna"));
+    EXPECT_EQ(ReadFile(lock), OwnLockOf("Anna"));
     EXPECT_FALSE(Exists(PathOf("Neu.~~~")));
 
     // A target someone else holds is not overwritten.
-    Put(PathOf("Fremd.~~~"), LockOf("Bert"));
+    WriteFile(PathOf("Fremd.~~~"), LockOf("Bert"));
     doc.PrepareSaveAs();
     EXPECT_FALSE(SaveAs("zwei", PathOf("Fremd.VT5")));
-    EXPECT_EQ(Content(PathOf("Fremd.~~~")), LockOf("Bert"));
+    EXPECT_EQ(ReadFile(PathOf("Fremd.~~~")), LockOf("Bert"));
     EXPECT_FALSE(Exists(PathOf("Fremd.VT5")));
 
     doc.PrepareSaveAs();
@@ -125,18 +114,19 @@ TEST_F(DocSaveTest, SaveAsKeepsTheOldLockUntilTheNewFileIsSaved) {
 TEST_F(DocSaveTest, LockTakenOverByAnotherStopsOurSavesAndOurClose) {
     ASSERT_TRUE(SaveAs("eins", project));
     std::filesystem::remove(lock); // "Schreibschutz entfernen" by Bert, who then opens it
-    Put(lock, LockOf("Bert"));
+    WriteFile(lock, LockOf("Bert"));
     EXPECT_FALSE(SaveAs("zwei", project));
     EXPECT_NE(prompter.texts().back().find("ist bereits von Bert"), std::string::npos);
     EXPECT_EQ(RootTitleIn(project), "eins");
     EXPECT_TRUE(doc.OnCloseDocument());
-    EXPECT_EQ(Content(lock), LockOf("Bert"));
+    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
 }
 
 // The file keeps being what it was: a link stays a link, access and group are carried over, and a
 // write-protected file is not replaced.
 TEST_F(DocSaveTest, SavingKeepsTheFilesIdentity) {
     ASSERT_TRUE(SaveAs("eins", project));
+    EXPECT_FALSE(doc.IsModified());
     ASSERT_EQ(chmod(project.c_str(), 0660), 0);
     ASSERT_EQ(chown(project.c_str(), 4321, 4322), 0);
     ASSERT_TRUE(SaveAs("zwei", project));
@@ -157,7 +147,7 @@ TEST_F(DocSaveTest, SavingKeepsTheFilesIdentity) {
     CVeltoDoc linked(prompter, "Arial", 12, &fs, "Anna");
     ASSERT_TRUE(doc.OnCloseDocument());
     ASSERT_TRUE(linked.OnOpenDocument(link));
-    EXPECT_EQ(Content(lock), OwnLockOf("Anna")); // beside the real file
+    EXPECT_EQ(ReadFile(lock), OwnLockOf("Anna")); // beside the real file
     linked.m_pFirstNode->m_strTitle = "über Link";
     ASSERT_TRUE(linked.OnSaveDocument(link));
     EXPECT_TRUE(std::filesystem::is_symlink(link));
@@ -170,8 +160,8 @@ TEST_F(DocSaveTest, SaveKilledBeforeItsLastRenameIsOfferedBackOnOpen) {
     ASSERT_TRUE(SaveAs("alt", project));
     ASSERT_TRUE(doc.OnCloseDocument());
     // What a save killed just before the replace leaves: a whole newer state beside the project.
-    Put(project + ".~rechner-77-0.tmp", ProjectBytes("neuer"));
-    Put(project + ".~rechner-78-0.tmp", ProjectBytes("halb").substr(0, 40));
+    WriteFile(project + ".~rechner-77-0.tmp", ProjectBytes("neuer"));
+    WriteFile(project + ".~rechner-78-0.tmp", ProjectBytes("halb").substr(0, 40));
     CVeltoDoc next(prompter, "Arial", 12, &fs, "Anna");
     prompter.Answer(PromptAnswer::Yes);
     ASSERT_TRUE(next.OnOpenDocument(project));

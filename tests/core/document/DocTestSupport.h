@@ -1,24 +1,23 @@
 #pragma once
-// A temporary folder per test, a file system that fails on command, and a document over both.
+// A file system that fails on command, and a document over it in a temporary folder.
 #include "document/CVeltoDoc.h"
 #include "document/LockFile.h"
 #include "support/ScriptedPrompter.h"
+#include "support/TempDir.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
-#include <stdexcept>
 #include <string>
-#include <sys/stat.h>
 #include <vector>
 
 namespace doctest {
+
+using testsupport::ReadFile;
+using testsupport::TempDirTest;
+using testsupport::WriteFile;
 
 enum class Op { Open, Read, Write, Sync, Close, Remove, Rename, SyncDirectory, Link };
 
@@ -94,52 +93,25 @@ inline std::vector<uint8_t> Bytes(std::string_view text) {
 inline bool Exists(const std::string& path) {
     return std::filesystem::exists(path);
 }
-inline std::string Content(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-inline void Put(const std::string& path, std::string_view content) {
-    std::ofstream(path, std::ios::binary) << content;
-}
 
-// A fresh folder for each test, removed afterwards. Made in the constructor so that members of
-// derived fixtures can already name files in it.
-class TempDirTest : public ::testing::Test {
-protected:
-    TempDirTest() : m_dir(MakeTempDir()) {}
-    ~TempDirTest() override { std::filesystem::remove_all(m_dir); }
-
-    std::string PathOf(const std::string& name) const { return m_dir + "/" + name; }
-    std::vector<std::string> Names() const { // sorted
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(m_dir))
-            names.push_back(entry.path().filename().string());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-
-private:
-    static std::string MakeTempDir() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "velto-doc-XXXXXX").string();
-        if (!mkdtemp(pattern.data()))
-            throw std::runtime_error("no temporary folder: " + pattern);
-        return pattern;
-    }
-    const std::string m_dir;
-};
-
-// The bytes of a project file whose one node has the given title.
-inline std::string ProjectBytes(const std::string& rootTitle) {
+// The bytes of a project file whose root has the given title and `children` nodes below it.
+inline std::string ProjectBytes(const std::string& rootTitle, int children = 0) {
     ProjectContent content;
     content.firstNode = new CProjectNode();
     content.firstNode->m_strTitle = rootTitle;
+    for (CProjectNode* last = content.firstNode; children-- > 0; last = last->m_pNext) {
+        last->m_pNext = new CProjectNode();
+        last->m_pNext->m_nLevel = 1;
+        last->m_pNext->m_bSelected = 0;
+        last->m_pNext->m_pPrev = last;
+    }
     const std::vector<uint8_t> bytes = WriteProject(content);
     return {bytes.begin(), bytes.end()};
 }
 
 // The root title of the project file at path; empty when it cannot be read.
 inline std::string RootTitleIn(const std::string& path) {
-    const std::vector<uint8_t> bytes = Bytes(Content(path));
+    const std::vector<uint8_t> bytes = Bytes(ReadFile(path));
     ProjectContent content;
     return ReadProject(bytes, content).status == ReadStatus::Ok ? std::string(content.firstNode->m_strTitle)
                                                                 : "";

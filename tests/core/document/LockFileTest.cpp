@@ -34,7 +34,7 @@ TEST(LockRecord, HoldsTheNameInWindows1252ThenHostAndProcess) {
 class LockOwnerTest : public TempDirTest {
 protected:
     LockOwner Owner(std::string_view content) {
-        Put(lock, content);
+        WriteFile(lock, content);
         LockOwner owner;
         EXPECT_EQ(ReadLockOwner(fs, lock, owner), 0);
         return owner;
@@ -75,10 +75,10 @@ TEST_F(LockOwnerTest, AHeldLockIsLiveAndOnlyItsHolderRemovesIt) {
 
     // Replaced behind its back, the lock file is no longer ours and stays.
     std::filesystem::remove(lock);
-    Put(lock, LockOf("Bert"));
+    WriteFile(lock, LockOf("Bert"));
     EXPECT_FALSE(held.IsStillOurs());
     held.Release();
-    EXPECT_EQ(Content(lock), LockOf("Bert"));
+    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
     ASSERT_EQ(second.TakeOver(lock, OwnLockRecord("Carla")), 0);
     ASSERT_EQ(ReadLockOwner(fs, lock, owner), 0);
     EXPECT_EQ(owner.user, "Carla");

@@ -8,27 +8,10 @@ using namespace doctest;
 
 namespace {
 
-// The bytes of a project with a root node of the given title and `children` tasks below it.
-std::string ProjectWithNodes(const std::string& rootTitle, int children) {
-    ProjectContent content;
-    content.firstNode = new CProjectNode();
-    content.firstNode->m_strTitle = rootTitle;
-    CProjectNode* last = content.firstNode;
-    for (int i = 0; i < children; ++i) {
-        auto* node = new CProjectNode();
-        node->m_nLevel = 1;
-        node->m_bSelected = 0;
-        node->m_pPrev = last;
-        last = last->m_pNext = node;
-    }
-    const std::vector<uint8_t> bytes = WriteProject(content);
-    return {bytes.begin(), bytes.end()};
-}
-
 class ProjectStatesTest : public TempDirTest {
 protected:
     void PutAt(const std::string& name, std::string_view content, int64_t modified) {
-        Put(PathOf(name), content);
+        WriteFile(PathOf(name), content);
         const auto time = std::filesystem::file_time_type::clock::now() -
                           std::chrono::seconds(std::time(nullptr) - modified);
         std::filesystem::last_write_time(PathOf(name), time);
@@ -46,14 +29,14 @@ protected:
 };
 
 TEST_F(ProjectStatesTest, ListsBackupsNewestFirstThenInterruptedSavesAndShowsDamagedOnes) {
-    const std::string full = ProjectWithNodes("Umbau \xC4nderung", 2);
-    Put(project, ProjectWithNodes("Aktuell", 0));
+    const std::string full = ProjectBytes("Umbau \xC4nderung", 2);
+    WriteFile(project, ProjectBytes("Aktuell"));
     PutAt("Plan.BK0", full, now - day);
-    PutAt("Plan.BK1", ProjectWithNodes("Vorher", 0), now - 2 * day);
+    PutAt("Plan.BK1", ProjectBytes("Vorher"), now - 2 * day);
     // .BK2 is missing; .BK3 ends early, .BK4 holds no project at all.
     PutAt("Plan.BK3", full.substr(0, full.size() - 3), now - 4 * day);
     PutAt("Plan.BK4", "", now - 5 * day);
-    PutAt("Plan.VT5.~pc7-41-0.tmp", ProjectWithNodes("Halb", 0), now - 3 * day);
+    PutAt("Plan.VT5.~pc7-41-0.tmp", ProjectBytes("Halb"), now - 3 * day);
     PutAt("Plan.VT5.~pc7-97-0.tmp", full, now);
     PutAt("Anderes.VT5.~pc7-97-0.tmp", full, now); // another project's
 
@@ -76,12 +59,12 @@ TEST_F(ProjectStatesTest, ListsBackupsNewestFirstThenInterruptedSavesAndShowsDam
 }
 
 TEST_F(ProjectStatesTest, NothingBesideTheProjectListsNothing) {
-    Put(project, ProjectWithNodes("Aktuell", 0));
+    WriteFile(project, ProjectBytes("Aktuell"));
     EXPECT_TRUE(ListProjectStates(fs, project).empty());
 }
 
 TEST_F(ProjectStatesTest, AFileThatCannotBeOpenedIsListedAsDamaged) {
-    Put(PathOf("Ziel.VT5"), ProjectWithNodes("Ziel", 0));
+    WriteFile(PathOf("Ziel.VT5"), ProjectBytes("Ziel"));
     std::filesystem::create_symlink(PathOf("Ziel.VT5"), PathOf("Plan.BK0"));
     const std::vector<ProjectState> states = ListProjectStates(fs, project);
     ASSERT_EQ(states.size(), 1u);

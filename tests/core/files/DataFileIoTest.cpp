@@ -9,9 +9,9 @@
 
 namespace {
 
-using doctest::Content;
 using doctest::Op;
-using doctest::Put;
+using testsupport::ReadFile;
+using testsupport::WriteFile;
 
 const std::vector<CHoliday> kNewEntries = {{1, 1, 2025, 255, "Neujahr", true}};
 
@@ -24,7 +24,7 @@ protected:
 
 TEST_F(DataFileTest, AFileThatCannotBeReadIsToldApartFromAMissingOne) {
     EXPECT_EQ(ReadHolidayFile(file, fs).error, 0) << "missing: an empty list";
-    Put(file, "1\r1\r2024\r255\rNeujahr\rJA\r");
+    WriteFile(file, "1\r1\r2024\r255\rNeujahr\rJA\r");
     fs.faults = {{Op::Open, "Feiertage.dat", EACCES}, {Op::Read, "Feiertage.dat", EIO}};
     EXPECT_EQ(ReadHolidayFile(file, fs).error, -EACCES);
     const HolidayFileContent failedRead = ReadHolidayFile(file, fs);
@@ -62,33 +62,33 @@ TEST_F(DataFileTest, ASaveFailingAtAnyStepKeepsTheFileAndItsBackup) {
         {"replacing the file", {{Op::Rename, "Feiertage.dat", EIO}}},
     };
     for (const Case& c : cases) {
-        Put(file, "current");
-        Put(backup, "previous");
+        WriteFile(file, "current");
+        WriteFile(backup, "previous");
         fs.faults = c.faults;
         const SaveOutcome saved = SaveHolidays(file, kNewEntries, fs);
         EXPECT_FALSE(saved) << c.step;
         EXPECT_EQ(saved.error, -c.faults[0].error) << c.step;
-        EXPECT_EQ(Content(file), "current") << c.step;
+        EXPECT_EQ(ReadFile(file), "current") << c.step;
         // Only the last rename comes after the backup was replaced: it then holds the unchanged file.
         const bool lastStep = c.faults[0].op == Op::Rename && c.faults[0].suffix == "Feiertage.dat";
-        EXPECT_EQ(Content(backup), lastStep ? "current" : "previous") << c.step;
+        EXPECT_EQ(ReadFile(backup), lastStep ? "current" : "previous") << c.step;
         EXPECT_EQ(Names(), (std::vector<std::string>{"Feiertage.bak", "Feiertage.dat"})) << c.step;
     }
     fs.faults.clear();
     ASSERT_TRUE(SaveHolidays(file, kNewEntries, fs));
-    EXPECT_EQ(Content(file), FormatHolidays(kNewEntries));
-    EXPECT_EQ(Content(backup), "current");
+    EXPECT_EQ(ReadFile(file), FormatHolidays(kNewEntries));
+    EXPECT_EQ(ReadFile(backup), "current");
 }
 
 TEST_F(DataFileTest, ALinkedFileStaysLinkedAndKeepsItsBackupBesideItsTarget) {
     std::filesystem::create_directory(PathOf("team"));
     const std::string shared = PathOf("team/Feiertage.dat");
-    Put(shared, FormatHolidays({{3, 10, 2024, 255, "Einheit", true}}));
+    WriteFile(shared, FormatHolidays({{3, 10, 2024, 255, "Einheit", true}}));
     std::filesystem::create_symlink(shared, file);
     EXPECT_EQ(ReadHolidayFile(file, fs).entries.size(), 1u);
     ASSERT_TRUE(SaveHolidays(file, kNewEntries, fs));
     EXPECT_TRUE(std::filesystem::is_symlink(file));
-    EXPECT_EQ(Content(shared), FormatHolidays(kNewEntries));
+    EXPECT_EQ(ReadFile(shared), FormatHolidays(kNewEntries));
     EXPECT_EQ(ReadHolidayFile(PathOf("team/Feiertage.bak"), fs).entries[0].name, "Einheit");
 }
 

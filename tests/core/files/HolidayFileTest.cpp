@@ -1,10 +1,15 @@
 // "Feiertage.dat": the token format, its reading quirks, bad input, and saving with the backup.
 #include "files/HolidayFile.h"
 
-#include "core/files/DataFileTestDir.h"
+#include "support/TempDir.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <tuple>
+
+using testsupport::ReadFile;
+using testsupport::TempDir;
+using testsupport::WriteFile;
 
 namespace {
 
@@ -13,12 +18,8 @@ CHoliday Holiday(int day, int month, int year, int color, std::string name, bool
 }
 
 void ExpectSame(const CHoliday& a, const CHoliday& b) {
-    EXPECT_EQ(a.day, b.day);
-    EXPECT_EQ(a.month, b.month);
-    EXPECT_EQ(a.year, b.year);
-    EXPECT_EQ(a.color, b.color);
-    EXPECT_EQ(a.name, b.name);
-    EXPECT_EQ(a.yearly, b.yearly);
+    EXPECT_EQ(std::tie(a.day, a.month, a.year, a.color, a.name, a.yearly),
+              std::tie(b.day, b.month, b.year, b.color, b.name, b.yearly));
 }
 
 TEST(HolidayFormat, EveryValueEndsWithACarriageReturnAndNoLineFeed) {
@@ -103,43 +104,32 @@ TEST(HolidayParse, BinaryNoiseEndsSafely) {
     EXPECT_TRUE(ParseHolidays(std::string(100000, '\0')).empty());
 }
 
-TEST(HolidayFile, SavingKeepsThePreviousFileAsBackup) {
-    TestDir dir;
-    const std::string path = dir.File("Feiertage.dat");
-    const std::string backup = dir.File("Feiertage.bak");
-    ASSERT_TRUE(SaveHolidays(path, {Holiday(1, 1, 2024, 1, "Neujahr", true)}));
-    EXPECT_FALSE(std::filesystem::exists(backup)) << "nothing to back up the first time";
-    const std::string first = ReadBytes(path);
-
-    ASSERT_TRUE(SaveHolidays(path, {Holiday(2, 2, 2024, 2, "Zwei", false)}));
-    EXPECT_EQ(ReadBytes(backup), first);
-    ASSERT_TRUE(SaveHolidays(path, {}));
-    EXPECT_EQ(ReadBytes(backup), FormatHolidays({Holiday(2, 2, 2024, 2, "Zwei", false)}));
-    EXPECT_EQ(ReadBytes(path), "");
-    EXPECT_FALSE(std::filesystem::exists(path + ".tmp"));
-}
-
-TEST(HolidayFile, LoadsWhatWasSavedAndToleratesMissingFiles) {
-    TestDir dir;
-    const std::string path = dir.File("Feiertage.dat");
+// Each save keeps the file before it as the one backup; the failures are in DataFileIoTest.
+TEST(HolidayFile, LoadsWhatWasSavedKeepsTheFileBeforeAndToleratesMissingFiles) {
+    TempDir dir;
+    const std::string path = dir.PathOf("Feiertage.dat");
     EXPECT_TRUE(LoadHolidays(path).empty());
     EXPECT_TRUE(LoadHolidays(dir.Path()).empty()) << "a directory is not a file";
     ASSERT_TRUE(SaveHolidays(path, {Holiday(24, 12, 2024, 14483420, "Heilig Abend", true)}));
+    EXPECT_EQ(dir.Names(), std::vector<std::string>{"Feiertage.dat"});
     const auto entries = LoadHolidays(path);
     ASSERT_EQ(entries.size(), 1u);
     ExpectSame(entries[0], Holiday(24, 12, 2024, 14483420, "Heilig Abend", true));
-    EXPECT_NE(ReadBytes(path).find("Heilig#~*Abend\r"), std::string::npos);
+    const std::string first = ReadFile(path);
+    ASSERT_TRUE(SaveHolidays(path, {}));
+    EXPECT_EQ(ReadFile(dir.PathOf("Feiertage.bak")), first);
+    EXPECT_EQ(dir.Names(), (std::vector<std::string>{"Feiertage.bak", "Feiertage.dat"}));
 }
 
 TEST(HolidayFile, AFailedWriteLeavesTheOldFilesAlone) {
-    TestDir dir;
-    EXPECT_FALSE(SaveHolidays(dir.File("missing/Feiertage.dat"), {Holiday(1, 1, 2024, 1, "A", true)}));
-    EXPECT_FALSE(std::filesystem::exists(dir.File("missing")));
+    TempDir dir;
+    EXPECT_FALSE(SaveHolidays(dir.PathOf("missing/Feiertage.dat"), {Holiday(1, 1, 2024, 1, "A", true)}));
+    EXPECT_FALSE(std::filesystem::exists(dir.PathOf("missing")));
 
     // The data file's place is taken by a directory that cannot be moved aside over the backup.
-    const std::string path = dir.File("Feiertage.dat");
+    const std::string path = dir.PathOf("Feiertage.dat");
     std::filesystem::create_directories(path + "/inner");
-    std::filesystem::create_directories(dir.File("Feiertage.bak/inner"));
+    std::filesystem::create_directories(dir.PathOf("Feiertage.bak/inner"));
     EXPECT_FALSE(SaveHolidays(path, {Holiday(1, 1, 2024, 1, "A", true)}));
     EXPECT_TRUE(std::filesystem::is_directory(path + "/inner"));
     EXPECT_FALSE(std::filesystem::exists(path + ".tmp"));

@@ -3,6 +3,7 @@
 #include "model/Cp1252.h"
 #include "model/NumberFormat.h"
 
+#include <array>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
@@ -18,16 +19,10 @@ TEST(Environment, RunsUnderGermanLocaleAndBerlinTime) {
 
 TEST(CTimeTest, LocalFieldsAndFormats) {
     const CTime t(2023, 12, 24, 13, 5, 9);
-    EXPECT_EQ(t.GetYear(), 2023);
-    EXPECT_EQ(t.GetMonth(), 12);
-    EXPECT_EQ(t.GetDay(), 24);
-    EXPECT_EQ(t.GetHour(), 13);
-    EXPECT_EQ(t.GetMinute(), 5);
-    EXPECT_EQ(t.GetSecond(), 9);
+    EXPECT_EQ((std::array{t.GetYear(), t.GetMonth(), t.GetDay(), t.GetHour(), t.GetMinute(), t.GetSecond()}),
+              (std::array{2023, 12, 24, 13, 5, 9}));
     EXPECT_EQ(t.GetDayOfWeek(), 1); // a Sunday
-    EXPECT_EQ(t.Format("%d.%m.%Y"), "24.12.2023");
     EXPECT_EQ(t.Format("%Y/%m/%d"), "2023/12/24");
-    EXPECT_EQ(t.Format("%H:%M"), "13:05");
     EXPECT_EQ(t.Format("%d.%m.%y / %H:%M "), "24.12.23 / 13:05 ");
 }
 

@@ -43,15 +43,6 @@ TEST(HoursEntry, WeekdaysRunFromSundayToSaturday) {
         EXPECT_EQ(WeekdayAbbreviation(CalendarDay{2024, 5, 5 + i}.At(12, 0, 0)), expected[i]);
 }
 
-TEST(HoursEntry, NewEntriesGoToTheEndOfTheList) {
-    CHoursList list;
-    ASSERT_TRUE(AddHoursEntry(list, Input(8, 0, 9, 0, "first")));
-    ASSERT_TRUE(AddHoursEntry(list, Input(7, 0, 8, 0, "second")));
-    ASSERT_EQ(list.size(), 2u);
-    EXPECT_EQ(list[0].m_str1, "first");
-    EXPECT_EQ(list[1].m_str1, "second");
-}
-
 TEST(HoursEntry, NeededHoursSumTheColumnAsShown) {
     CHoursList list;
     EXPECT_EQ(NeededHoursText(list), "0.00");

@@ -49,13 +49,6 @@ void StepByStepSort(CProjectNode*& first, bool byDue, bool ascending) {
     }
 }
 
-std::vector<const CProjectNode*> Order(const CProjectNode* first) {
-    std::vector<const CProjectNode*> order;
-    for (; first; first = first->m_pNext)
-        order.push_back(first);
-    return order;
-}
-
 TEST(NodeListSort, SortingTwiceReversesDistinctSiblingsAndCarriesChildren) {
     TestTree tree{{0, "R"},         {1, "A", 0, 300}, {2, "a2", 0, 20}, {2, "a1", 0, 10},
                   {1, "B", 0, 100}, {1, "C", 0, 200}, {2, "c", 0, 5}};
@@ -64,15 +57,6 @@ TEST(NodeListSort, SortingTwiceReversesDistinctSiblingsAndCarriesChildren) {
     SortSiblingsByDate(tree.first, false, true);
     EXPECT_EQ(Outline(tree.first), "0:R 1:B 1:C 2:c 1:A 2:a1 2:a2");
     EXPECT_TRUE(LinksAreSound(tree.first));
-}
-
-TEST(NodeListSort, EqualKeysKeepTheirOrderInBothDirections) {
-    TestTree tree{{0, "R"},         {1, "x1", 0, 50},    {1, "late", 0, 90},
-                  {1, "x2", 0, 50}, {1, "early", 0, 10}, {1, "x3", 0, 50}};
-    SortSiblingsByDate(tree.first, false, false);
-    EXPECT_EQ(Outline(tree.first), "0:R 1:late 1:x1 1:x2 1:x3 1:early");
-    SortSiblingsByDate(tree.first, false, true);
-    EXPECT_EQ(Outline(tree.first), "0:R 1:early 1:x1 1:x2 1:x3 1:late");
 }
 
 TEST(NodeListSort, TheDueKeyIsUsedWhenAsked) {
@@ -169,25 +153,10 @@ void CompareWithStepByStep(bool malformed, unsigned seed) {
     }
 }
 
-TEST(NodeListSort, MatchesTheStepByStepSortOnRandomOutlines) {
+// The comparison also shows a lost or doubled node: the reference keeps every one.
+TEST(NodeListSort, MatchesTheStepByStepSortOnRandomOutlinesSoundAndMalformed) {
     CompareWithStepByStep(false, 20240101);
-}
-
-TEST(NodeListSort, MatchesTheStepByStepSortOnMalformedOutlines) {
     CompareWithStepByStep(true, 7);
-}
-
-TEST(NodeListSort, KeepsEveryNodeOfAMalformedList) {
-    RandomTrees trees{std::mt19937(99), true};
-    for (int round = 0; round < 200; ++round) {
-        TestTree tree(trees.Make());
-        std::vector<const CProjectNode*> before = Order(tree.first);
-        SortSiblingsByDate(tree.first, false, round % 2 == 0);
-        std::vector<const CProjectNode*> after = Order(tree.first);
-        std::sort(before.begin(), before.end());
-        std::sort(after.begin(), after.end());
-        ASSERT_EQ(before, after);
-    }
 }
 
 } // namespace

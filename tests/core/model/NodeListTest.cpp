@@ -37,16 +37,12 @@ TEST(NodeListCreate, NewChildOfCollapsedProjectExpandsItAndGoesFirst) {
 }
 
 TEST(NodeListCreate, RefusedUnderTaskNoteAndMilestoneWithTitleAsCaption) {
+    // The title is stored in Windows-1252; the caption must reach the prompter as UTF-8.
+    const std::string books = "B\xFC"
+                              "cher";
     for (int kind : {KIND_TASK, KIND_NOTE, KIND_MILESTONE}) {
-        // The title is stored in Windows-1252; the caption must reach the prompter as UTF-8.
-        TestTree tree{{0, "R"},
-                      {1,
-                       "B\xFC"
-                       "cher",
-                       kind},
-                      {1, "C"}};
-        tree.Select("B\xFC"
-                    "cher");
+        TestTree tree{{0, "R"}, {1, books, kind}, {1, "C"}};
+        tree.Select(books);
         ScriptedPrompter prompter;
         bool changed = false;
         EXPECT_EQ(CreateChildNode(tree.first, kNote, prompter, [&] { changed = true; }), nullptr);
@@ -55,10 +51,8 @@ TEST(NodeListCreate, RefusedUnderTaskNoteAndMilestoneWithTitleAsCaption) {
                                                "cher");
         EXPECT_EQ(prompter.asked()[0].text, "Neue Knoten sind nur unter Projektknoten möglich.");
         EXPECT_FALSE(changed);
-        EXPECT_EQ(Outline(tree.first), "0:R 1:B\xFC"
-                                       "cher 1:C");
-        EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), "B\xFC"
-                                                                   "cher");
+        EXPECT_EQ(Outline(tree.first), "0:R 1:" + books + " 1:C");
+        EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), books);
     }
 }
 

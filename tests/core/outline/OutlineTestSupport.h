@@ -59,13 +59,7 @@ inline void AppendCopies(CProjectNode* node, int count) {
 }
 
 inline CHoliday Holiday(int day, int month, int year, int colour, bool yearly) {
-    CHoliday holiday;
-    holiday.day = day;
-    holiday.month = month;
-    holiday.year = year;
-    holiday.color = colour;
-    holiday.yearly = yearly;
-    return holiday;
+    return {day, month, year, colour, "", yearly};
 }
 
 inline CProjectNode* Find(CProjectNode* first, const std::string& title) {

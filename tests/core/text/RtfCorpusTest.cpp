@@ -5,11 +5,11 @@
 #include "text/RtfWriter.h"
 
 #include "core/text/RtfTestSupport.h"
+#include "support/TempDir.h"
 #include "support/TestEnvironment.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <set>
 #include <sstream>
@@ -28,13 +28,6 @@ fs::path CorpusDir() {
     return fs::path(testenv::SharedDir()) / "rtf-corpus";
 }
 
-std::string Slurp(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    return content.str();
-}
-
 std::vector<CorpusFile> LoadCorpus() {
     std::vector<CorpusFile> corpus;
     const fs::path files = CorpusDir() / "files";
@@ -45,11 +38,11 @@ std::vector<CorpusFile> LoadCorpus() {
             continue;
         CorpusFile file;
         file.name = fs::relative(entry.path(), files).generic_string();
-        file.rtf = Slurp(entry.path());
+        file.rtf = testsupport::ReadFile(entry.path());
         const fs::path expected =
             (CorpusDir() / "expected-libreoffice" / file.name).replace_extension(".txt");
         if (fs::exists(expected))
-            file.expected = Slurp(expected);
+            file.expected = testsupport::ReadFile(expected);
         corpus.push_back(std::move(file));
     }
     std::sort(corpus.begin(), corpus.end(), [](const auto& a, const auto& b) { return a.name < b.name; });

@@ -2,8 +2,9 @@
 // shown, a dated one only in its own year, each in the colour the file holds (red in the low byte).
 // Today is Wednesday 11 March 2026.
 #include "ChartTestSupport.h"
-#include "core/files/DataFileTestDir.h"
+#include "files/HolidayFile.h"
 #include "outline/ChartCalendar.h"
+#include "support/TempDir.h"
 
 using namespace charttest;
 
@@ -18,7 +19,7 @@ class HolidayColour : public ChartFixture {
 protected:
     void SetUp() override {
         Load({{0, KIND_PROJECT, "Projekt", 0, 0}});
-        const std::string file = dir.File("Feiertage.dat");
+        const std::string file = dir.PathOf("Feiertage.dat");
         ASSERT_TRUE(SaveHolidays(
             file, {{24, 12, 2019, kOrange, "Heilig Abend", true}, {26, 12, 2025, kSky, "Urlaub", false}}));
         chart.SetHolidays(LoadHolidays(file));
@@ -36,7 +37,7 @@ protected:
         return Image().pixelColor(QPoint(l.DayX(dayOffset) + l.DayWidth() / 2 - 4, l.RowTop(3) + 10));
     }
 
-    TestDir dir;
+    testsupport::TempDir dir;
 };
 
 TEST_F(HolidayColour, AYearlyEntryColoursItsDayInEveryYearADatedOneOnlyInItsOwn) {
