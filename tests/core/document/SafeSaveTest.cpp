@@ -15,8 +15,13 @@ namespace {
 
 class SafeSaveTest : public TempDirTest {
 protected:
+    // Hands the content over a byte at a time, as a large project comes in many pieces.
     SaveResult Save(std::string_view content) {
-        return SaveWithBackups(fs, project, [&](const PieceWriter& put) { put(Bytes(content)); });
+        return SaveWithBackups(fs, project, [&](const PieceWriter& put) {
+            for (char byte : content)
+                if (!put(Bytes(std::string_view(&byte, 1))))
+                    return;
+        });
     }
 
     FaultyFileSystem fs;
@@ -94,12 +99,13 @@ const FailurePoint kFailurePoints[] = {
     {"CreateTemp", {{Op::Open, ".tmp", EACCES}}, Outcome::NotWritten, "Datei kann nicht angelegt werden!"},
     {"WriteFull", {{Op::Write, ".tmp", ENOSPC}}, Outcome::NotWritten, "Festplatte voll!"},
     {"WriteQuota", {{Op::Write, ".tmp", EDQUOT}}, Outcome::NotWritten, "Festplatte voll!"},
+    {"LaterPieceFull", {{Op::Write, ".tmp", ENOSPC, 1, 1}}, Outcome::NotWritten, "Festplatte voll!"},
     {"Flush", {{Op::Sync, ".tmp", EIO}}, Outcome::NotWritten, "Datei kann nicht angelegt werden!"},
     {"CloseTemp", {{Op::Close, ".tmp", ENOSPC}}, Outcome::NotWritten, "Festplatte voll!"},
     {"KeepByLink", {{Op::Link, ".tmp", EIO}}, Outcome::NotWritten, "Datei kann nicht angelegt werden!"},
     {"LinksRefusedSoCopied", {{Op::Link, ".tmp", EPERM}}, Outcome::Saved},
     {"CopyFails",
-     {{Op::Link, ".tmp", EPERM}, {Op::Write, ".tmp", ENOSPC, 1, 1}},
+     {{Op::Link, ".tmp", EPERM}, {Op::Write, ".tmp", ENOSPC, 1, 3}},
      Outcome::NotWritten,
      "Festplatte voll!"},
     {"Bk4Refused", {{Op::Rename, ".BK5", EACCES}}, Outcome::NotWritten, "Datei kann nicht angelegt werden!"},

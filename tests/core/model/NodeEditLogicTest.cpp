@@ -152,7 +152,7 @@ TEST_F(EditFixture, AProjectWithChildrenMayStayAProject) {
     EXPECT_EQ(copy->m_strTitle, "Neu");
 }
 
-TEST_F(EditFixture, CommittingKeepsTheLinksSwapsTheListsAndStampsTheChange) {
+TEST_F(EditFixture, CommittingKeepsTheLinksSwapsAllThreeListsAndStampsTheChange) {
     CProjectNode* node = tree["A"];
     CProjectNode* next = node->m_pNext;
     CProjectNode* prev = node->m_pPrev;
@@ -160,6 +160,8 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsTheListsAndStampsTheChange) {
     node->m_pHours = {CHoursEntry{}};
     auto copy = CopyOf("A");
     copy->m_pHours = {};
+    copy->m_pCosts = {CCostEntry{}};
+    copy->m_pCosts2 = {CCostEntry{}, CCostEntry{}};
     copy->m_strTitle = "Ge\xE4ndert";
     copy->m_bBold = 1;
     copy->m_timeReminder = CTime(99);
@@ -171,6 +173,7 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsTheListsAndStampsTheChange) {
     EXPECT_EQ(node->m_timeReminder, CTime(99));
     EXPECT_TRUE(node->m_pHours.empty());
     EXPECT_EQ(copy->m_pHours.size(), 1u) << "the copy now holds the old list";
+    EXPECT_EQ(std::pair(node->m_pCosts.size(), node->m_pCosts2.size()), std::pair(size_t(1), size_t(2)));
     EXPECT_TRUE(node->m_bSelected);
     EXPECT_EQ(node->m_timeChanged, CTime(1800000000));
     EXPECT_TRUE(LinksAreSound(tree.first));
