@@ -10,7 +10,7 @@ namespace {
 
 using bench::BuildProject;
 
-class BenchHost : public CChartHost {
+class BenchHost : public ChartHost {
 public:
     BenchHost() : doc(prompter) {}
     CVeltoDoc* Document() override { return &doc; }

@@ -352,19 +352,19 @@ void CVeltoDoc::SetModifiedFlag(bool modified) {
     m_bModified = modified;
 }
 
-void CVeltoDoc::AddObserver(CDocObserver* observer) {
+void CVeltoDoc::AddObserver(DocObserver* observer) {
     if (std::find(m_observers.begin(), m_observers.end(), observer) == m_observers.end())
         m_observers.push_back(observer);
 }
 
-void CVeltoDoc::RemoveObserver(CDocObserver* observer) {
+void CVeltoDoc::RemoveObserver(DocObserver* observer) {
     std::erase(m_observers, observer);
 }
 
 void CVeltoDoc::UpdateAllViews() {
     // A view may close (and unregister) while it is told; it must not be told after that.
-    const std::vector<CDocObserver*> observers = m_observers;
-    for (CDocObserver* observer : observers)
+    const std::vector<DocObserver*> observers = m_observers;
+    for (DocObserver* observer : observers)
         if (std::find(m_observers.begin(), m_observers.end(), observer) != m_observers.end())
             observer->OnDocumentUpdated(*this);
 }

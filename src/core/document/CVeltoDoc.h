@@ -16,9 +16,9 @@ class FileSystem;
 class CVeltoDoc;
 
 // A view of a document; told when the document changed ("update all views").
-class CDocObserver {
+class DocObserver {
 public:
-    virtual ~CDocObserver() = default;
+    virtual ~DocObserver() = default;
     virtual void OnDocumentUpdated(CVeltoDoc& doc) = 0;
 };
 
@@ -65,8 +65,8 @@ public:
     bool IsModified() const { return m_bModified; }
     void SetModifiedFlag(bool modified = true);
 
-    void AddObserver(CDocObserver* observer);
-    void RemoveObserver(CDocObserver* observer);
+    void AddObserver(DocObserver* observer);
+    void RemoveObserver(DocObserver* observer);
     void UpdateAllViews();
 
     // Called by Close for every node whose clock runs, with that node current; the view shows
@@ -121,6 +121,6 @@ private:
     std::string m_strPathName;
     ProjectLock m_lock;
     bool m_bModified = false;
-    std::vector<CDocObserver*> m_observers;
+    std::vector<DocObserver*> m_observers;
     std::function<void(CProjectNode&)> m_clockOut;
 };

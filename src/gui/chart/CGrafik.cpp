@@ -89,7 +89,7 @@ CGrafik::~CGrafik() {
     DetachDocument();
 }
 
-void CGrafik::SetHost(CChartHost* host) {
+void CGrafik::SetHost(ChartHost* host) {
     DetachDocument();
     m_host = host;
     m_doc = host ? host->Document() : nullptr;

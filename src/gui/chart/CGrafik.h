@@ -18,7 +18,7 @@
 class QPushButton;
 class QScrollBar;
 
-class CGrafik : public QWidget, public CDocObserver {
+class CGrafik : public QWidget, public DocObserver {
     Q_OBJECT
 
 public:
@@ -49,7 +49,7 @@ public:
     ~CGrafik() override;
 
     // Attaches the chart to the host's document (the chart observes it to know when to reindex).
-    void SetHost(CChartHost* host);
+    void SetHost(ChartHost* host);
     // Stops observing the document; call it before the document goes away if the chart outlives it.
     void DetachDocument();
     void SetOptions(const ChartOptions& options) { m_options = options; }
@@ -151,7 +151,7 @@ private:
     void AfterTreeChange();
     void PublishOutline(const CProjectNode* chain);
 
-    CChartHost* m_host = nullptr;
+    ChartHost* m_host = nullptr;
     CVeltoDoc* m_doc = nullptr;
     ChartOptions m_options;
     chartcal::HolidayCalendar m_holidays;

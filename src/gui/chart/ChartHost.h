@@ -6,9 +6,9 @@
 class CVeltoDoc;
 class Prompter;
 
-class CChartHost {
+class ChartHost {
 public:
-    virtual ~CChartHost() = default;
+    virtual ~ChartHost() = default;
     // The document whose node list is drawn; it outlives the chart, or the host calls
     // CGrafik::DetachDocument first.
     virtual CVeltoDoc* Document() = 0;

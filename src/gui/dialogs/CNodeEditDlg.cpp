@@ -1,14 +1,14 @@
 #include "dialogs/CNodeEditDlg.h"
 
 #include "common/Prompter.h"
-#include "dialogs/CEntryPanel.h"
 #include "dialogs/CReminderDlg.h"
 #include "dialogs/CResponsibleDlg.h"
-#include "dialogs/CStepEdit.h"
 #include "dialogs/CTextFormatDlg.h"
 #include "dialogs/DialogIcons.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
+#include "dialogs/EntryPanel.h"
+#include "dialogs/StepEdit.h"
 #include "model/CostLogic.h"
 #include "model/NodeEditLogic.h"
 #include "model/NumberFormat.h"
@@ -69,7 +69,7 @@ CNodeEditDlg::CNodeEditDlg(CProjectNode& node, const NodeEditContext& context, P
     layout->addLayout(top);
     layout->addWidget(BuildDateRow());
     layout->addWidget(BuildHoursGroup());
-    m_entries = new CEntryPanel(*m_copy, m_histories, m_context.presetFile, m_prompter, this);
+    m_entries = new EntryPanel(*m_copy, m_histories, m_context.presetFile, m_prompter, this);
     layout->addWidget(m_entries, 1);
     QDialogButtonBox* buttons = NewButtonRow(this);
     layout->addWidget(buttons);
@@ -180,9 +180,9 @@ QWidget* CNodeEditDlg::BuildDateRow() {
 
 QWidget* CNodeEditDlg::BuildHoursGroup() {
     m_hoursGroup = new QGroupBox("Stunden", this);
-    m_planned = new CStepEdit(kQuarterStep, m_hoursGroup);
+    m_planned = new StepEdit(kQuarterStep, m_hoursGroup);
     m_needed = new QLineEdit(m_hoursGroup);
-    m_rate = new CStepEdit(kHalfStep, m_hoursGroup);
+    m_rate = new StepEdit(kHalfStep, m_hoursGroup);
     m_planned->setObjectName("planned");
     m_needed->setObjectName("needed");
     m_rate->setObjectName("rate");
@@ -223,10 +223,10 @@ void CNodeEditDlg::ConnectChanges() {
         if (kind == KIND_TASK)
             m_entries->Refill();
     });
-    connect(m_planned, &CStepEdit::TextChanged, this, &CNodeEditDlg::RegenerateAutomaticEntries);
+    connect(m_planned, &StepEdit::TextChanged, this, &CNodeEditDlg::RegenerateAutomaticEntries);
     connect(m_needed, &QLineEdit::textChanged, this, &CNodeEditDlg::RegenerateAutomaticEntries);
-    connect(m_rate, &CStepEdit::TextChanged, this, &CNodeEditDlg::RegenerateAutomaticEntries);
-    connect(m_entries, &CEntryPanel::NeededHoursChanged, m_needed, &QLineEdit::setText);
+    connect(m_rate, &StepEdit::TextChanged, this, &CNodeEditDlg::RegenerateAutomaticEntries);
+    connect(m_entries, &EntryPanel::NeededHoursChanged, m_needed, &QLineEdit::setText);
 }
 
 int CNodeEditDlg::SelectedKind() const {

@@ -10,9 +10,9 @@
 #include <memory>
 #include <string>
 
-class CEntryPanel;
+class EntryPanel;
 class CProjectNode;
-class CStepEdit;
+class StepEdit;
 class Prompter;
 class QAbstractButton;
 class QButtonGroup;
@@ -94,8 +94,8 @@ private:
     QPushButton* m_fontButton;
     QPushButton* m_alarmButton;
     QGroupBox* m_hoursGroup;
-    CStepEdit* m_planned;
+    StepEdit* m_planned;
     QLineEdit* m_needed;
-    CStepEdit* m_rate;
-    CEntryPanel* m_entries;
+    StepEdit* m_rate;
+    EntryPanel* m_entries;
 };

@@ -24,7 +24,7 @@ struct ViewLayout {
     int zoom = 20;
 };
 
-class CVeltoView : public QWidget, public CommandTarget, public CDocObserver, public CChartHost {
+class CVeltoView : public QWidget, public CommandTarget, public DocObserver, public ChartHost {
     Q_OBJECT
 public:
     static constexpr int kMinZoom = 10;
@@ -65,7 +65,7 @@ public:
     // The status pane's node info line for the current node ("Erstellt: ..."), in hours or costs.
     static QString NodeInfoLine(const CProjectNode& node, bool costs);
 
-    // CChartHost
+    // ChartHost
     CVeltoDoc* Document() override { return &m_doc; }
     void TakeUndoCopy() override;
     void EditSelectedNode() override { EditNode(); }

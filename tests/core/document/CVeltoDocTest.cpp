@@ -218,7 +218,7 @@ TEST_F(DocSaveTest, UndoSwapsWithTheCopyAndBackAgain) {
     EXPECT_EQ(doc.m_pFirstNode->m_strTitle, "nochmal");
 }
 
-struct CountingView : CDocObserver {
+struct CountingView : DocObserver {
     std::function<void()> onUpdate;
     int updates = 0;
     void OnDocumentUpdated(CVeltoDoc&) override {

@@ -49,7 +49,7 @@ inline void Key(QWidget& w, Qt::Key key) {
     QApplication::sendEvent(&w, &press);
 }
 
-class TestHost : public CChartHost {
+class TestHost : public ChartHost {
 public:
     TestHost() : doc(prompter) {}
     CVeltoDoc* Document() override { return &doc; }

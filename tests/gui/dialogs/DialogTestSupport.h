@@ -1,7 +1,7 @@
 #pragma once
 // Driving the node dialogs in tests: finding controls by name, acting on a modal dialog once it
 // is open, and a scratch folder for "Bearbeiter.dat".
-#include "dialogs/CStepEdit.h"
+#include "dialogs/StepEdit.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -50,8 +50,8 @@ struct EntryList : ::testing::Test {
         Click("addEntry");
     }
     void AddCost(const char* price, const char* quantity, bool income) {
-        Get<CStepEdit>("unitPrice")->SetText(price);
-        Get<CStepEdit>("quantity")->SetText(quantity);
+        Get<StepEdit>("unitPrice")->SetText(price);
+        Get<StepEdit>("quantity")->SetText(quantity);
         Get<QRadioButton>(income ? "income" : "expense")->setChecked(true);
         Click("addEntry");
     }
@@ -135,7 +135,7 @@ TEST_F(EntryList, AutomaticEntriesFollowHoursAndRate) {
     EXPECT_EQ(Cell(0, 6), "Kalkulierte Stunden");
     EXPECT_EQ(Cell(0, 7), "-400.00");
 
-    Get<CStepEdit>("rate")->SetText("60");
+    Get<StepEdit>("rate")->SetText("60");
     EXPECT_EQ(Cell(0, 7), "-480.00");
     Get<QLineEdit>("needed")->setText("2");
     Mode("modeNeeded");
@@ -173,14 +173,14 @@ TEST_F(EntryList, TheAutomaticEntryCannotBeTakenBackButOthersCan) {
     EXPECT_EQ(prompter.texts(),
               std::vector<std::string>{"Dieser Eintrag wurde automatisch generiert und ist nicht löschbar!"});
     EXPECT_EQ(List()->topLevelItemCount(), 2);
-    EXPECT_EQ(Get<CStepEdit>("unitPrice")->Text(), "0.00") << "the input row is reset";
-    EXPECT_EQ(Get<CStepEdit>("quantity")->Text(), "1.00");
+    EXPECT_EQ(Get<StepEdit>("unitPrice")->Text(), "0.00") << "the input row is reset";
+    EXPECT_EQ(Get<StepEdit>("quantity")->Text(), "1.00");
     EXPECT_TRUE(Get<QRadioButton>("expense")->isChecked());
 
     List()->setCurrentItem(List()->topLevelItem(0));
     Click("takeBackEntry");
     EXPECT_EQ(List()->topLevelItemCount(), 1);
-    EXPECT_EQ(Get<CStepEdit>("unitPrice")->Text(), "19.99");
+    EXPECT_EQ(Get<StepEdit>("unitPrice")->Text(), "19.99");
     EXPECT_TRUE(Get<QRadioButton>("income")->isChecked());
 }
 

@@ -130,7 +130,7 @@ TEST_F(NodeDialog, CancelChangesNothingAndEveryOkStampsTheChange) {
     task.m_timeChanged = CTime(1000);
     auto cancelled = Open("T");
     Find<QLineEdit>(*cancelled, "title")->setText("Anders");
-    Find<CStepEdit>(*cancelled, "planned")->SetText("5");
+    Find<StepEdit>(*cancelled, "planned")->SetText("5");
     ClickCancel(*cancelled);
     EXPECT_EQ(task.m_strTitle, "T");
     EXPECT_TRUE(task.m_pCosts.empty()) << "not even the automatic cost entries";
@@ -144,7 +144,7 @@ TEST_F(NodeDialog, CancelChangesNothingAndEveryOkStampsTheChange) {
 
 TEST_F(NodeDialog, StepButtonsMoveQuarterAndHalfMarks) {
     auto dialog = Open("T");
-    CStepEdit* planned = Find<CStepEdit>(*dialog, "planned");
+    StepEdit* planned = Find<StepEdit>(*dialog, "planned");
     const std::tuple<const char*, bool, const char*> steps[] = {
         {"1.10", true, "1.25"}, {"1.25", false, "1.00"}, {"1.00", false, "0.75"}, {"0", false, "0.00"}};
     for (auto [from, plus, to] : steps) {
@@ -158,11 +158,11 @@ TEST_F(NodeDialog, StepButtonsMoveQuarterAndHalfMarks) {
     EXPECT_EQ(planned->Text(), "1.25");
     QTest::keyClick(planned->Edit(), Qt::Key_Down);
     EXPECT_EQ(planned->Text(), "1.00");
-    CStepEdit* rate = Find<CStepEdit>(*dialog, "rate");
+    StepEdit* rate = Find<StepEdit>(*dialog, "rate");
     rate->SetText("2.2");
     rate->PlusButton()->click();
     EXPECT_EQ(rate->Text(), "2.50");
-    CStepEdit* quantity = Find<CStepEdit>(*dialog, "quantity");
+    StepEdit* quantity = Find<StepEdit>(*dialog, "quantity");
     quantity->MinusButton()->click();
     EXPECT_EQ(quantity->Text(), "0.50");
 }

@@ -1,10 +1,10 @@
-#include "dialogs/CEntryPanel.h"
+#include "dialogs/EntryPanel.h"
 
 #include "common/Prompter.h"
-#include "dialogs/CStepEdit.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
 #include "dialogs/EntryCombos.h"
+#include "dialogs/StepEdit.h"
 #include "model/CostLogic.h"
 #include "model/NodeEditLogic.h"
 #include "model/NumberFormat.h"
@@ -112,8 +112,8 @@ QPushButton* NewButton(const char* text, const char* name, QWidget* parent) {
 
 } // namespace
 
-CEntryPanel::CEntryPanel(CProjectNode& copy, EntryHistories& histories, std::string presetFile,
-                         Prompter& prompter, QWidget* parent)
+EntryPanel::EntryPanel(CProjectNode& copy, EntryHistories& histories, std::string presetFile,
+                       Prompter& prompter, QWidget* parent)
     : QWidget(parent), m_copy(copy), m_histories(histories), m_presetFile(std::move(presetFile)),
       m_prompter(prompter) {
     auto* layout = new QVBoxLayout(this);
@@ -128,7 +128,7 @@ CEntryPanel::CEntryPanel(CProjectNode& copy, EntryHistories& histories, std::str
     KeepWidthAcrossModes();
 }
 
-QWidget* CEntryPanel::BuildModeRadios() {
+QWidget* EntryPanel::BuildModeRadios() {
     auto* box = new QWidget(this);
     auto* row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
@@ -146,7 +146,7 @@ QWidget* CEntryPanel::BuildModeRadios() {
     return box;
 }
 
-QGroupBox* CEntryPanel::BuildListGroup() {
+QGroupBox* EntryPanel::BuildListGroup() {
     m_group = new QGroupBox(this);
     m_group->setObjectName("listGroup");
     m_beginLabel = new QLabel(m_group);
@@ -154,8 +154,8 @@ QGroupBox* CEntryPanel::BuildListGroup() {
     m_day = NewDayPicker(m_group);
     m_begin = NewTimePicker(m_group);
     m_end = NewTimePicker(m_group);
-    m_unitPrice = new CStepEdit(kHalfStep, m_group);
-    m_quantity = new CStepEdit(kHalfStep, m_group);
+    m_unitPrice = new StepEdit(kHalfStep, m_group);
+    m_quantity = new StepEdit(kHalfStep, m_group);
     m_expense = new QRadioButton("Ausgabe", m_group);
     m_income = new QRadioButton("Einnahme", m_group);
     m_assignee = NewEntryCombo(m_group);
@@ -213,25 +213,25 @@ QGroupBox* CEntryPanel::BuildListGroup() {
     grid->addWidget(m_list, 3, 0, 1, 5);
     grid->setRowStretch(3, 1);
 
-    connect(m_add, &QPushButton::clicked, this, &CEntryPanel::AddEntry);
-    connect(m_takeBack, &QPushButton::clicked, this, &CEntryPanel::TakeBackEntry);
+    connect(m_add, &QPushButton::clicked, this, &EntryPanel::AddEntry);
+    connect(m_takeBack, &QPushButton::clicked, this, &EntryPanel::TakeBackEntry);
     TakeBackOnDoubleClickOrDelete(m_list, [this] { TakeBackEntry(); });
     return m_group;
 }
 
-QList<QWidget*> CEntryPanel::TabChain() const {
+QList<QWidget*> EntryPanel::TabChain() const {
     return {m_modeRadios[0], m_modeRadios[1], m_modeRadios[2], m_day,      m_begin,
             m_unitPrice,     m_end,           m_quantity,      m_assignee, m_remark,
             m_expense,       m_income,        m_add,           m_takeBack, m_list};
 }
 
-QList<QWidget*> CEntryPanel::InputRow() const {
+QList<QWidget*> EntryPanel::InputRow() const {
     return {m_day, m_begin, m_end, m_unitPrice, m_quantity, m_assignee, m_remark, m_expense, m_income};
 }
 
 // Enter in the input row adds the entry: typing a remark and pressing Enter must not close the
 // whole dialog with OK.
-void CEntryPanel::keyPressEvent(QKeyEvent* event) {
+void EntryPanel::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     QWidget* focus = QApplication::focusWidget();
     const QList<QWidget*> row = InputRow();
@@ -245,13 +245,13 @@ void CEntryPanel::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-void CEntryPanel::SetMode(ListMode mode) {
+void EntryPanel::SetMode(ListMode mode) {
     m_mode = mode;
     m_modeRadios[int(mode)]->setChecked(true);
     ShowMode();
 }
 
-void CEntryPanel::ShowInputRow(bool hours) {
+void EntryPanel::ShowInputRow(bool hours) {
     m_beginLabel->setText(hours ? "Beginn" : "Einzelpreis in €");
     m_endLabel->setText(hours ? "Ende" : "Anzahl");
     m_begin->setVisible(hours);
@@ -262,7 +262,7 @@ void CEntryPanel::ShowInputRow(bool hours) {
 }
 
 // As wide as the wider input row, so that the dialog keeps its width when the mode changes.
-void CEntryPanel::KeepWidthAcrossModes() {
+void EntryPanel::KeepWidthAcrossModes() {
     int widest = 0;
     for (bool hours : {false, true}) {
         ShowInputRow(hours);
@@ -272,7 +272,7 @@ void CEntryPanel::KeepWidthAcrossModes() {
     ShowInputRow(m_mode == ListMode::Hours);
 }
 
-void CEntryPanel::ShowMode() {
+void EntryPanel::ShowMode() {
     const bool hours = m_mode == ListMode::Hours;
     m_group->setTitle(QString::fromUtf8(kModeCaptions[int(m_mode)]));
     ShowInputRow(hours);
@@ -295,7 +295,7 @@ void CEntryPanel::ShowMode() {
     Refill();
 }
 
-void CEntryPanel::Refill() {
+void EntryPanel::Refill() {
     m_list->clear();
     if (m_mode == ListMode::Hours) {
         for (const HoursRow& row : MakeHoursRows(m_copy.m_pHours))
@@ -306,17 +306,17 @@ void CEntryPanel::Refill() {
     }
 }
 
-void CEntryPanel::RefreshCosts() {
+void EntryPanel::RefreshCosts() {
     if (m_mode != ListMode::Hours)
         Refill();
 }
 
-void CEntryPanel::FillCombos() {
+void EntryPanel::FillCombos() {
     FillEntryCombos(m_assignee, m_remark, m_histories, m_presetFile);
 }
 
 // Rows stay sorted by day, newest first; a new row goes to the top of its day.
-void CEntryPanel::InsertRowSorted(const QStringList& columns) {
+void EntryPanel::InsertRowSorted(const QStringList& columns) {
     int position = 0;
     while (position < m_list->topLevelItemCount() && m_list->topLevelItem(position)->text(0) > columns[0])
         ++position;
@@ -327,23 +327,23 @@ void CEntryPanel::InsertRowSorted(const QStringList& columns) {
     m_list->insertTopLevelItem(position, item);
 }
 
-QTreeWidgetItem* CEntryPanel::SelectedRow() const {
+QTreeWidgetItem* EntryPanel::SelectedRow() const {
     const QList<QTreeWidgetItem*> selected = m_list->selectedItems();
     return selected.isEmpty() ? nullptr : selected.front();
 }
 
-CCostList& CEntryPanel::CostList() const {
+CCostList& EntryPanel::CostList() const {
     return CostListOf(m_copy, m_mode == ListMode::CalculatedCosts ? CostList::Calculated : CostList::Needed);
 }
 
-void CEntryPanel::AddEntry() {
+void EntryPanel::AddEntry() {
     if (m_mode == ListMode::Hours)
         AddHours();
     else
         AddCost();
 }
 
-void CEntryPanel::TakeBackEntry() {
+void EntryPanel::TakeBackEntry() {
     const QTreeWidgetItem* row = SelectedRow();
     if (!row) {
         m_prompter.Tell(kNoEntrySelected, Prompter::kCaption, PromptIcon::None);
@@ -355,7 +355,7 @@ void CEntryPanel::TakeBackEntry() {
         TakeBackCost(*row);
 }
 
-void CEntryPanel::AddHours() {
+void EntryPanel::AddHours() {
     const HoursInput input = ReadHoursInput(*m_day, *m_begin, *m_end, *m_assignee, *m_remark);
     if (!AddHoursEntry(m_copy.m_pHours, input)) {
         m_prompter.Tell(kBadInterval, Prompter::kCaption, PromptIcon::None);
@@ -367,7 +367,7 @@ void CEntryPanel::AddHours() {
     FillCombos();
 }
 
-void CEntryPanel::AddCost() {
+void EntryPanel::AddCost() {
     const CostInput input{ToCalendarDay(m_day->date()),
                           dlgtext::Keep(m_unitPrice->Text()),
                           dlgtext::Keep(m_quantity->Text()),
@@ -379,7 +379,7 @@ void CEntryPanel::AddCost() {
     FillCombos();
 }
 
-void CEntryPanel::TakeBackHours(const QTreeWidgetItem& row) {
+void EntryPanel::TakeBackHours(const QTreeWidgetItem& row) {
     const HoursInput key = HoursInputOfRow(RowOf<HoursRow>(row));
     RemoveFirstMatchingHours(m_copy.m_pHours, key);
     Refill();
@@ -391,7 +391,7 @@ void CEntryPanel::TakeBackHours(const QTreeWidgetItem& row) {
     emit NeededHoursChanged(QString::fromStdString(NeededHoursText(m_copy.m_pHours)));
 }
 
-void CEntryPanel::TakeBackCost(const QTreeWidgetItem& row) {
+void EntryPanel::TakeBackCost(const QTreeWidgetItem& row) {
     const CostInput key = CostInputOfRow(RowOf<CostRow>(row));
     m_day->setDate(QDate(key.day.year, key.day.month, key.day.day));
     m_unitPrice->SetValue(float(numfmt::ParseNumber(key.unitPriceText)));
@@ -407,7 +407,7 @@ void CEntryPanel::TakeBackCost(const QTreeWidgetItem& row) {
     Refill();
 }
 
-void CEntryPanel::ResetCostInput() {
+void EntryPanel::ResetCostInput() {
     m_day->setDate(QDate::currentDate());
     m_unitPrice->SetValue(0.0);
     m_quantity->SetValue(1.0);

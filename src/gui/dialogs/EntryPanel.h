@@ -9,7 +9,7 @@
 #include <string>
 
 class CProjectNode;
-class CStepEdit;
+class StepEdit;
 class Prompter;
 class QComboBox;
 class QDateEdit;
@@ -26,11 +26,11 @@ template <class Entry> class EntryList;
 
 enum class ListMode { Hours = 0, CalculatedCosts = 1, NeededCosts = 2 };
 
-class CEntryPanel : public QWidget {
+class EntryPanel : public QWidget {
     Q_OBJECT
 public:
-    CEntryPanel(CProjectNode& copy, EntryHistories& histories, std::string presetFile, Prompter& prompter,
-                QWidget* parent = nullptr);
+    EntryPanel(CProjectNode& copy, EntryHistories& histories, std::string presetFile, Prompter& prompter,
+               QWidget* parent = nullptr);
 
     ListMode Mode() const { return m_mode; }
     void SetMode(ListMode mode);
@@ -81,8 +81,8 @@ private:
     QDateEdit* m_day;
     QTimeEdit* m_begin;
     QTimeEdit* m_end;
-    CStepEdit* m_unitPrice;
-    CStepEdit* m_quantity;
+    StepEdit* m_unitPrice;
+    StepEdit* m_quantity;
     QRadioButton* m_expense;
     QRadioButton* m_income;
     QComboBox* m_assignee;

@@ -6,11 +6,11 @@
 class QLineEdit;
 class QToolButton;
 
-class CStepEdit : public QWidget {
+class StepEdit : public QWidget {
     Q_OBJECT
 public:
     // step: 0.25 or 0.5 (see NodeEditLogic.h).
-    CStepEdit(double step, QWidget* parent = nullptr);
+    StepEdit(double step, QWidget* parent = nullptr);
 
     QLineEdit* Edit() const { return m_edit; }
     QToolButton* PlusButton() const { return m_plus; }

@@ -1,4 +1,4 @@
-#include "dialogs/CStepEdit.h"
+#include "dialogs/StepEdit.h"
 
 #include "model/NodeEditLogic.h"
 #include "model/NumberFormat.h"
@@ -27,7 +27,7 @@ QString StepName(double step) {
 
 } // namespace
 
-CStepEdit::CStepEdit(double step, QWidget* parent)
+StepEdit::StepEdit(double step, QWidget* parent)
     : QWidget(parent), m_step(step), m_edit(new QLineEdit(this)),
       m_plus(StepButton(
           "+",
@@ -47,12 +47,12 @@ CStepEdit::CStepEdit(double step, QWidget* parent)
     layout->addWidget(m_edit, 1);
     layout->addWidget(m_plus);
     layout->addWidget(m_minus);
-    connect(m_edit, &QLineEdit::textChanged, this, &CStepEdit::TextChanged);
+    connect(m_edit, &QLineEdit::textChanged, this, &StepEdit::TextChanged);
     connect(m_plus, &QToolButton::clicked, this, [this] { SetValue(StepUp(Value(), m_step)); });
     connect(m_minus, &QToolButton::clicked, this, [this] { SetValue(StepDown(Value(), m_step)); });
 }
 
-bool CStepEdit::eventFilter(QObject* watched, QEvent* event) {
+bool StepEdit::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_edit && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Up || key == Qt::Key_Down) {
@@ -63,18 +63,18 @@ bool CStepEdit::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-float CStepEdit::Value() const {
+float StepEdit::Value() const {
     return float(numfmt::ParseNumber(m_edit->text().toStdString()));
 }
 
-void CStepEdit::SetValue(double value) {
+void StepEdit::SetValue(double value) {
     SetText(QString::fromStdString(numfmt::FormatEditNumber(value)));
 }
 
-QString CStepEdit::Text() const {
+QString StepEdit::Text() const {
     return m_edit->text();
 }
 
-void CStepEdit::SetText(const QString& text) {
+void StepEdit::SetText(const QString& text) {
     m_edit->setText(text);
 }
