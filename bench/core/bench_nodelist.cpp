@@ -34,7 +34,7 @@ CProjectNode* MakeOutline(bool flat, bool withContent) {
     for (int i = 0; i < kNodes; ++i) {
         auto* node = new CProjectNode(defaults);
         node->m_nLevel = i == 0 ? 0 : flat ? 1 : (i % 1000 == 1 ? 1 : i % 100 == 2 ? 2 : 3);
-        node->m_nKind = node->m_nLevel == 3 ? KIND_TASK : KIND_PROJECT;
+        node->m_nKind = node->m_nLevel == 3 ? kKindTask : kKindProject;
         node->m_timeStart = CTime(1600000000u + rng() % 300000000u);
         node->m_timeDue = node->m_timeStart + int64_t(rng() % 10000000u);
         if (withContent) {

@@ -49,7 +49,7 @@ CCostEntry Cost(CTime day, float price, float quantity, const char* remark) {
 // Every tenth node a project node, the others tasks with a note, two hours entries and the
 // automatic entry of each cost list.
 void FillNoteHeavy(CProjectNode& node, int i) {
-    node.m_nKind = i % 10 == 0 ? KIND_PROJECT : KIND_TASK;
+    node.m_nKind = i % 10 == 0 ? kKindProject : kKindTask;
     node.m_nLevel = i == 0 ? 0 : (i % 10 == 0 ? 1 : 2);
     node.m_strTitle = "Aufgabe " + std::to_string(i);
     node.m_strNote = NoteFor(i);

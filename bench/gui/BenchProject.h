@@ -44,10 +44,10 @@ inline CProjectNode* BuildProject(int count, bool withContent = false) {
         auto* node = new CProjectNode(defaults);
         const int inGroup = i % 13;
         node->m_nLevel = inGroup == 1 ? 1 : 2;
-        node->m_nKind = inGroup == 1    ? KIND_PROJECT
-                        : inGroup == 12 ? KIND_MILESTONE
-                        : inGroup == 11 ? KIND_NOTE
-                                        : KIND_TASK;
+        node->m_nKind = inGroup == 1    ? kKindProject
+                        : inGroup == 12 ? kKindMilestone
+                        : inGroup == 11 ? kKindNote
+                                        : kKindTask;
         node->m_strTitle = "Knoten " + std::to_string(i);
         node->m_timeStart = defaults.start + int64_t(i % 120 - 60) * 86400;
         node->m_timeDue = node->m_timeStart + int64_t(i % 9) * 86400 + 82799;

@@ -32,7 +32,7 @@ struct Chart {
         chart.SetChartWidth1(400);
         chart.SetChartWidth2(0);
         chart.resize(1920, 1080);
-        chart.OnVScroll(CGrafik::SB_THUMBPOSITION, nodes / 2);
+        chart.OnVScroll(CGrafik::ScrollCode::ThumbPosition, nodes / 2);
     }
     BenchHost host;
     CGrafik chart;

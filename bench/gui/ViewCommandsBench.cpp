@@ -50,7 +50,7 @@ struct ProjectWindow {
 
 void BM_NewNode(benchmark::State& state) {
     ProjectWindow window;
-    CProjectNode* parent = window.FromTheMiddle(KIND_PROJECT);
+    CProjectNode* parent = window.FromTheMiddle(kKindProject);
     for (auto _ : state) {
         state.PauseTiming();
         window.Select(parent); // the new node is selected; keep adding under the same parent
@@ -65,7 +65,7 @@ void BM_DeleteNode(benchmark::State& state) {
     int next = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        window.Select(window.FromTheMiddle(KIND_TASK, next++));
+        window.Select(window.FromTheMiddle(kKindTask, next++));
         state.ResumeTiming();
         window.Run(cmd::DeleteNode);
     }
@@ -89,9 +89,9 @@ BENCHMARK(BM_Undo)->Unit(benchmark::kMillisecond);
 
 void BM_PasteNode(benchmark::State& state) {
     ProjectWindow window;
-    window.Select(window.FromTheMiddle(KIND_PROJECT));
+    window.Select(window.FromTheMiddle(kKindProject));
     window.Run(cmd::EditCopy);
-    window.Select(window.FromTheMiddle(KIND_TASK, 20));
+    window.Select(window.FromTheMiddle(kKindTask, 20));
     for (auto _ : state)
         window.Run(cmd::EditPaste);
 }

@@ -62,7 +62,7 @@ Totals Count(const CProjectNode* first) {
             ++totals.kinds[node->m_nKind];
         else
             ++totals.otherKinds;
-        if (node->m_nKind == KIND_TASK && node->m_bDone)
+        if (node->m_nKind == kKindTask && node->m_bDone)
             ++totals.doneTasks;
         totals.hours += int(node->m_pHours.size());
         totals.costsCalculated += int(node->m_pCosts.size());
@@ -81,9 +81,9 @@ void PrintInfo(const std::string& path, const ProjectContent& content, const Rea
         << ", " << view.windowRect[2] << ", " << view.windowRect[3]
         << "; maximiert: " << (view.maximized ? "ja" : "nein") << '\n';
     out << "Zoomstufe: " << view.zoom << '\n';
-    out << "Knoten: " << totals.nodes << " (Projektknoten " << totals.kinds[KIND_PROJECT] << ", Aufgaben "
-        << totals.kinds[KIND_TASK] << ", Notizen " << totals.kinds[KIND_NOTE] << ", Meilensteine "
-        << totals.kinds[KIND_MILESTONE];
+    out << "Knoten: " << totals.nodes << " (Projektknoten " << totals.kinds[kKindProject] << ", Aufgaben "
+        << totals.kinds[kKindTask] << ", Notizen " << totals.kinds[kKindNote] << ", Meilensteine "
+        << totals.kinds[kKindMilestone];
     if (totals.otherKinds)
         out << ", unbekannte Art " << totals.otherKinds;
     out << ")\n";

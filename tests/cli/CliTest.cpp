@@ -56,7 +56,7 @@ ProjectContent RichProject() {
     for (int byte = 0; byte < 256; ++byte)
         allBytes += char(byte);
 
-    CProjectNode* root = AddNode(content, KIND_PROJECT, 0, "Projekt \"M\xFCller\" \\ \x80");
+    CProjectNode* root = AddNode(content, kKindProject, 0, "Projekt \"M\xFCller\" \\ \x80");
     root->m_strNote = allBytes;
     root->m_bSelected = 1;
     root->m_fHoursPlanned = FromBits(0x7FC00000); // the plain NaN
@@ -64,7 +64,7 @@ ProjectContent RichProject() {
     root->m_fHourlyRate = FromBits(0x7F800001);   // signalling NaN
     root->m_fCostPlanned = -0.0f;
     root->m_fCostNeeded = FromBits(0xFF800000);
-    CProjectNode* task = AddNode(content, KIND_TASK, 1, std::string(300, 'T'));
+    CProjectNode* task = AddNode(content, kKindTask, 1, std::string(300, 'T'));
     task->m_strNote = std::string(70000, 'n');
     task->m_bDone = 1;
     task->m_crColor = INT32_MIN;
@@ -80,8 +80,8 @@ ProjectContent RichProject() {
     task->m_pCosts = {Cost(1790000000, 50.0f, 8.0f, "Kalkulierte Stunden"),
                       Cost(1790000000, 19.99f, 3.0f, "Material")};
     task->m_pCosts2 = {Cost(1790086400, 50.0f, 2.5f, "Benötigte Stunden")};
-    AddNode(content, KIND_NOTE, 1, "Notiz");
-    AddNode(content, KIND_MILESTONE, 1, "Meilenstein")->m_strResponsible = "Max Mustermann \xAB\xBB MM";
+    AddNode(content, kKindNote, 1, "Notiz");
+    AddNode(content, kKindMilestone, 1, "Meilenstein")->m_strResponsible = "Max Mustermann \xAB\xBB MM";
     AddNode(content, 7, -2, "unbekannte Art");
     return content;
 }
@@ -166,7 +166,7 @@ TEST_F(CliTest, EveryFloatBitPatternSurvivesDumpAndBuild) {
     const std::vector<uint32_t> edges{0x00000000, 0x80000000, 0x00000001, 0x007FFFFF, 0x00800000, 0x7F7FFFFF,
                                       0xFF7FFFFF, 0x3F800001, 0x4B800001, 0x7FFFFFFF, 0x15AE43FD, 0x95AE43FD};
     for (size_t i = 0; i < 600; ++i) {
-        CProjectNode* node = AddNode(content, KIND_TASK, 1, "n");
+        CProjectNode* node = AddNode(content, kKindTask, 1, "n");
         const std::array fields{&node->m_fHoursPlanned, &node->m_fHoursNeeded, &node->m_fHourlyRate,
                                 &node->m_fCostPlanned, &node->m_fCostNeeded};
         for (size_t k = 0; k < fields.size(); ++k) {

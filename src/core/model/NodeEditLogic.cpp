@@ -23,7 +23,7 @@ float ReadFloat(const std::string& text) {
 }
 
 std::optional<EditRefusal> RefuseKindChange(const CProjectNode& node, const char* kindName) {
-    if (node.m_nKind != KIND_PROJECT || !HasChildren(&node))
+    if (node.m_nKind != kKindProject || !HasChildren(&node))
         return std::nullopt;
     return EditRefusal{kKindCaption,
                        std::string("Umwandlung in Knotenart ") + kindName +
@@ -40,7 +40,7 @@ std::optional<EditRefusal> ApplyTask(CProjectNode& copy, const CProjectNode& nod
     if (start > due)
         return EditRefusal{"Zeiteingaben nicht plausibel",
                            "Der Zeitpunkt 'Zu Erledigen Bis' muss nach 'Aufgabe starten' liegen!", false};
-    copy.m_nKind = KIND_TASK;
+    copy.m_nKind = kKindTask;
     copy.m_timeStart = start;
     copy.m_timeDue = due;
     copy.m_bDone = form.done ? 1 : 0;
@@ -59,23 +59,23 @@ std::optional<EditRefusal> ApplyMilestone(CProjectNode& copy, const CProjectNode
         return refusal;
     copy.m_timeStart = form.dueDay.At(1, 0, 0);
     copy.m_timeDue = form.dueDay.At(23, 59, 59);
-    copy.m_nKind = KIND_MILESTONE;
+    copy.m_nKind = kKindMilestone;
     return std::nullopt;
 }
 
 std::optional<EditRefusal> ApplyKind(CProjectNode& copy, const CProjectNode& node, const NodeEditForm& form) {
     switch (form.kind) {
-    case KIND_TASK:
+    case kKindTask:
         return ApplyTask(copy, node, form);
-    case KIND_MILESTONE:
+    case kKindMilestone:
         return ApplyMilestone(copy, node, form);
-    case KIND_NOTE:
+    case kKindNote:
         if (auto refusal = RefuseKindChange(node, "Notiz"))
             return refusal;
-        copy.m_nKind = KIND_NOTE;
+        copy.m_nKind = kKindNote;
         return std::nullopt;
     default:
-        copy.m_nKind = KIND_PROJECT;
+        copy.m_nKind = kKindProject;
         return std::nullopt;
     }
 }

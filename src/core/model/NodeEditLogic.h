@@ -26,7 +26,7 @@ CTime ReminderTime(const CalendarDay& day, int listedHour, int listedMinute);
 
 // What the dialog's controls hold when OK is pressed.
 struct NodeEditForm {
-    int kind = KIND_PROJECT;
+    int kind = kKindProject;
     CalendarDay startDay;
     CalendarDay dueDay;
     bool done = false;

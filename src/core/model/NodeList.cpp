@@ -43,7 +43,7 @@ void UnlinkRun(CProjectNode* from, CProjectNode* last) {
 
 void SetProjectNodesExpanded(CProjectNode* first, int expanded) {
     for (CProjectNode* p = first; p; p = p->m_pNext) {
-        if (p->m_nKind == KIND_PROJECT)
+        if (p->m_nKind == kKindProject)
             p->m_bExpanded = expanded;
     }
     RecomputeVisibility(first);
@@ -180,7 +180,7 @@ CProjectNode* CreateChildNode(CProjectNode* first, const std::string& defaultNot
     CProjectNode* parent = CurrentNode(first);
     if (!parent)
         return nullptr;
-    if (parent->m_nKind != KIND_PROJECT) {
+    if (parent->m_nKind != kKindProject) {
         prompter.Tell("Neue Knoten sind nur unter Projektknoten möglich.", cp1252::ToUtf8(parent->m_strTitle),
                       PromptIcon::Warning);
         return nullptr;
@@ -213,7 +213,7 @@ bool DeleteCurrentNode(CProjectNode* first, Prompter& prompter, const std::funct
     }
     const std::string title = cp1252::ToUtf8(node->m_strTitle);
     const std::string question =
-        node->m_nKind == KIND_PROJECT
+        node->m_nKind == kKindProject
             ? "Möchten Sie den Knoten '" + title + "' inkl. aller Unterknoten löschen?"
             : "Möchten Sie den Knoten '" + title + "' löschen?";
     if (!prompter.AskYesNo("Löschen bestätigen", question))

@@ -10,7 +10,10 @@
 #include <cstdint>
 
 // Node kinds (m_nKind).
-enum : int { KIND_PROJECT = 0, KIND_TASK = 1, KIND_NOTE = 2, KIND_MILESTONE = 3 };
+inline constexpr int kKindProject = 0;
+inline constexpr int kKindTask = 1;
+inline constexpr int kKindNote = 2;
+inline constexpr int kKindMilestone = 3;
 
 // The time stamps a new node starts with: created, changed and done "now", start today 01:00:00
 // (one o'clock on purpose) and due today 23:59:59. Taken once for a batch of nodes, because asking
@@ -42,7 +45,7 @@ public:
     CProjectNode* m_pNext = nullptr;
     CProjectNode* m_pPrev = nullptr;
     int m_nLevel = 0;
-    int m_nKind = KIND_PROJECT;
+    int m_nKind = kKindProject;
     int m_bDone = 0;
     int m_bExpanded = 1;
     int m_bVisible = 1;

@@ -143,13 +143,13 @@ DropVerdict CheckDrop(CProjectNode* first, CProjectNode* moved, CProjectNode* ro
     if (DropsInPlace(first, moved, rowBelow))
         return DropVerdict::NoChange;
     if (!rowBelow)
-        return first->m_nKind == KIND_PROJECT ? DropVerdict::Allowed : DropVerdict::ParentNotProject;
+        return first->m_nKind == kKindProject ? DropVerdict::Allowed : DropVerdict::ParentNotProject;
     if (InSubtree(moved, rowBelow))
         return DropVerdict::IntoOwnSubtree;
     if (rowBelow == first)
         return DropVerdict::BeforeRoot;
     const CProjectNode* parent = ParentOf(rowBelow);
-    if (parent && parent->m_nKind != KIND_PROJECT)
+    if (parent && parent->m_nKind != kKindProject)
         return DropVerdict::ParentNotProject;
     return DropVerdict::Allowed;
 }

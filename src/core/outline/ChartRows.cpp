@@ -14,9 +14,9 @@ public:
             CloseProject();
         node.m_nRowPos = 0;
         node.m_nRowAux = 0;
-        if (node.m_nKind == KIND_PROJECT) {
+        if (node.m_nKind == kKindProject) {
             m_open.push_back({&node});
-        } else if (node.m_nKind == KIND_TASK) {
+        } else if (node.m_nKind == kKindTask) {
             const bool done = node.m_bDone != 0;
             node.m_nRowPos = done ? 100 : 0;
             node.m_nRowAux = !done && node.m_timeDue < m_now;

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 namespace {
-enum { Left, Top, Right, Bottom };
+// The order of the four values of a stored window rectangle.
+constexpr int kLeft = 0, kTop = 1, kRight = 2, kBottom = 3;
 // Smaller than this a project window shows neither its title nor its rows.
 constexpr int kMinChildWidth = 120;
 constexpr int kMinChildHeight = 80;
@@ -15,7 +16,7 @@ StoredRect ToStoredRect(const QRect& rect) {
 }
 
 QRect FromStoredRect(const StoredRect& rect) {
-    return QRect(rect[Left], rect[Top], rect[Right] - rect[Left], rect[Bottom] - rect[Top]);
+    return QRect(rect[kLeft], rect[kTop], rect[kRight] - rect[kLeft], rect[kBottom] - rect[kTop]);
 }
 
 QRect MainFramePlacement(const std::optional<StoredRect>& stored, const QRect& virtualScreen) {
@@ -24,18 +25,18 @@ QRect MainFramePlacement(const std::optional<StoredRect>& stored, const QRect& v
         return fallback;
     const StoredRect& r = *stored;
     const StoredRect screen = ToStoredRect(virtualScreen);
-    const bool outside = r[Left] < screen[Left] || r[Top] < screen[Top] || r[Right] > screen[Right] ||
-                         r[Bottom] > screen[Bottom];
+    const bool outside = r[kLeft] < screen[kLeft] || r[kTop] < screen[kTop] || r[kRight] > screen[kRight] ||
+                         r[kBottom] > screen[kBottom];
     // An empty or inverted rectangle would give an invisible window; it is as unusable as one on a
     // missing monitor.
-    const bool degenerate = r[Right] <= r[Left] || r[Bottom] <= r[Top];
+    const bool degenerate = r[kRight] <= r[kLeft] || r[kBottom] <= r[kTop];
     return outside || degenerate ? fallback : FromStoredRect(r);
 }
 
 std::optional<QRect> ChildWindowPlacement(const StoredRect& stored, const QSize& mdiArea,
                                           const QSize& screen) {
     // 64-bit arithmetic: the values come from a file and may be anything.
-    int64_t left = stored[Left], top = stored[Top], right = stored[Right], bottom = stored[Bottom];
+    int64_t left = stored[kLeft], top = stored[kTop], right = stored[kRight], bottom = stored[kBottom];
     if (right > mdiArea.width()) {
         right -= left;
         left = 0;

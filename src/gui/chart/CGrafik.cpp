@@ -60,7 +60,7 @@ CGrafik::CGrafik(QWidget* parent) : QWidget(parent), m_clock(&CTime::GetCurrentT
     m_rowScroll->setSingleStep(1);
     m_rowScroll->setPageStep(10);
     connect(m_rowScroll, &QScrollBar::valueChanged, this,
-            [this](int value) { OnVScroll(SB_THUMBPOSITION, value); });
+            [this](int value) { OnVScroll(ScrollCode::ThumbPosition, value); });
 
     m_calendarScroll = MakeScrollBar(Qt::Horizontal, QStringLiteral("Scrollbalken Kalender"),
                                      QStringLiteral("scrollBar132"), this);
@@ -229,13 +229,13 @@ void CGrafik::paintEvent(QPaintEvent*) {
     const ChartLayout layout = Layout();
     painter.setPen(QPen(Qt::black, 1, Qt::DashDotLine));
     switch (m_dragMode) {
-    case DRAG_HORIZONTAL_DIVIDER:
+    case Drag::HorizontalDivider:
         painter.drawLine(0, m_dragLinePos, width() - ChartLayout::kScrollBarExtent, m_dragLinePos);
         break;
-    case DRAG_VERTICAL_DIVIDER:
+    case Drag::VerticalDivider:
         painter.drawLine(m_dragLinePos, m_fontSize + 1, m_dragLinePos, layout.RowAreaBottom());
         break;
-    case DRAG_ROW_LINE:
+    case Drag::RowLine:
         painter.drawLine(0, m_dragLinePos, layout.VerticalDividerX(), m_dragLinePos);
         break;
     default:
@@ -249,21 +249,21 @@ void CGrafik::resizeEvent(QResizeEvent*) {
 
 // ---- scrolling ----
 
-void CGrafik::OnVScroll(int code, int thumbPosition) {
+void CGrafik::OnVScroll(ScrollCode code, int thumbPosition) {
     switch (code) {
-    case SB_LINEUP:
+    case ScrollCode::LineUp:
         m_firstRow -= 1;
         break;
-    case SB_LINEDOWN:
+    case ScrollCode::LineDown:
         m_firstRow += 1;
         break;
-    case SB_PAGEUP:
+    case ScrollCode::PageUp:
         m_firstRow -= 10;
         break;
-    case SB_PAGEDOWN:
+    case ScrollCode::PageDown:
         m_firstRow += 10;
         break;
-    case SB_THUMBPOSITION:
+    case ScrollCode::ThumbPosition:
         m_firstRow = thumbPosition;
         break;
     default:
@@ -287,7 +287,7 @@ void CGrafik::OnJumpToToday() {
 void CGrafik::ScrollToSelection() {
     RefreshRows();
     ScrollRowIntoView(m_rows.SelectedRow());
-    OnVScroll(SB_REFRESH);
+    OnVScroll(ScrollCode::Refresh);
 }
 
 void CGrafik::ScrollRowIntoView(int row) {
@@ -314,7 +314,7 @@ void CGrafik::wheelEvent(QWheelEvent* event) {
         ZeichneAllesNeu();
     } else {
         m_firstRow -= lines;
-        OnVScroll(SB_REFRESH);
+        OnVScroll(ScrollCode::Refresh);
     }
     event->accept();
 }
@@ -340,11 +340,11 @@ void CGrafik::PressAt(QPoint pos) {
 
 bool CGrafik::PressOnDivider(const ChartLayout& layout, QPoint pos) {
     if (layout.NearVerticalDivider(pos.x())) {
-        m_dragMode = DRAG_VERTICAL_DIVIDER;
+        m_dragMode = Drag::VerticalDivider;
         m_dragLinePos = layout.VerticalDividerX();
         setCursor(Qt::SizeHorCursor);
     } else if (layout.NearHorizontalDivider(pos.y())) {
-        m_dragMode = DRAG_HORIZONTAL_DIVIDER;
+        m_dragMode = Drag::HorizontalDivider;
         m_dragLinePos = layout.HorizontalDividerY();
         setCursor(Qt::SizeVerCursor);
     } else {
@@ -375,7 +375,7 @@ void CGrafik::PressOnRow(const ChartLayout& layout, QPoint pos) {
     SelectOnly(First(), hit.node);
     m_clickPending = true;
     m_pressedRow = hit.row;
-    m_dragMode = DRAG_PRESSED;
+    m_dragMode = Drag::Pressed;
     m_dragTimer.start();
     setFocus(Qt::MouseFocusReason);
     AfterSelectionChange();
@@ -385,7 +385,7 @@ void CGrafik::mouseMoveEvent(QMouseEvent* event) {
     const QPoint pos = event->position().toPoint();
     m_lastMouse = pos;
     const ChartLayout layout = Layout();
-    if (m_dragMode == DRAG_NONE)
+    if (m_dragMode == Drag::None)
         UpdateHoverCursor(layout, pos);
     else
         FollowDrag(layout, pos);
@@ -402,28 +402,28 @@ void CGrafik::UpdateHoverCursor(const ChartLayout& layout, QPoint pos) {
 
 void CGrafik::FollowDrag(const ChartLayout& layout, QPoint pos) {
     switch (m_dragMode) {
-    case DRAG_HORIZONTAL_DIVIDER:
+    case Drag::HorizontalDivider:
         if (layout.HorizontalDragAllowed(pos.y()))
             m_dragLinePos = pos.y();
         break;
-    case DRAG_VERTICAL_DIVIDER:
+    case Drag::VerticalDivider:
         if (layout.VerticalDragAllowed(pos.x()))
             m_dragLinePos = pos.x();
         break;
-    case DRAG_PRESSED:
-        m_dragMode = DRAG_HELD;
+    case Drag::Pressed:
+        m_dragMode = Drag::Held;
         setCursor(Qt::UpArrowCursor);
         break;
-    case DRAG_HELD: {
+    case Drag::Held: {
         const auto row = layout.ShownRowAt(pos.y());
         if (row && m_firstRow + *row == m_pressedRow)
             break;
-        m_dragMode = DRAG_ROW_LINE;
+        m_dragMode = Drag::RowLine;
         if (!m_dragTimer.isActive())
             m_dragTimer.start();
         [[fallthrough]];
     }
-    case DRAG_ROW_LINE:
+    case Drag::RowLine:
         if (layout.RowLineAllowed(pos.y()))
             m_dragLinePos = layout.SnapRowLine(pos.y());
         break;
@@ -439,10 +439,10 @@ void CGrafik::mouseReleaseEvent(QMouseEvent* event) {
     m_leftDown = false;
     m_dragTimer.stop();
     unsetCursor();
-    if (m_dragMode == DRAG_NONE)
+    if (m_dragMode == Drag::None)
         return;
     ApplyDrag();
-    m_dragMode = DRAG_NONE;
+    m_dragMode = Drag::None;
     m_dragLinePos = -1;
     if (m_doc)
         m_doc->UpdateAllViews();
@@ -452,13 +452,13 @@ void CGrafik::mouseReleaseEvent(QMouseEvent* event) {
 void CGrafik::ApplyDrag() {
     const ChartLayout layout = Layout();
     switch (m_dragMode) {
-    case DRAG_HORIZONTAL_DIVIDER:
+    case Drag::HorizontalDivider:
         m_chartWidth2 = layout.NoteHeightForDivider(m_dragLinePos);
         break;
-    case DRAG_VERTICAL_DIVIDER:
+    case Drag::VerticalDivider:
         m_chartWidth1 = m_dragLinePos;
         break;
-    case DRAG_ROW_LINE:
+    case Drag::RowLine:
         if (m_dragLinePos >= 0)
             DropNode(m_dragLinePos);
         break;
@@ -481,7 +481,7 @@ void CGrafik::DropNode(int lineY) {
         return;
     }
     m_host->TakeUndoCopy();
-    m_dragMode = DRAG_MOVING;
+    m_dragMode = Drag::Moving;
     MoveSubtree(m_doc->m_pFirstNode, moved, rowBelow);
     m_doc->SetModifiedFlag();
 }
@@ -499,7 +499,7 @@ void CGrafik::mouseDoubleClickEvent(QMouseEvent* event) {
         return PressAt(pos);
     // The edit path: the first click of the pair has selected the row already.
     m_dragTimer.stop();
-    m_dragMode = DRAG_NONE;
+    m_dragMode = Drag::None;
     m_clickPending = false;
     if (m_host)
         m_host->EditSelectedNode();
@@ -507,7 +507,7 @@ void CGrafik::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CGrafik::OnDragTimer() {
-    const bool dragging = m_leftDown && (m_dragMode == DRAG_HELD || m_dragMode == DRAG_ROW_LINE);
+    const bool dragging = m_leftDown && (m_dragMode == Drag::Held || m_dragMode == Drag::RowLine);
     if (!dragging) {
         m_dragTimer.stop();
         return;
@@ -517,9 +517,9 @@ void CGrafik::OnDragTimer() {
     const int fullRows = layout.FullyShownRows();
     if (y < layout.HeaderHeight()) {
         if (m_firstRow > 0)
-            OnVScroll(SB_LINEUP);
+            OnVScroll(ScrollCode::LineUp);
     } else if (y >= layout.RowTop(fullRows) && m_firstRow + fullRows < m_rows.Count()) {
-        OnVScroll(SB_LINEDOWN);
+        OnVScroll(ScrollCode::LineDown);
     }
 }
 
@@ -585,7 +585,7 @@ void CGrafik::SelectAndShow(CProjectNode* node) {
 void CGrafik::AfterSelectionChange() {
     if (m_doc)
         m_doc->UpdateAllViews();
-    OnVScroll(SB_REFRESH);
+    OnVScroll(ScrollCode::Refresh);
 }
 
 void CGrafik::AfterTreeChange() {

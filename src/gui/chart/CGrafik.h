@@ -22,24 +22,17 @@ class CGrafik : public QWidget, public DocObserver {
     Q_OBJECT
 
 public:
-    // Codes of the vertical scroll handler; SB_REFRESH only recounts the rows and redraws.
-    enum ScrollCode {
-        SB_LINEUP = 0,
-        SB_LINEDOWN = 1,
-        SB_PAGEUP = 2,
-        SB_PAGEDOWN = 3,
-        SB_THUMBPOSITION = 4,
-        SB_REFRESH = 10,
-    };
-    // What the left button is dragging (m_dragMode).
-    enum DragMode {
-        DRAG_NONE = -1,
-        DRAG_HORIZONTAL_DIVIDER = 0,
-        DRAG_VERTICAL_DIVIDER = 1,
-        DRAG_PRESSED = 2,  // a row was pressed; the next move turns this into DRAG_HELD
-        DRAG_ROW_LINE = 3, // the mouse left the pressed row: the line marks where the node would land
-        DRAG_HELD = 4,     // the button is held on the pressed row
-        DRAG_MOVING = 5,   // the undo copy is taken and the node is being moved
+    // Codes of the vertical scroll handler; Refresh only recounts the rows and redraws.
+    enum class ScrollCode { LineUp, LineDown, PageUp, PageDown, ThumbPosition, Refresh };
+    // What the left button is dragging.
+    enum class Drag {
+        None,
+        HorizontalDivider,
+        VerticalDivider,
+        Pressed, // a row was pressed; the next move turns this into Held
+        RowLine, // the mouse left the pressed row: the line marks where the node would land
+        Held,    // the button is held on the pressed row
+        Moving,  // the undo copy is taken and the node is being moved
     };
     static constexpr int kCalendarRange = 730;
     static constexpr int kCalendarToday = 365;
@@ -77,7 +70,7 @@ public:
     int FirstRow() const { return m_firstRow; }
     int CalendarPos() const { return m_calendarPos; }
     void SetCalendarPos(int position);
-    int DragMode() const { return m_dragMode; }
+    Drag DragMode() const { return m_dragMode; }
     bool ClickPending() const { return m_clickPending; }
     ChartLayout Layout() const { return LayoutFor(size()); }
 
@@ -88,7 +81,7 @@ public:
     bool RenderTimeline(QPainter& painter, QSize size);
     const QPixmap& BackBuffer() const { return m_buffer; }
 
-    void OnVScroll(int code, int thumbPosition = 0);
+    void OnVScroll(ScrollCode code, int thumbPosition = 0);
     // Scrolls the row list so that the selected node's row is shown (after a go-to-node).
     void ScrollToSelection();
     // Selects the node of the row under pos (a right click before its context menu); the node, or
@@ -172,7 +165,7 @@ private:
     int m_calendarPos = kCalendarToday;
     bool m_printing = false;
 
-    int m_dragMode = DRAG_NONE;
+    Drag m_dragMode = Drag::None;
     int m_dragLinePos = -1;
     int m_pressedRow = -1;
     bool m_clickPending = false;

@@ -11,11 +11,11 @@ constexpr std::string_view kResponsibleSeparator = "\x20\xAB\xBB\x20";
 
 std::string ChartDatePrefix(const CProjectNode& node, int mode) {
     switch (mode) {
-    case DATE_PREFIX_START:
+    case kDatePrefixStart:
         return node.m_timeStart.Format("%d.%m.%Y: ");
-    case DATE_PREFIX_DUE:
+    case kDatePrefixDue:
         return node.m_timeDue.Format("%d.%m.%y: ");
-    case DATE_PREFIX_BOTH:
+    case kDatePrefixBoth:
         return node.m_timeStart.Format("%d.%m.%y-") + node.m_timeDue.Format("%d.%m.%y: ");
     default:
         return {};

@@ -11,7 +11,10 @@
 #include <string_view>
 
 // Date prefix modes of the setting "Datum".
-enum : int { DATE_PREFIX_NONE = 0, DATE_PREFIX_START = 1, DATE_PREFIX_DUE = 2, DATE_PREFIX_BOTH = 3 };
+inline constexpr int kDatePrefixNone = 0;
+inline constexpr int kDatePrefixStart = 1;
+inline constexpr int kDatePrefixDue = 2;
+inline constexpr int kDatePrefixBoth = 3;
 
 // "15.11.2026: " (start alone, four-digit year on purpose), "20.11.26: " (due alone) or
 // "15.11.26-20.11.26: " (both); empty for any other mode.

@@ -210,10 +210,10 @@ void TimelinePainter::PaintMarker(const CProjectNode& node, int rowTop) {
 void TimelinePainter::PaintIndicator(const CProjectNode& node, int rowTop) {
     const ChartLayout& l = m_s.layout;
     switch (node.m_nKind) {
-    case KIND_PROJECT:
+    case kKindProject:
         PaintProgressBox(node, rowTop);
         break;
-    case KIND_TASK:
+    case kKindTask:
         if (m_s.options.showCosts)
             PaintCostBox(node, rowTop);
         else
@@ -221,9 +221,9 @@ void TimelinePainter::PaintIndicator(const CProjectNode& node, int rowTop) {
         if (node.m_bClockedIn)
             m_p.fillRect(l.ClockMark(rowTop), Qt::black);
         break;
-    case KIND_NOTE:
-    case KIND_MILESTONE:
-        m_p.fillRect(l.KindSquare(rowTop), node.m_nKind == KIND_NOTE ? kNote : kMilestone);
+    case kKindNote:
+    case kKindMilestone:
+        m_p.fillRect(l.KindSquare(rowTop), node.m_nKind == kKindNote ? kNote : kMilestone);
         DrawBumpEdge(m_p, l.KindSquare(rowTop));
         break;
     default:
@@ -260,7 +260,7 @@ void TimelinePainter::PaintBar(const CProjectNode& node, int rowTop) {
     m_p.setClipRect(l.CalendarArea().intersected(QRect(0, 0, l.Client().width(), l.RowAreaBottom())));
     const bool ownColour = m_s.options.barInNodeColour;
     const QColor nodeColour = ColorFromColorRef(node.m_crColor);
-    if (node.m_nKind == KIND_MILESTONE) {
+    if (node.m_nKind == kKindMilestone) {
         const QRect cell = l.BarRect(rowTop, due, due);
         const int side = std::min(cell.width(), cell.height());
         QRect square(0, 0, side, side);
@@ -268,7 +268,7 @@ void TimelinePainter::PaintBar(const CProjectNode& node, int rowTop) {
         m_p.fillRect(square, ownColour ? nodeColour : kMilestone);
     } else {
         const QRect bar = l.BarRect(rowTop, start, due);
-        if (ownColour || node.m_nKind == KIND_NOTE) {
+        if (ownColour || node.m_nKind == kKindNote) {
             m_p.fillRect(bar, ownColour ? nodeColour : kNote);
         } else {
             // The done share in green from the left; the rest grey, or red when overdue.

@@ -95,7 +95,7 @@ bool CNodeEditDlg::Run(QWidget* parent, CProjectNode& node, NodeEditContext& con
 // arrow keys in their edits step instead.
 void CNodeEditDlg::SetTabOrder(QDialogButtonBox* buttons) {
     QList<QWidget*> chain{m_title};
-    for (int kind : {KIND_PROJECT, KIND_TASK, KIND_MILESTONE, KIND_NOTE})
+    for (int kind : {kKindProject, kKindTask, kKindMilestone, kKindNote})
         chain << m_kinds->button(kind);
     chain << m_responsibleButton << m_start << m_due << m_done << m_fontButton << m_alarmButton << m_planned
           << m_needed << m_rate << m_entries->TabChain();
@@ -113,10 +113,10 @@ QWidget* CNodeEditDlg::BuildKindGroup() {
         int kind;
         const char* text;
         const char* name;
-    } radios[] = {{KIND_PROJECT, "Projekt", "kindProject"},
-                  {KIND_TASK, "Aufgabe", "kindTask"},
-                  {KIND_MILESTONE, "Meilenstein", "kindMilestone"},
-                  {KIND_NOTE, "Notiz", "kindNote"}};
+    } radios[] = {{kKindProject, "Projekt", "kindProject"},
+                  {kKindTask, "Aufgabe", "kindTask"},
+                  {kKindMilestone, "Meilenstein", "kindMilestone"},
+                  {kKindNote, "Notiz", "kindNote"}};
     int cell = 0;
     for (const auto& radio : radios) {
         auto* button = new QRadioButton(radio.text, group);
@@ -206,7 +206,7 @@ void CNodeEditDlg::LoadNode() {
     if (QAbstractButton* kind = m_kinds->button(m_node.m_nKind))
         kind->setChecked(true);
     else
-        m_kinds->button(KIND_PROJECT)->setChecked(true);
+        m_kinds->button(kKindProject)->setChecked(true);
     m_start->setDate(ToQDate(m_node.m_timeStart));
     m_due->setDate(ToQDate(m_node.m_timeDue));
     m_done->setChecked(m_node.m_bDone != 0);
@@ -220,7 +220,7 @@ void CNodeEditDlg::LoadNode() {
 void CNodeEditDlg::ConnectChanges() {
     connect(m_kinds, &QButtonGroup::idClicked, this, [this](int kind) {
         ApplyVisibility();
-        if (kind == KIND_TASK)
+        if (kind == kKindTask)
             m_entries->Refill();
     });
     connect(m_planned, &StepEdit::TextChanged, this, &CNodeEditDlg::RegenerateAutomaticEntries);
@@ -235,9 +235,9 @@ int CNodeEditDlg::SelectedKind() const {
 
 void CNodeEditDlg::ApplyVisibility() {
     const int kind = SelectedKind();
-    const bool task = kind == KIND_TASK;
-    m_responsibleGroup->setVisible(task || kind == KIND_PROJECT);
-    m_dueGroup->setVisible(task || kind == KIND_MILESTONE);
+    const bool task = kind == kKindTask;
+    m_responsibleGroup->setVisible(task || kind == kKindProject);
+    m_dueGroup->setVisible(task || kind == kKindMilestone);
     for (QWidget* taskOnly : {static_cast<QWidget*>(m_startGroup), static_cast<QWidget*>(m_done),
                               static_cast<QWidget*>(m_fontButton), static_cast<QWidget*>(m_alarmButton),
                               static_cast<QWidget*>(m_hoursGroup), static_cast<QWidget*>(m_entries)})
@@ -317,7 +317,7 @@ void CNodeEditDlg::accept() {
     if (const auto refusal = ApplyEditForm(*m_copy, m_node, form)) {
         m_prompter.Tell(refusal->text, refusal->caption, PromptIcon::Warning);
         if (refusal->backToProject) {
-            m_kinds->button(KIND_PROJECT)->setChecked(true);
+            m_kinds->button(kKindProject)->setChecked(true);
             ApplyVisibility();
         }
         return;

@@ -41,19 +41,17 @@ struct NotePaneDialogs {
 class CNotePane : public QWidget {
     Q_OBJECT
 public:
-    // The format buttons, in their order on the row.
-    enum ButtonId : int {
-        kBoldButton = 141,
-        kItalicButton,
-        kUnderlineButton,
-        kColourButton,
-        kAlignLeftButton,
-        kAlignCentreButton,
-        kAlignRightButton,
-        kLargerButton,
-        kSmallerButton,
-        kHyperlinkButton,
-    };
+    // The format buttons (their control ids), in their order on the row.
+    static constexpr int kBoldButton = 141;
+    static constexpr int kItalicButton = 142;
+    static constexpr int kUnderlineButton = 143;
+    static constexpr int kColourButton = 144;
+    static constexpr int kAlignLeftButton = 145;
+    static constexpr int kAlignCentreButton = 146;
+    static constexpr int kAlignRightButton = 147;
+    static constexpr int kLargerButton = 148;
+    static constexpr int kSmallerButton = 149;
+    static constexpr int kHyperlinkButton = 150;
 
     CNotePane(CVeltoDoc& doc, Prompter& prompter, QWidget* parent = nullptr);
     ~CNotePane() override;

@@ -164,7 +164,7 @@ void CVeltoView::RegisterCommands() {
     }
     const auto task = [this]() -> const CProjectNode* {
         const CProjectNode* node = Current();
-        return node && node->m_nKind == KIND_TASK ? node : nullptr;
+        return node && node->m_nKind == kKindTask ? node : nullptr;
     };
     c.Add(
         cmd::NodeDone, [this] { ToggleDone(); },
@@ -278,14 +278,14 @@ void CVeltoView::CollapseAll() {
     CollapseAllProjects(m_doc.m_pFirstNode);
     // The rows start at the top again; the calendar keeps its day, since collapsing the outline is
     // no reason to lose the user's place in time.
-    m_chart->OnVScroll(CGrafik::SB_THUMBPOSITION, 0);
+    m_chart->OnVScroll(CGrafik::ScrollCode::ThumbPosition, 0);
     AfterDisplayChange();
 }
 
 void CVeltoView::ExpandAll() {
     ExpandAllProjects(m_doc.m_pFirstNode);
     // As for collapsing, the calendar keeps its day: the outline changed, not the time looked at.
-    m_chart->OnVScroll(CGrafik::SB_THUMBPOSITION, 0);
+    m_chart->OnVScroll(CGrafik::ScrollCode::ThumbPosition, 0);
     AfterDisplayChange();
 }
 
@@ -393,7 +393,7 @@ void CVeltoView::PasteIntoNotePane() {
 QMenu* CVeltoView::CreateNodeMenu(QWidget* parent) {
     auto* menu = new QMenu(parent);
     const CProjectNode* node = Current();
-    const bool forTask = node && node->m_nKind == KIND_TASK;
+    const bool forTask = node && node->m_nKind == kKindTask;
     menu->setObjectName(forTask ? QStringLiteral("menu140") : QStringLiteral("menu154"));
     for (int id : kNodeMenu) {
         if (id == 0) {
@@ -432,7 +432,7 @@ QString CVeltoView::NodeInfoLine(const CProjectNode& node, bool costs) {
     const QString separator = QStringLiteral("  |  ");
     QString line = QStringLiteral("Erstellt: ") + Stamp(node.m_timeCreated) + separator +
                    QString::fromUtf8("Letzte Änderung: ") + Stamp(node.m_timeChanged);
-    if (node.m_nKind == KIND_TASK && node.m_bDone)
+    if (node.m_nKind == kKindTask && node.m_bDone)
         line += separator + QStringLiteral("Erledigt am: ") + Stamp(node.m_timeDone);
     // The operands are taken in opposite order for hours and costs on purpose.
     const double balance = costs ? double(node.m_fCostNeeded) - double(node.m_fCostPlanned)

@@ -12,10 +12,9 @@
 namespace notetext {
 namespace {
 
-enum : int {
-    kHalfPointsProperty = QTextFormat::UserProperty + 1,
-    kUnterminatedProperty = QTextFormat::UserProperty + 2, // on a block: no paragraph mark closes it
-};
+constexpr int kHalfPointsProperty = QTextFormat::UserProperty + 1;
+constexpr int kUnterminatedProperty =
+    QTextFormat::UserProperty + 2; // on a block: no paragraph mark closes it
 
 // Qt draws no font of 0 pt or below, and giant sizes only cost memory.
 constexpr double kSmallestShownPoints = 1.0;

@@ -30,7 +30,7 @@ TEST_F(DocSaveTest, NewDocumentHasTheNamedRootAndTheSettingsNote) {
     const CProjectNode& root = *fresh.m_pFirstNode;
     EXPECT_EQ(root.m_strTitle, "Projektname");
     EXPECT_EQ(std::tuple(root.m_pNext, root.m_nKind, root.m_nLevel, root.m_bExpanded, root.m_bSelected),
-              std::tuple(nullptr, KIND_PROJECT, 0, 1, 1));
+              std::tuple(nullptr, kKindProject, 0, 1, 1));
     EXPECT_EQ(root.m_strNote, MakeDefaultNote("Verdana", 14));
     EXPECT_EQ(std::tuple(fresh.m_view.chartWidth1, fresh.m_view.chartWidth2, fresh.m_view.zoom),
               std::tuple(200, 200, 20u));

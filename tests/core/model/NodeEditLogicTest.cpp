@@ -63,7 +63,7 @@ TEST(Reminder, Hour24RollsOverToTheNextDay) {
 
 NodeEditForm TaskForm(CalendarDay start, CalendarDay due) {
     NodeEditForm form;
-    form.kind = KIND_TASK;
+    form.kind = kKindTask;
     form.startDay = start;
     form.dueDay = due;
     form.done = true;
@@ -86,7 +86,7 @@ struct EditFixture : ::testing::Test {
 
 TEST_F(EditFixture, AProjectWithChildrenKeepsItsKindWithTheMessageOfTheChosenKind) {
     const std::pair<int, const char*> kinds[] = {
-        {KIND_TASK, "Aufgabe"}, {KIND_MILESTONE, "Meilenstein"}, {KIND_NOTE, "Notiz"}};
+        {kKindTask, "Aufgabe"}, {kKindMilestone, "Meilenstein"}, {kKindNote, "Notiz"}};
     for (auto [kind, name] : kinds) {
         auto copy = CopyOf("R");
         NodeEditForm form = TaskForm({2024, 5, 5}, {2024, 5, 6});
@@ -97,7 +97,7 @@ TEST_F(EditFixture, AProjectWithChildrenKeepsItsKindWithTheMessageOfTheChosenKin
         EXPECT_EQ(refusal->text, std::string("Umwandlung in Knotenart ") + name +
                                      " nicht möglich, da der Projektknoten Unterknoten besitzt!");
         EXPECT_TRUE(refusal->backToProject);
-        EXPECT_EQ(copy->m_nKind, KIND_PROJECT);
+        EXPECT_EQ(copy->m_nKind, kKindProject);
         EXPECT_EQ(copy->m_strTitle, "R") << "a refusal leaves the copy as it was";
     }
 }
@@ -107,7 +107,7 @@ TEST_F(EditFixture, AChildlessProjectBecomesATaskWithAllItsValues) {
     RegenerateAutomaticEntries(*copy, "8", "2.5", "50", CTime(1700000000));
     ASSERT_FALSE(ApplyEditForm(*copy, *tree["B"], TaskForm({2024, 5, 5}, {2024, 5, 5})).has_value())
         << "start and due on the same day is valid";
-    EXPECT_EQ(copy->m_nKind, KIND_TASK);
+    EXPECT_EQ(copy->m_nKind, kKindTask);
     EXPECT_EQ(copy->m_timeStart.Format("%d.%m.%Y %H:%M:%S"), "05.05.2024 01:00:00");
     EXPECT_EQ(copy->m_timeDue.Format("%d.%m.%Y %H:%M:%S"), "05.05.2024 23:59:59");
     EXPECT_TRUE(copy->m_bDone);
@@ -122,7 +122,7 @@ TEST_F(EditFixture, AChildlessProjectBecomesATaskWithAllItsValues) {
 }
 
 TEST_F(EditFixture, ATaskDueBeforeItStartsIsRefused) {
-    tree["A"]->m_nKind = KIND_TASK;
+    tree["A"]->m_nKind = kKindTask;
     auto copy = CopyOf("A");
     const auto refusal = ApplyEditForm(*copy, *tree["A"], TaskForm({2024, 5, 6}, {2024, 5, 5}));
     ASSERT_TRUE(refusal.has_value());
@@ -135,9 +135,9 @@ TEST_F(EditFixture, ATaskDueBeforeItStartsIsRefused) {
 TEST_F(EditFixture, AMilestoneTakesItsDayFromTheDueDate) {
     auto copy = CopyOf("B");
     NodeEditForm form = TaskForm({2030, 1, 1}, {2024, 5, 7});
-    form.kind = KIND_MILESTONE;
+    form.kind = kKindMilestone;
     ASSERT_FALSE(ApplyEditForm(*copy, *tree["B"], form).has_value());
-    EXPECT_EQ(copy->m_nKind, KIND_MILESTONE);
+    EXPECT_EQ(copy->m_nKind, kKindMilestone);
     EXPECT_EQ(copy->m_timeStart.Format("%d.%m.%Y %H:%M:%S"), "07.05.2024 01:00:00");
     EXPECT_EQ(copy->m_timeDue.Format("%d.%m.%Y %H:%M:%S"), "07.05.2024 23:59:59");
     EXPECT_FLOAT_EQ(copy->m_fHoursPlanned, 0.0f) << "a milestone takes no hours";
@@ -146,9 +146,9 @@ TEST_F(EditFixture, AMilestoneTakesItsDayFromTheDueDate) {
 TEST_F(EditFixture, AProjectWithChildrenMayStayAProject) {
     auto copy = CopyOf("R");
     NodeEditForm form = TaskForm({2024, 5, 6}, {2024, 5, 5});
-    form.kind = KIND_PROJECT;
+    form.kind = kKindProject;
     ASSERT_FALSE(ApplyEditForm(*copy, *tree["R"], form).has_value()) << "no date check for a project";
-    EXPECT_EQ(copy->m_nKind, KIND_PROJECT);
+    EXPECT_EQ(copy->m_nKind, kKindProject);
     EXPECT_EQ(copy->m_strTitle, "Neu");
 }
 

@@ -31,7 +31,7 @@ TEST(NodeListCreate, NewChildOfCollapsedProjectExpandsItAndGoesFirst) {
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), "Neuer Knoten");
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A Neuer Knoten a1 a2 B");
     EXPECT_EQ(child->m_strNote, kNote);
-    EXPECT_EQ(child->m_nKind, KIND_PROJECT);
+    EXPECT_EQ(child->m_nKind, kKindProject);
     EXPECT_TRUE(child->m_bExpanded);
     EXPECT_TRUE(LinksAreSound(tree.first));
 }
@@ -40,7 +40,7 @@ TEST(NodeListCreate, RefusedUnderTaskNoteAndMilestoneWithTitleAsCaption) {
     // The title is stored in Windows-1252; the caption must reach the prompter as UTF-8.
     const std::string books = "B\xFC"
                               "cher";
-    for (int kind : {KIND_TASK, KIND_NOTE, KIND_MILESTONE}) {
+    for (int kind : {kKindTask, kKindNote, kKindMilestone}) {
         TestTree tree{{0, "R"}, {1, books, kind}, {1, "C"}};
         tree.Select(books);
         ScriptedPrompter prompter;
@@ -75,7 +75,7 @@ TEST(NodeListDelete, FirstNodeIsRefusedWithoutAsking) {
 }
 
 TEST(NodeListDelete, AsksOnceWithTheTextForProjectNodesAndOtherKinds) {
-    TestTree tree{{0, "R"}, {1, "Pl\xE4ne"}, {2, "x"}, {1, "leer"}, {1, "t", KIND_TASK}};
+    TestTree tree{{0, "R"}, {1, "Pl\xE4ne"}, {2, "x"}, {1, "leer"}, {1, "t", kKindTask}};
     ScriptedPrompter prompter;
     for (const char* title : {"Pl\xE4ne", "leer", "t"}) {
         tree.Select(title);
@@ -148,7 +148,7 @@ TEST(NodeListDelete, WithNothingVisibleBeforeItTheFirstNodeBecomesCurrent) {
 }
 
 TEST(NodeListCopy, DeepCopyIsEqualButIndependent) {
-    TestTree tree{{0, "R"}, {1, "A", KIND_TASK, 5000, 9000}, {1, "B"}};
+    TestTree tree{{0, "R"}, {1, "A", kKindTask, 5000, 9000}, {1, "B"}};
     CProjectNode* a = tree["A"];
     a->m_pHours = {{CTime(1), CTime(2), CTime(3), "Max", "Bau"}};
     a->m_pCosts = {{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R"}, {CTime(5), 1.0f, 1.0f, -1.0f, "K2", "R2"}};
@@ -187,7 +187,7 @@ TEST(NodeListCopy, DeepCopyIsEqualButIndependent) {
 }
 
 TEST(NodeListCopy, ARefreshedCopyMatchesTheListWhetherTheOldCopyWasLongerOrShorter) {
-    TestTree tree{{0, "R"}, {1, "A", KIND_TASK}, {1, "B"}, {2, "C"}};
+    TestTree tree{{0, "R"}, {1, "A", kKindTask}, {1, "B"}, {2, "C"}};
     tree["A"]->m_pHours = {{CTime(1), CTime(2), CTime(3), "Max", "Bau"},
                            {CTime(4), CTime(5), CTime(6), "Eva", "Putz"}};
     tree["B"]->m_pCosts = {{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R"}};
@@ -289,7 +289,7 @@ TEST(NodeListShow, MalformedLevelsFindAncestorsByLevelAlone) {
 }
 
 TEST(NodeListShow, CollapseAllSelectsTheHeadAndExpandAllKeepsTheSelection) {
-    TestTree tree{{0, "R"}, {1, "A"}, {2, "t", KIND_TASK}, {1, "B"}};
+    TestTree tree{{0, "R"}, {1, "A"}, {2, "t", kKindTask}, {1, "B"}};
     tree["t"]->m_bExpanded = 1;
     tree.Select("t");
     CollapseAllProjects(tree.first);

@@ -10,7 +10,7 @@
 struct NodeSpec {
     int level;
     std::string title;
-    int kind = KIND_PROJECT;
+    int kind = kKindProject;
     uint32_t start = 0; // seconds; the due key is start + 1000 unless given
     uint32_t due = 0;
 };

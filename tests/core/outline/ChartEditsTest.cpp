@@ -10,13 +10,13 @@ protected:
     ~ChartEditsTest() override { FreeNodeList(first); }
     CProjectNode* N(const std::string& title) { return Find(first, title); }
 
-    CProjectNode* first = BuildList({{0, KIND_PROJECT, "R"},
-                                     {1, KIND_PROJECT, "A"},
-                                     {2, KIND_TASK, "a1"},
-                                     {2, KIND_PROJECT, "B"},
-                                     {3, KIND_TASK, "b1"},
-                                     {1, KIND_TASK, "T"},
-                                     {1, KIND_NOTE, "N"}});
+    CProjectNode* first = BuildList({{0, kKindProject, "R"},
+                                     {1, kKindProject, "A"},
+                                     {2, kKindTask, "a1"},
+                                     {2, kKindProject, "B"},
+                                     {3, kKindTask, "b1"},
+                                     {1, kKindTask, "T"},
+                                     {1, kKindNote, "N"}});
 };
 
 TEST_F(ChartEditsTest, MovedSubtreeGoesBeforeTheTargetAsItsSiblingOrLastUnderTheRoot) {

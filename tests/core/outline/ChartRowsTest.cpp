@@ -8,14 +8,14 @@ namespace {
 class ChartRowsTest : public ::testing::Test {
 protected:
     ~ChartRowsTest() override { FreeNodeList(first); }
-    CProjectNode* first = BuildList({{0, KIND_PROJECT, "R", 0, 9},
-                                     {1, KIND_PROJECT, "P", 0, 1},
-                                     {2, KIND_TASK, "done", 0, 1},
-                                     {2, KIND_TASK, "open", 0, 1},
-                                     {2, KIND_PROJECT, "Q", 0, 1},
-                                     {3, KIND_TASK, "deep", 0, 1},
-                                     {1, KIND_TASK, "late", -3, -1},
-                                     {1, KIND_PROJECT, "empty", -5, -2}});
+    CProjectNode* first = BuildList({{0, kKindProject, "R", 0, 9},
+                                     {1, kKindProject, "P", 0, 1},
+                                     {2, kKindTask, "done", 0, 1},
+                                     {2, kKindTask, "open", 0, 1},
+                                     {2, kKindProject, "Q", 0, 1},
+                                     {3, kKindTask, "deep", 0, 1},
+                                     {1, kKindTask, "late", -3, -1},
+                                     {1, kKindProject, "empty", -5, -2}});
 };
 
 TEST_F(ChartRowsTest, IndexHoldsShownNodesAndIsRebuiltOnlyWhenStaleOrTheHeadChanged) {
@@ -60,7 +60,7 @@ TEST_F(ChartRowsTest, ProgressCountsEveryTaskOfTheSubtreeAndLateMeansOpenWorkPas
 }
 
 TEST(ChartRows, DamagedLevelsNeitherCrashNorMiscount) {
-    CProjectNode* first = BuildList({{0, KIND_PROJECT, "R"}, {5, KIND_TASK, "jump"}, {-2, KIND_TASK, "neg"}});
+    CProjectNode* first = BuildList({{0, kKindProject, "R"}, {5, kKindTask, "jump"}, {-2, kKindTask, "neg"}});
     Find(first, "jump")->m_bDone = 1;
     ComputeProgress(first, Today());
     EXPECT_EQ(first->m_nRowPos, 100) << "the root's subtree ends at the node above its level";

@@ -106,6 +106,6 @@ TEST(NodeInfoLine, ShowsTheTimeStampsAndTheBalanceOfHoursOrCosts) {
 
     node.m_bDone = 1; // the done stamp is shown for a done task only
     EXPECT_FALSE(CVeltoView::NodeInfoLine(node, false).contains("Erledigt am"));
-    node.m_nKind = KIND_TASK;
+    node.m_nKind = kKindTask;
     EXPECT_EQ(CVeltoView::NodeInfoLine(node, false), stamps + "Erledigt am: 02.01.25 / 08:00   |  7.50h");
 }

@@ -12,15 +12,15 @@ class CGrafikClipboard : public ChartFixture {
 protected:
     void SetUp() override {
         NodeClipboard::Instance().Clear();
-        Load({{0, KIND_PROJECT, "R"},
-              {1, KIND_PROJECT, "A"},
-              {2, KIND_PROJECT, "B"},
-              {3, KIND_PROJECT, "C"},
-              {4, KIND_TASK,
+        Load({{0, kKindProject, "R"},
+              {1, kKindProject, "A"},
+              {2, kKindProject, "B"},
+              {3, kKindProject, "C"},
+              {4, kKindTask,
                "Gr\xF6\xDF"
                "e \x80"},
-              {2, KIND_TASK, "a2"},
-              {1, KIND_TASK, "T"}});
+              {2, kKindTask, "a2"},
+              {1, kKindTask, "T"}});
     }
     void TearDown() override { NodeClipboard::Instance().Clear(); }
     std::string Selected() { return std::string(CurrentNode(First())->m_strTitle); }
@@ -87,7 +87,7 @@ TEST_F(CGrafikClipboard, TheFirstNodeCannotBeCutAndPasteDefersToAFocusedNotePane
 
 TEST_F(CGrafikClipboard, OneClipboardServesEveryProject) {
     TestHost other;
-    other.doc.m_pFirstNode = BuildList({{0, KIND_PROJECT, "Zweites"}, {1, KIND_TASK, "x"}});
+    other.doc.m_pFirstNode = BuildList({{0, kKindProject, "Zweites"}, {1, kKindTask, "x"}});
     CGrafik otherChart;
     otherChart.SetHost(&other);
     Select("A");

@@ -11,13 +11,13 @@ namespace {
 class CGrafikInteraction : public ChartFixture {
 protected:
     void SetUp() override {
-        Load({{0, KIND_PROJECT, "R"},
-              {1, KIND_PROJECT, "A"},
-              {2, KIND_TASK, "a1"},
-              {2, KIND_PROJECT, "B"},
-              {3, KIND_TASK, "b1"},
-              {1, KIND_TASK, "T"},
-              {1, KIND_NOTE, "N"}});
+        Load({{0, kKindProject, "R"},
+              {1, kKindProject, "A"},
+              {2, kKindTask, "a1"},
+              {2, kKindProject, "B"},
+              {3, kKindTask, "b1"},
+              {1, kKindTask, "T"},
+              {1, kKindNote, "N"}});
     }
     std::string Selected() { return std::string(CurrentNode(First())->m_strTitle); }
     // A press at from, moves through the points, and the release at the last one.
@@ -41,9 +41,9 @@ TEST_F(CGrafikInteraction, ClickSelectsDoubleClickEdits) {
     Press(chart, RowPoint(3));
     EXPECT_EQ(Selected(), "B");
     EXPECT_TRUE(chart.ClickPending());
-    EXPECT_EQ(chart.DragMode(), CGrafik::DRAG_PRESSED);
+    EXPECT_EQ(chart.DragMode(), CGrafik::Drag::Pressed);
     Release(chart, RowPoint(3));
-    EXPECT_EQ(chart.DragMode(), CGrafik::DRAG_NONE);
+    EXPECT_EQ(chart.DragMode(), CGrafik::Drag::None);
     Click(chart, QPoint(200, 10));
     Click(chart, RowPoint(9));
     EXPECT_EQ(Selected(), "B") << "header and empty rows select nothing";
@@ -82,19 +82,19 @@ TEST_F(CGrafikInteraction, UpAndDownWalkTheShownRowsAndScrollThemIntoView) {
 
 TEST_F(CGrafikInteraction, ClicksExactlyAFontSizeFromADividerDoNotGrabIt) {
     Press(chart, QPoint(281, 150));
-    EXPECT_EQ(chart.DragMode(), CGrafik::DRAG_VERTICAL_DIVIDER);
+    EXPECT_EQ(chart.DragMode(), CGrafik::Drag::VerticalDivider);
     EXPECT_EQ(chart.cursor().shape(), Qt::SizeHorCursor);
     Release(chart, QPoint(281, 150));
     EXPECT_EQ(chart.ChartWidth1(), 300) << "a click without a move keeps the divider";
     Press(chart, QPoint(280, RowPoint(2).y()));
-    EXPECT_EQ(chart.DragMode(), CGrafik::DRAG_PRESSED) << "a row click instead";
+    EXPECT_EQ(chart.DragMode(), CGrafik::Drag::Pressed) << "a row click instead";
     Release(chart, QPoint(280, RowPoint(2).y()));
     Press(chart, QPoint(200, 319));
-    EXPECT_EQ(chart.DragMode(), CGrafik::DRAG_HORIZONTAL_DIVIDER);
+    EXPECT_EQ(chart.DragMode(), CGrafik::Drag::HorizontalDivider);
     Release(chart, QPoint(200, 319));
     for (const int y : {280, 320}) {
         Press(chart, QPoint(200, y));
-        EXPECT_EQ(chart.DragMode(), CGrafik::DRAG_NONE) << y;
+        EXPECT_EQ(chart.DragMode(), CGrafik::Drag::None) << y;
         Release(chart, QPoint(200, y));
     }
 }
@@ -121,7 +121,7 @@ TEST_F(CGrafikInteraction, DraggingARowMovesItsSubtreeBeforeTheRowBelowTheLine) 
     EXPECT_EQ(host.requests, std::vector<std::string>{"undo copy"});
     EXPECT_TRUE(host.doc.IsModified());
     EXPECT_EQ(Selected(), "B");
-    EXPECT_EQ(chart.DragMode(), CGrafik::DRAG_NONE);
+    EXPECT_EQ(chart.DragMode(), CGrafik::Drag::None);
     DragRow(6, LowerHalfOf(2)); // N to the line below b1: before A, at A's level
     EXPECT_EQ(Outline(First()), "0:R 1:B 2:b1 1:N 1:A 2:a1 1:T");
     DragRow(1, LowerHalfOf(9)); // B below the last row: the root's last child
@@ -161,10 +161,10 @@ TEST_F(CGrafikInteraction, TheMarkerCollapsesAndExpandsAProjectNode) {
 }
 
 TEST_F(CGrafikInteraction, ScrollHandlerScrollBarAndWheelClampToTheShownRows) {
-    chart.OnVScroll(CGrafik::SB_PAGEDOWN);
+    chart.OnVScroll(CGrafik::ScrollCode::PageDown);
     EXPECT_EQ(chart.FirstRow(), 6);
-    chart.OnVScroll(CGrafik::SB_LINEUP);
-    chart.OnVScroll(CGrafik::SB_REFRESH);
+    chart.OnVScroll(CGrafik::ScrollCode::LineUp);
+    chart.OnVScroll(CGrafik::ScrollCode::Refresh);
     EXPECT_EQ(chart.FirstRow(), 5);
     ASSERT_NE(RowScrollBar(), nullptr);
     EXPECT_EQ(RowScrollBar()->maximum(), 6);
@@ -183,7 +183,7 @@ TEST_F(CGrafikInteraction, ScrollHandlerScrollBarAndWheelClampToTheShownRows) {
     First()->m_bExpanded = 0;
     RecomputeVisibility(First());
     host.doc.UpdateAllViews();
-    chart.OnVScroll(CGrafik::SB_REFRESH);
+    chart.OnVScroll(CGrafik::ScrollCode::Refresh);
     EXPECT_EQ(chart.FirstRow(), 0);
     EXPECT_EQ(RowScrollBar()->maximum(), 0);
 }

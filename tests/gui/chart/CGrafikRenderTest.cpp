@@ -20,13 +20,13 @@ const QColor kCell(230, 230, 230);
 class CGrafikRender : public ChartFixture {
 protected:
     void SetUp() override {
-        Load({{0, KIND_PROJECT, "Projekt", 0, 20},
-              {1, KIND_TASK, "Erledigt", 1, 2},
-              {1, KIND_TASK, "Verspätet", -3, -1},
-              {1, KIND_NOTE, "Notiz", 5, 6},
-              {1, KIND_MILESTONE, "Meilenstein", 7, 7},
-              {1, KIND_TASK, "Muster", 9, 9},
-              {1, KIND_TASK, "Muster", 9, 9}});
+        Load({{0, kKindProject, "Projekt", 0, 20},
+              {1, kKindTask, "Erledigt", 1, 2},
+              {1, kKindTask, "Verspätet", -3, -1},
+              {1, kKindNote, "Notiz", 5, 6},
+              {1, kKindMilestone, "Meilenstein", 7, 7},
+              {1, kKindTask, "Muster", 9, 9},
+              {1, kKindTask, "Muster", 9, 9}});
         Node("Erledigt")->m_bDone = 1;
         Node("Muster")->m_bBold = 1; // the first of the two
         Select("Verspätet");
@@ -93,12 +93,12 @@ TEST_F(CGrafikRender, BarsRunFromStartDayToDueDayInProgressOrNodeColours) {
     EXPECT_EQ(InColumn(9, 5), kCell) << "an open task's bar is grey";
     Node("Muster")->m_timeStart = Day(0, 0, 0, 0);
     Node("Muster")->m_timeDue = Day(0, 0, 0, 1);
-    chart.SetOptions({DATE_PREFIX_NONE, false, false, false});
+    chart.SetOptions({kDatePrefixNone, false, false, false});
     Redraw();
     EXPECT_EQ(InColumn(0, 5), kRed) << "overdue";
 
     Node("Erledigt")->m_crColor = 0x0000FF;
-    chart.SetOptions({DATE_PREFIX_NONE, false, true, false});
+    chart.SetOptions({kDatePrefixNone, false, true, false});
     Redraw();
     EXPECT_EQ(InColumn(1, 1), kRed) << "\"Balken\": the node's colour";
     EXPECT_EQ(InColumn(7, 4), kBlack);
@@ -127,7 +127,7 @@ TEST_F(CGrafikRender, CostModeClockMarkAndResponsibleMark) {
     Node("Erledigt")->m_fCostNeeded = 5.0f;
     Node("Erledigt")->m_bClockedIn = 1;
     Node("Verspätet")->m_strResponsible = "Anna \xAB\xBB AN";
-    chart.SetOptions({DATE_PREFIX_NONE, true, false, true});
+    chart.SetOptions({kDatePrefixNone, true, false, true});
     Redraw();
     const ChartLayout l = chart.Layout();
     EXPECT_EQ(InBox(1, 25), QColor(255, 100, 100));

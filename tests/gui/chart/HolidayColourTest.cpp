@@ -18,7 +18,7 @@ const QColor kWeekend(230, 230, 230);
 class HolidayColour : public ChartFixture {
 protected:
     void SetUp() override {
-        Load({{0, KIND_PROJECT, "Projekt", 0, 0}});
+        Load({{0, kKindProject, "Projekt", 0, 0}});
         const std::string file = dir.PathOf("Feiertage.dat");
         ASSERT_TRUE(SaveHolidays(
             file, {{24, 12, 2019, kOrange, "Heilig Abend", true}, {26, 12, 2025, kSky, "Urlaub", false}}));

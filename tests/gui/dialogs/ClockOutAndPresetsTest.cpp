@@ -31,7 +31,7 @@ struct ClockOutFixture : ::testing::Test {
     void SetUp() override {
         doc.OnNewDocument();
         task = doc.m_pFirstNode;
-        task->m_nKind = KIND_TASK;
+        task->m_nKind = kKindTask;
         task->m_strTitle = "Montage";
         task->m_fHoursNeeded = 1.0f;
         task->m_bClockedIn = 1;

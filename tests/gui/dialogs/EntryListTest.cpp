@@ -27,7 +27,7 @@ struct EntryList : ::testing::Test {
     std::unique_ptr<CNodeEditDlg> dialog;
 
     void SetUp() override {
-        task.m_nKind = KIND_TASK;
+        task.m_nKind = kKindTask;
         task.m_fHourlyRate = 50.0f;
         task.m_fHoursPlanned = 8.0f;
     }

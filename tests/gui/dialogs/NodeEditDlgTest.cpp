@@ -28,7 +28,7 @@ namespace {
 
 // R is a project with the children T (a task) and P (a childless project).
 struct NodeDialog : ::testing::Test {
-    TestTree tree{{0, "R"}, {1, "T", KIND_TASK}, {1, "P"}};
+    TestTree tree{{0, "R"}, {1, "T", kKindTask}, {1, "P"}};
     ScratchDir dir;
     ScriptedPrompter prompter;
     int undoCopies = 0;
@@ -96,7 +96,7 @@ TEST_F(NodeDialog, AProjectWithChildrenIsRefusedAfterTheUndoCopyAndStaysAProject
     auto childless = Open("P");
     Find<QRadioButton>(*childless, "kindTask")->click();
     ClickOk(*childless);
-    EXPECT_EQ(tree["P"]->m_nKind, KIND_TASK) << "a project without children may change its kind";
+    EXPECT_EQ(tree["P"]->m_nKind, kKindTask) << "a project without children may change its kind";
 }
 
 TEST_F(NodeDialog, DatesAreCheckedByDayAndAMilestoneTakesTheDueDay) {
@@ -120,7 +120,7 @@ TEST_F(NodeDialog, DatesAreCheckedByDayAndAMilestoneTakesTheDueDay) {
     Find<QRadioButton>(*milestone, "kindMilestone")->click();
     Find<QDateEdit>(*milestone, "due")->setDate(QDate(2024, 7, 1));
     ClickOk(*milestone);
-    EXPECT_EQ(tree["T"]->m_nKind, KIND_MILESTONE);
+    EXPECT_EQ(tree["T"]->m_nKind, kKindMilestone);
     EXPECT_EQ(tree["T"]->m_timeStart.Format("%d.%m.%Y %H:%M:%S"), "01.07.2024 01:00:00");
     EXPECT_EQ(tree["T"]->m_timeDue.Format("%d.%m.%Y %H:%M:%S"), "01.07.2024 23:59:59");
 }

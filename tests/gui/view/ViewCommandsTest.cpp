@@ -33,13 +33,13 @@ protected:
         NodeClipboard::Instance().Clear();
         doc.OnNewDocument();
         FreeNodeList(doc.m_pFirstNode);
-        doc.m_pFirstNode = BuildList({{0, KIND_PROJECT, "R"},
-                                      {1, KIND_PROJECT, "P", 0, 5},
-                                      {2, KIND_TASK, "t1", 3, 3},
-                                      {2, KIND_TASK, "t2", 1, 1},
-                                      {2, KIND_TASK, "t3", 2, 2},
-                                      {1, KIND_NOTE, "N", -1, -1},
-                                      {1, KIND_MILESTONE, "M", 4, 4}});
+        doc.m_pFirstNode = BuildList({{0, kKindProject, "R"},
+                                      {1, kKindProject, "P", 0, 5},
+                                      {2, kKindTask, "t1", 3, 3},
+                                      {2, kKindTask, "t2", 1, 1},
+                                      {2, kKindTask, "t3", 2, 2},
+                                      {1, kKindNote, "N", -1, -1},
+                                      {1, kKindMilestone, "M", 4, 4}});
         doc.SetModifiedFlag(false);
     }
     ~ViewCommands() override { NodeClipboard::Instance().Clear(); }
@@ -196,7 +196,7 @@ TEST_F(ViewCommands, F6AndShiftF6MoveTheFocusBetweenChartAndNote) {
 
 TEST_F(ViewCommands, CollapseAllSelectsTheFirstNodeAndExpandAllKeepsTheSelection) {
     CVeltoView& view = MakeView();
-    view.Chart().OnVScroll(CGrafik::SB_LINEDOWN);
+    view.Chart().OnVScroll(CGrafik::ScrollCode::LineDown);
     Select("t2");
     Run(cmd::CollapseAll);
     EXPECT_EQ(Selected(), "R");
@@ -307,7 +307,7 @@ TEST_F(ViewCommands, TheNodeInfoLineShowsStampsAndTheBalanceOfTheMode) {
     EXPECT_EQ(CVeltoView::NodeInfoLine(*node, true),
               QString::fromUtf8("Erstellt: 02.01.26 / 03:04   |  Letzte Änderung: 03.02.26 / 14:05   |  "
                                 "Erledigt am: 04.03.26 / 23:59   |  -60.00€"));
-    node->m_nKind = KIND_NOTE;
+    node->m_nKind = kKindNote;
     EXPECT_FALSE(CVeltoView::NodeInfoLine(*node, true).contains("Erledigt"));
 
     MakeView();
