@@ -3,6 +3,8 @@ BUILD_DIR ?= build
 JOBS ?= $(shell nproc)
 # CI sets WERROR=ON so that a warning fails the build; developers see warnings without the failure.
 WERROR ?= OFF
+# Paths below the project are hashed relative to it, so a clone elsewhere (CI) reuses the cache.
+export CCACHE_BASEDIR := $(CURDIR)
 
 .PHONY: run test bench deps configure build
 

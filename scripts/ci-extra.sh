@@ -6,6 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 JOBS=$(nproc)
 ROOT=$PWD
+export CCACHE_BASEDIR="$ROOT"
 
 echo "== Sanitizer build (all tests)"
 cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DVELTO_BUILD_GUI=ON -DVELTO_BUILD_BENCH=OFF \
