@@ -109,7 +109,6 @@ TEST(CommandRouter, ADeletedActionIsForgotten) {
     c.router.Bind(action, 1);
     delete action;
     c.router.UpdateAll(); // must not touch the deleted action
-    SUCCEED();
 }
 
 TEST(CommandTable, EveryMenuAndToolbarCommandHasAnEntryAndNoKeyIsTakenTwice) {
@@ -127,30 +126,6 @@ TEST(CommandTable, EveryMenuAndToolbarCommandHasAnEntryAndNoKeyIsTakenTwice) {
     for (MenuSet set : {MenuSet::NoDocument, MenuSet::Timeline, MenuSet::MindMap})
         for (int id : ToolbarCommands(set))
             EXPECT_TRUE(id == 0 || FindCommand(id)) << id;
-}
-
-TEST(CommandTable, LabelsAndKeysAreTheProgramsOwn) {
-    const auto label = [](int id) { return QString::fromUtf8(FindCommand(id)->label); };
-    EXPECT_EQ(label(cmd::NewNode), QString::fromUtf8("&Neuer Knoten\tStrg+K"));
-    EXPECT_EQ(label(cmd::ZoomOut), QString::fromUtf8("Ansicht ver&kleinern\tStrg -"));
-    EXPECT_EQ(label(cmd::ZoomIn), QString::fromUtf8("Ansicht ver&größern\tStrg +"));
-    EXPECT_EQ(label(cmd::EditUndo), QString::fromUtf8("&Rückgängig\tStrg+Z"));
-    EXPECT_EQ(label(cmd::ImportVt4), QString::fromUtf8("VT4 Datei &importieren"));
-    EXPECT_EQ(QString::fromUtf8(FindCommand(cmd::ToggleCosts)->prompt),
-              QString::fromUtf8("Umschalten Stunden/Kosten\nh <-> €"));
-
-    const auto hasKey = [](int id, QKeyCombination key) {
-        return FindCommand(id)->keys.contains(QKeySequence(key));
-    };
-    EXPECT_TRUE(hasKey(cmd::EditNode, Qt::ControlModifier | Qt::Key_Return));
-    EXPECT_TRUE(hasKey(cmd::DeleteNode, Qt::ControlModifier | Qt::Key_Delete));
-    EXPECT_TRUE(hasKey(cmd::EditUndo, Qt::AltModifier | Qt::Key_Backspace));
-    EXPECT_TRUE(hasKey(cmd::ZoomIn, Qt::ControlModifier | Qt::KeypadModifier | Qt::Key_Plus));
-    EXPECT_TRUE(hasKey(cmd::ZoomOut, Qt::ControlModifier | Qt::KeypadModifier | Qt::Key_Minus));
-    EXPECT_TRUE(hasKey(cmd::EditCopy, Qt::ControlModifier | Qt::Key_Insert));
-    EXPECT_TRUE(hasKey(cmd::EditPaste, Qt::ShiftModifier | Qt::Key_Insert));
-    EXPECT_TRUE(hasKey(cmd::EditCut, Qt::ShiftModifier | Qt::Key_Delete));
-    EXPECT_TRUE(hasKey(cmd::PrevPane, Qt::ShiftModifier | Qt::Key_F6));
 }
 
 // ---- The chain of the running program ----
@@ -174,22 +149,6 @@ public:
     }
     bool bold = false;
 };
-
-std::vector<QAction*> AllMenuActions(QMenuBar* bar) {
-    std::vector<QAction*> out;
-    std::function<void(QMenu*)> walk = [&](QMenu* menu) {
-        emit menu->aboutToShow();
-        for (QAction* action : menu->actions()) {
-            if (action->menu())
-                walk(action->menu());
-            else if (!action->isSeparator())
-                out.push_back(action);
-        }
-    };
-    for (QAction* top : bar->actions())
-        walk(top->menu());
-    return out;
-}
 
 QAction* FindByText(QMenuBar* bar, const QString& text) {
     for (QAction* action : AllMenuActions(bar))
@@ -256,14 +215,18 @@ TEST_F(ShellRouting, DocumentCommandsNeedAProjectAndDialogsNeedTheirHandler) {
     EXPECT_TRUE(router.Query(cmd::WindowCascade).enabled);
 }
 
-TEST_F(ShellRouting, EveryMenuItemOfEachSetIsBoundAndLabelled) {
+TEST_F(ShellRouting, EveryMenuItemOfEachSetIsBoundLabelledAndExplained) {
     CMainFrame& frame = MakeFrame();
     const auto check = [&] {
         for (QAction* action : AllMenuActions(frame.menuBar())) {
             if (!action->isVisible() || action->objectName() == "Fensterliste")
                 continue; // recent-file entries without a file; the list of project windows
-            EXPECT_TRUE(action->data().isValid()) << action->text().toStdString();
-            EXPECT_FALSE(action->text().isEmpty());
+            const std::string text = action->text().toStdString();
+            EXPECT_TRUE(action->data().isValid()) << text;
+            EXPECT_FALSE(text.empty());
+            if (frame.Action(action->data().toInt()) == action) { // recent files have only a file name
+                EXPECT_FALSE(action->statusTip().isEmpty()) << text;
+            }
         }
     };
     check();

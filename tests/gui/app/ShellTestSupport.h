@@ -9,9 +9,12 @@
 #include "document/CVeltoDoc.h"
 #include "support/ScriptedPrompter.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QMenu>
+#include <QMenuBar>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
@@ -20,13 +23,50 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <memory>
-
 #include <ostream>
+#include <vector>
 
 // Readable QStrings in failure messages.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
+}
+
+// The entries of a menu, "-" for a separator.
+inline QStringList MenuTexts(const QMenu& menu) {
+    QStringList texts;
+    for (QAction* action : menu.actions())
+        texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return texts;
+}
+inline QStringList MenuTitles(const QMenuBar* bar) {
+    QStringList titles;
+    for (QAction* action : bar->actions())
+        titles << action->text();
+    return titles;
+}
+inline QMenu* TopMenu(const QMenuBar* bar, const QString& title) {
+    for (QAction* top : bar->actions())
+        if (top->text() == title)
+            return top->menu();
+    return nullptr;
+}
+// Every command entry of the menu bar, sub-menus included, each menu updated as if it opened.
+inline std::vector<QAction*> AllMenuActions(const QMenuBar* bar) {
+    std::vector<QAction*> out;
+    std::function<void(QMenu*)> walk = [&](QMenu* menu) {
+        emit menu->aboutToShow();
+        for (QAction* action : menu->actions()) {
+            if (action->menu())
+                walk(action->menu());
+            else if (!action->isSeparator())
+                out.push_back(action);
+        }
+    };
+    for (QAction* top : bar->actions())
+        walk(top->menu());
+    return out;
 }
 
 class FakeDesktop : public Desktop {

@@ -1,5 +1,4 @@
-// The Windows-1252 boundary between model strings and widgets, and the command line.
-#include "app/CommandLine.h"
+// The Windows-1252 boundary between model strings and widgets.
 #include "base/Cp1252Text.h"
 
 #include <gtest/gtest.h>
@@ -26,26 +25,4 @@ TEST(Cp1252Text, CharactersWithoutAByteAreRefusedOrReplaced) {
     // A character beyond the 16-bit range is one character, not two.
     EXPECT_EQ(ToCp1252Lossy(QString::fromUtf8("x😀y")), "x?y");
     EXPECT_EQ(ToCp1252Lossy(QString(QChar(0xD800))), "?"); // a lone surrogate
-}
-
-TEST(CommandLine, FilesAreTakenInOrder) {
-    const CommandLine line = ParseCommandLine({"velto", "a.VT5", "b c.VT5"});
-    EXPECT_TRUE(line.error.isEmpty());
-    EXPECT_FALSE(line.help);
-    EXPECT_EQ(line.files, QStringList({"a.VT5", "b c.VT5"}));
-    // After "--" a name that looks like an option is a file.
-    EXPECT_EQ(ParseCommandLine({"velto", "--", "-seltsam.VT5"}).files, QStringList({"-seltsam.VT5"}));
-}
-
-TEST(CommandLine, HelpAndVersionAreRecognisedInBothForms) {
-    EXPECT_TRUE(ParseCommandLine({"velto", "--help"}).help);
-    EXPECT_TRUE(ParseCommandLine({"velto", "-h"}).help);
-    EXPECT_TRUE(ParseCommandLine({"velto", "--version"}).version);
-    EXPECT_TRUE(UsageText().startsWith("Aufruf: velto"));
-    EXPECT_TRUE(UsageText().contains("--help"));
-}
-
-TEST(CommandLine, AnUnknownOptionIsNamedInGerman) {
-    const CommandLine line = ParseCommandLine({"velto", "--gibtsnicht", "a.VT5"});
-    EXPECT_EQ(line.error, "Unbekannte Option: gibtsnicht");
 }
