@@ -1,6 +1,6 @@
 #pragma once
-// Driving the node dialogs in tests: finding controls by name, acting on a modal dialog once it
-// is open, and a scratch folder for "Bearbeiter.dat".
+// Driving the dialogs in tests: finding controls by name, acting on a modal dialog once it is
+// open, a scratch folder for the data files and reading them back.
 #include "dialogs/CStepEdit.h"
 
 #include <QAbstractButton>
@@ -9,8 +9,10 @@
 #include <QDialogButtonBox>
 #include <QTimer>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <stdlib.h>
 #include <string>
 
@@ -59,3 +61,10 @@ struct ScratchDir {
     ~ScratchDir() { std::filesystem::remove_all(path); }
     std::string File(const char* name) const { return (path / name).string(); }
 };
+
+inline std::string Bytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream out;
+    out << in.rdbuf();
+    return out.str();
+}
