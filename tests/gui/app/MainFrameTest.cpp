@@ -1,5 +1,4 @@
-// The main window: menu sets and toolbars in both modes, placement kept in the settings, opening
-// files (twice, missing, broken, recent, dropped), and the converter and manual beside the program.
+// The main window: menu sets and toolbars, placement, opening files, and the files beside the program.
 #include "ShellTestSupport.h"
 
 #include "base/CommandIds.h"
@@ -73,8 +72,7 @@ TEST_F(MainFrame, TheMenuSetFollowsTheProjectsAndTheMode) {
 
 TEST_F(MainFrame, TheWindowMenuListsTheProjectsAndActivatesTheChosenOne) {
     CMainFrame& frame = MakeFrame();
-    WriteProject(ProjectPath("Eins.VT5"));
-    CChildFrame* one = frame.OpenDocumentFile(ProjectPath("Eins.VT5"));
+    CChildFrame* one = frame.OpenDocumentFile(WriteProject("Eins.VT5"));
     ASSERT_TRUE(one && frame.NewDocument());
     QMenu* windows = TopMenu(frame.menuBar(), "&Fenster");
     ASSERT_TRUE(windows);
@@ -113,13 +111,7 @@ TEST_F(MainFrame, PlacementBarsAndNoteFlagSurviveARestart) {
 }
 
 TEST_F(MainFrame, AMaximizedFrameKeepsTheStoredNormalRectangle) {
-    {
-        QSettings stored("kolvarin", "Velto5");
-        stored.setValue("Left", 10);
-        stored.setValue("Top", 20);
-        stored.setValue("Right", 610);
-        stored.setValue("Bottom", 420);
-    }
+    Store({{"Left", 10}, {"Top", 20}, {"Right", 610}, {"Bottom", 420}});
     CMainFrame& frame = MakeFrame();
     frame.showMaximized();
     ASSERT_TRUE(frame.isMaximized());
@@ -130,28 +122,8 @@ TEST_F(MainFrame, AMaximizedFrameKeepsTheStoredNormalRectangle) {
     EXPECT_TRUE(CMainFrame(desktop, settings, *recent).WasMaximized());
 }
 
-TEST_F(MainFrame, AnUnusableSettingsStoreIsReportedAndTheDefaultsApply) {
-    // A settings folder whose place is taken by a file can be neither read nor written.
-    QFile blocker(TempPath("blocked"));
-    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
-    UseSettingsFolder(TempPath("blocked"));
-    CMainFrame& frame = MakeFrame();
-    EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>{"Regestry Error"});
-    EXPECT_TRUE(frame.State().noteToolbar);
-    frame.SavePlacement();
-    EXPECT_EQ(desktop.prompter.texts().size(), 2u);
-    CChildFrame* child = frame.NewDocument();
-    ASSERT_TRUE(child);
-    EXPECT_EQ(child->GetDocument().m_strNoteFont, "Arial");
-}
-
 TEST_F(MainFrame, NewProjectsTakeTheNoteFontFromTheSettings) {
-    {
-        QSettings stored("kolvarin", "Velto5");
-        stored.setValue("SchriftName", QString::fromUtf8("Liberation Séans"));
-        stored.setValue("SchriftGroesse", 14);
-    }
+    Store({{"SchriftName", QString::fromUtf8("Liberation Séans")}, {"SchriftGroesse", 14}});
     CChildFrame* child = MakeFrame().NewDocument();
     ASSERT_TRUE(child);
     EXPECT_EQ(child->GetDocument().m_strNoteFont, "Liberation S\xE9"
@@ -159,11 +131,21 @@ TEST_F(MainFrame, NewProjectsTakeTheNoteFontFromTheSettings) {
     EXPECT_EQ(child->GetDocument().m_nNoteFontSize, 14);
 }
 
+TEST_F(MainFrame, AnUnusableSettingsStoreIsReportedAndTheDefaultsApply) {
+    UseUnusableSettingsFolder();
+    CMainFrame& frame = MakeFrame();
+    EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>{"Regestry Error"});
+    frame.SavePlacement();
+    EXPECT_EQ(desktop.prompter.texts().size(), 2u);
+    CChildFrame* child = frame.NewDocument();
+    ASSERT_TRUE(child);
+    EXPECT_EQ(child->GetDocument().m_strNoteFont, "Arial");
+}
+
 // ---- Opening files ----
 
 TEST_F(MainFrame, AFileThatIsOpenAlreadyIsActivatedNotOpenedTwice) {
-    const QString path = ProjectPath("Doppelt.VT5");
-    WriteProject(path);
+    const QString path = WriteProject("Doppelt.VT5");
     CMainFrame& frame = MakeFrame();
     CChildFrame* first = frame.OpenDocumentFile(path);
     frame.NewDocument();
@@ -189,9 +171,7 @@ TEST_F(MainFrame, AMissingOrBrokenFileIsNamedAndNothingOpens) {
 }
 
 TEST_F(MainFrame, TheOpenCommandAndADropOpenTheChosenFiles) {
-    const QString chosen = ProjectPath("Gewaehlt.vt5"), dropped = ProjectPath("Gezogen.VT5");
-    WriteProject(chosen);
-    WriteProject(dropped);
+    const QString chosen = WriteProject("Gewaehlt.vt5"), dropped = WriteProject("Gezogen.VT5");
     CMainFrame& frame = MakeFrame();
     desktop.ChooseFiles({QString(), chosen});
     frame.Router().Execute(cmd::FileOpen); // cancelled
@@ -217,8 +197,7 @@ TEST_F(MainFrame, TheRecentListKeepsTheFourLastFilesNewestFirst) {
     CMainFrame& frame = MakeFrame();
     QStringList paths;
     for (const char* name : {"A.VT5", "B.VT5", "C.VT5", "D.VT5", "E.VT5"}) {
-        paths.append(ProjectPath(name));
-        WriteProject(paths.back());
+        paths.append(WriteProject(name));
         ASSERT_TRUE(frame.OpenDocumentFile(paths.back()));
     }
     EXPECT_EQ(recent->Files(), QStringList({paths[4], paths[3], paths[2], paths[1]}));
@@ -233,9 +212,7 @@ TEST_F(MainFrame, TheRecentListKeepsTheFourLastFilesNewestFirst) {
 }
 
 TEST_F(MainFrame, ARecentFileIsOpenedFromTheMenuAndDroppedWhenItIsGone) {
-    const QString kept = ProjectPath("Bleibt.VT5"), gone = ProjectPath("Weg.VT5");
-    WriteProject(kept);
-    WriteProject(gone);
+    const QString kept = WriteProject("Bleibt.VT5"), gone = WriteProject("Weg.VT5");
     recent->Add(kept);
     recent->Add(gone);
     QFile::remove(gone);

@@ -1,5 +1,4 @@
-// Where windows go when they are restored: the main window against the virtual screen, a project
-// window against the MDI area and the screen.
+// Where windows go when restored: the frame on the virtual screen, a project window in the MDI area.
 #include "app/WindowPlacement.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-// "Sicherung wiederherstellen" through the shell: the menu command lists the backups, opens one
-// read-only in a window of its own and restores another into the open project.
+// "Sicherung wiederherstellen" through the shell: open a backup read-only, restore another.
 #include "ShellTestSupport.h"
 
 #include "base/CommandIds.h"
@@ -15,8 +14,7 @@
 using RestoreBackup = ShellTest;
 
 TEST_F(RestoreBackup, OpensOneBackupReadOnlyAndRestoresAnother) {
-    const QString path = ProjectPath("Plan.VT5");
-    WriteProject(path);
+    const QString path = WriteProject("Plan.VT5");
     CMainFrame& frame = MakeFrame();
     CChildFrame* child = frame.OpenDocumentFile(path);
     ASSERT_TRUE(child);
@@ -71,8 +69,7 @@ TEST_F(RestoreBackup, IsOfferedOnlyForAProjectWithAFile) {
     CMainFrame& frame = MakeFrame();
     frame.NewDocument();
     EXPECT_FALSE(frame.Router().Query(cmd::FileRestoreBackup).enabled);
-    const QString path = ProjectPath("Plan.VT5");
-    WriteProject(path);
+    const QString path = WriteProject("Plan.VT5");
     frame.OpenDocumentFile(path);
     EXPECT_TRUE(frame.Router().Query(cmd::FileRestoreBackup).enabled);
 }

@@ -129,6 +129,14 @@ protected:
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder);
     }
 
+    // A settings folder whose place is taken by a file can be neither read nor written.
+    void UseUnusableSettingsFolder() {
+        QFile blocker(TempPath("blocked"));
+        ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        UseSettingsFolder(TempPath("blocked"));
+    }
+
     QString ProjectDir() const { return m_dir.filePath("projects"); }
     QString ProjectPath(const QString& name) const { return QDir(ProjectDir()).filePath(name); }
     QString TempPath(const QString& name) const { return m_dir.filePath(name); }
@@ -143,13 +151,20 @@ protected:
         return frame;
     }
 
-    // Writes a new one-node project to path with a document of its own.
-    void WriteProject(const QString& path) {
+    // Writes a new one-node project of that name into the project folder and returns its path.
+    QString WriteProject(const QString& name) {
+        const QString path = ProjectPath(name);
         ScriptedPrompter quiet;
         CVeltoDoc doc(quiet);
-        ASSERT_TRUE(doc.OnNewDocument());
-        ASSERT_TRUE(doc.OnSaveDocument(QFile::encodeName(path).toStdString()));
+        EXPECT_TRUE(doc.OnNewDocument() && doc.OnSaveDocument(QFile::encodeName(path).toStdString()));
         doc.OnCloseDocument();
+        return path;
+    }
+    // Values in the program's settings, as an earlier run left them.
+    static void Store(std::initializer_list<std::pair<const char*, QVariant>> values) {
+        QSettings stored("kolvarin", "Velto5");
+        for (const auto& [key, value] : values)
+            stored.setValue(key, value);
     }
 
     static void CloseWithoutQuestions(CMainFrame& frame) {

@@ -1,5 +1,4 @@
-// The settings store and the start of the program: the files of the settings first, then the
-// command line, a new project when nothing was named, and a clear word about a missing file.
+// The start of the program: the settings' start files, the command line, and what the store reads.
 #include "ShellTestSupport.h"
 
 #include "app/CVeltoApp.h"
@@ -11,27 +10,8 @@
 
 using Startup = ShellTest;
 
-TEST_F(Startup, EverySettingReadsItsDefaultWhenMissingAndItsValueWhenStored) {
-    SettingsSession session = settings.Open();
-    ASSERT_TRUE(session.IsOpen());
-    EXPECT_EQ(session.Get(setting::NoteFontName), "Arial");
-    EXPECT_EQ(session.Get(setting::NoteFontSize), 12);
-    EXPECT_EQ(session.Find(setting::DatePrefix), std::nullopt);
-
-    session.Set(setting::NoteFontName, QString::fromUtf8("Liberation Sans"));
-    session.Set(setting::NoteFontSize, 20);
-    session.Set(setting::FrameLeft, -1200); // a monitor left of the main one
-    ASSERT_TRUE(session.Commit());
-
-    const SettingsSession again = settings.Open();
-    EXPECT_EQ(again.Get(setting::NoteFontName), "Liberation Sans");
-    EXPECT_EQ(again.Get(setting::NoteFontSize), 20);
-    EXPECT_EQ(again.Find(setting::FrameLeft), -1200);
-    EXPECT_TRUE(desktop.prompter.asked().empty());
-}
-
 TEST_F(Startup, ANumberStoredAsTextCountsAsMissingAndAHandEditedTextWithCommasReadsAsWritten) {
-    QSettings("kolvarin", "Velto5").setValue("SchriftGroesse", "zwoelf");
+    Store({{"SchriftGroesse", "zwoelf"}});
     EXPECT_EQ(settings.Open().Get(setting::NoteFontSize), 12);
     QFile conf(m_dir.filePath("config/kolvarin/Velto5.conf"));
     ASSERT_TRUE(QDir().mkpath(QFileInfo(conf).absolutePath()));
@@ -42,17 +22,11 @@ TEST_F(Startup, ANumberStoredAsTextCountsAsMissingAndAHandEditedTextWithCommasRe
 }
 
 TEST_F(Startup, TheStartFilesOpenFirstThenTheCommandLine) {
-    WriteProject(ProjectPath("Eins.VT5"));
-    WriteProject(ProjectPath("Drei.VT5"));
-    WriteProject(ProjectPath("Argument.VT5"));
-    {
-        QSettings stored("kolvarin", "Velto5");
-        stored.setValue("Datei1", ProjectPath("Eins.VT5"));
-        stored.setValue("Datei2", ProjectPath("Fehlt.VT5"));
-        stored.setValue("Datei3", ProjectPath("Drei.VT5"));
-    }
+    Store({{"Datei1", WriteProject("Eins.VT5")},
+           {"Datei2", ProjectPath("Fehlt.VT5")},
+           {"Datei3", WriteProject("Drei.VT5")}});
     CVeltoApp app(desktop);
-    app.Start({ProjectPath("Argument.VT5")});
+    app.Start({WriteProject("Argument.VT5")});
     QStringList titles;
     for (CChildFrame* child : app.MainFrame().Children())
         titles.append(child->windowTitle());

@@ -1,5 +1,4 @@
-// Clocking out into an hours entry, the preset file dialog, and what the document gets back from
-// the node dialog.
+// Clocking out, the preset file dialog, and what the document gets back from the node dialog.
 #include "dialogs/CAssigneeDlg.h"
 #include "dialogs/CClockOutDlg.h"
 #include "dialogs/CNodeEditDlg.h"

@@ -1,5 +1,4 @@
-// The entry lists of the node dialog: what is added reaches the list, the totals and, on OK, the
-// node; taking entries back refills the input row; the combos offer presets or recent texts.
+// The entry lists of the node dialog: entries reach the list, the totals and, on OK, the node.
 #include "dialogs/CNodeEditDlg.h"
 
 #include "files/AssigneeFile.h"

@@ -1,5 +1,4 @@
-// "Feiertage, Urlaub, ...": the list as the file fills it, adding and taking back entries, the
-// colour button, and the file that OK writes and Cancel leaves alone.
+// "Feiertage, Urlaub, ...": the list from the file, adding, taking back, and what OK writes.
 #include "dialogs/CHolidayDlg.h"
 
 #include "files/HolidayFile.h"

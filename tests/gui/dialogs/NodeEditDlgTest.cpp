@@ -1,5 +1,4 @@
-// "Knoten bearbeiten" driven as a user would: what each kind shows, OK's order of steps and its
-// refusals, Cancel, the step buttons, the done time stamp, text format, reminder and responsible.
+// "Knoten bearbeiten" driven as a user would; the rules it applies are tested in core.
 #include "dialogs/CNodeEditDlg.h"
 
 #include "core/model/NodeListTestTree.h"
