@@ -1,5 +1,4 @@
-// The chart's cut, copy and paste: the undo copy and the modified flag, the outline as text on the
-// system clipboard, and a paste that goes to a focused note pane instead.
+// The chart's cut, copy and paste: undo copy, modified flag, system clipboard, the note pane's turn.
 #include "ChartTestSupport.h"
 #include "outline/NodeClipboard.h"
 

@@ -1,12 +1,10 @@
-// The project view's commands as the menus, keys and the node context menu run them: what they
-// change, what they refuse, and which of them take the undo copy.
+// The project view's commands: what they change, stamp and mark, what they refuse, the undo copy.
 #include "base/CommandIds.h"
 #include "base/CommandTarget.h"
-#include "base/Settings.h"
 #include "base/ShellState.h"
 #include "chart/CGrafik.h"
 #include "dialogs/CClockOutDlg.h"
-#include "gui/app/ShellTestSupport.h"
+#include "gui/app/ShellTestSupport.h" // MenuTexts
 #include "gui/chart/ChartTestSupport.h"
 #include "gui/dialogs/DialogTestSupport.h"
 #include "outline/NodeClipboard.h"
@@ -360,51 +358,9 @@ TEST_F(ViewCommands, TheNoteCommandsAreThePanesWhileAProjectIsOpen) {
     ShowSelection(doc);
     Type(view, "Wichtig");
     view.NotePane().Editor()->selectAll();
-    EXPECT_TRUE(Query(cmd::NoteBold).enabled);
-    EXPECT_FALSE(Query(cmd::NoteBold).checked);
     Run(cmd::NoteBold);
     EXPECT_TRUE(Query(cmd::NoteBold).checked);
     EXPECT_NE(Node("t1")->m_strNote.str().find("\\b"), std::string::npos) << "a format change saves the note";
-}
-
-class ViewSettings : public ShellTest {};
-
-TEST_F(ViewSettings, SavingTakesTheNoteThatIsStillBeingTyped) {
-    const QString path = ProjectPath("Notiz.VT5");
-    CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.NewDocument();
-    CVeltoView& view = child->GetView();
-    view.NotePane().Editor()->insertPlainText(QStringLiteral("Noch nicht gespeichert"));
-    EXPECT_FALSE(child->GetDocument().IsModified()) << "no key let go, no focus lost yet";
-    desktop.ChooseFiles({path});
-    ASSERT_TRUE(child->Commands().SaveAs());
-    child->close();
-
-    CVeltoDoc reread(desktop.prompter);
-    ASSERT_TRUE(reread.OnOpenDocument(path.toStdString()));
-    EXPECT_NE(NoteText(reread.m_pFirstNode).find("Noch nicht gespeichert"), std::string::npos);
-}
-
-TEST_F(ViewSettings, TheChartOptionsAreReadAsTheyWereMeant) {
-    const std::string noHolidays = TempPath("keine-Feiertage.dat").toStdString();
-    const auto read = [&](int barInNodeColour, int sortByDue) {
-        SettingsSession session = settings.Open();
-        session.Set(setting::DatePrefix, 2);
-        session.Set(setting::BarInNodeColor, barInNodeColour);
-        session.Set(setting::SortByDue, sortByDue);
-        EXPECT_TRUE(session.Commit());
-        return ReadViewContext(settings.Open(), noHolidays);
-    };
-    const ViewContext none = ReadViewContext(settings.Open(), noHolidays);
-    EXPECT_FALSE(none.chart.showResponsible || none.chart.barInNodeColour || none.sortByDue);
-    EXPECT_TRUE(none.holidays.empty());
-    const ViewContext set = read(1, 7);
-    EXPECT_EQ(set.chart.datePrefix, 2);
-    EXPECT_TRUE(set.chart.barInNodeColour);
-    EXPECT_TRUE(set.sortByDue) << "any value but 0 sorts by the due date";
-    const ViewContext odd = read(2, 0);
-    EXPECT_FALSE(odd.chart.barInNodeColour) << "only 1 colours the bars";
-    EXPECT_FALSE(odd.sortByDue);
 }
 
 } // namespace
