@@ -69,25 +69,22 @@ TEST_F(ClockOutFixture, AnAcceptedEntryAddsItsHoursAndTheTexts) {
 
 TEST_F(ClockOutFixture, TheNodeDialogHandsBackHistoriesOnlyOnOk) {
     doc.m_strRemarkHistory[0] = "alt";
-    OnNextModal<CNodeEditDlg>([](CNodeEditDlg& dialog) {
-        Find<QTimeEdit>(dialog, "entryBegin")->setTime(QTime(8, 0));
-        Find<QTimeEdit>(dialog, "entryEnd")->setTime(QTime(9, 0));
-        Find<QComboBox>(dialog, "entryRemark")->setCurrentText("neu");
-        Find<QPushButton>(dialog, "addEntry")->click();
-        ClickCancel(dialog);
-    });
+    const auto addEntryAnd = [](void (*close)(const QDialog&)) {
+        OnNextModal<CNodeEditDlg>([close](CNodeEditDlg& dialog) {
+            Find<QTimeEdit>(dialog, "entryBegin")->setTime(QTime(8, 0));
+            Find<QTimeEdit>(dialog, "entryEnd")->setTime(QTime(9, 0));
+            Find<QComboBox>(dialog, "entryRemark")->setCurrentText("neu");
+            Find<QPushButton>(dialog, "addEntry")->click();
+            close(dialog);
+        });
+    };
+    addEntryAnd(ClickCancel);
     EXPECT_FALSE(EditNodeOfDocument(nullptr, doc, *task, prompter));
     EXPECT_EQ(doc.m_strRemarkHistory[0], "alt");
     EXPECT_EQ(doc.m_pBackupFirst, nullptr) << "Cancel takes no undo copy";
     EXPECT_FALSE(doc.IsModified());
 
-    OnNextModal<CNodeEditDlg>([](CNodeEditDlg& dialog) {
-        Find<QTimeEdit>(dialog, "entryBegin")->setTime(QTime(8, 0));
-        Find<QTimeEdit>(dialog, "entryEnd")->setTime(QTime(9, 0));
-        Find<QComboBox>(dialog, "entryRemark")->setCurrentText("neu");
-        Find<QPushButton>(dialog, "addEntry")->click();
-        ClickOk(dialog);
-    });
+    addEntryAnd(ClickOk);
     EXPECT_TRUE(EditNodeOfDocument(nullptr, doc, *task, prompter));
     EXPECT_EQ(doc.m_strRemarkHistory[0], "neu");
     EXPECT_NE(doc.m_pBackupFirst, nullptr);
@@ -95,7 +92,7 @@ TEST_F(ClockOutFixture, TheNodeDialogHandsBackHistoriesOnlyOnOk) {
 }
 
 TEST(Presets, TwoWordsAreStoredJoinedAndComeBackSorted) {
-    ScratchDir dir;
+    TestDir dir;
     const std::string file = dir.File("Bearbeiter.dat");
     ASSERT_TRUE(SaveAssignees(file, {"Zeta"}));
     ScriptedPrompter prompter;
@@ -111,8 +108,8 @@ TEST(Presets, TwoWordsAreStoredJoinedAndComeBackSorted) {
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(Find<QListWidget>(dialog, "presets")->count(), 3);
     ClickOk(dialog);
-    EXPECT_EQ(Bytes(file), "Anna\rMax#~*Muster\rZeta\r");
-    EXPECT_EQ(Bytes(dir.File("Bearbeiter.bak")), "Zeta\r");
+    EXPECT_EQ(ReadBytes(file), "Anna\rMax#~*Muster\rZeta\r");
+    EXPECT_EQ(ReadBytes(dir.File("Bearbeiter.bak")), "Zeta\r");
 
     CAssigneeDlg again(file, prompter);
     QListWidget* list = Find<QListWidget>(again, "presets");
@@ -123,11 +120,11 @@ TEST(Presets, TwoWordsAreStoredJoinedAndComeBackSorted) {
     EXPECT_EQ(Find<QLineEdit>(again, "preset")->text(), "Max Muster");
     EXPECT_EQ(list->count(), 2);
     ClickCancel(again);
-    EXPECT_EQ(Bytes(file), "Anna\rMax#~*Muster\rZeta\r") << "Cancel writes nothing";
+    EXPECT_EQ(ReadBytes(file), "Anna\rMax#~*Muster\rZeta\r") << "Cancel writes nothing";
 }
 
 TEST(Presets, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
-    ScratchDir dir;
+    TestDir dir;
     const std::string fifo = dir.File("Bearbeiter.dat");
     ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
     ScriptedPrompter prompter;

@@ -3,7 +3,6 @@
 
 #include "files/AssigneeFile.h"
 #include "gui/dialogs/DialogTestSupport.h"
-#include "support/ScriptedPrompter.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -17,22 +16,15 @@
 
 namespace {
 
-struct EntryList : ::testing::Test {
-    CProjectNode task;
-    ScratchDir dir;
-    ScriptedPrompter prompter;
-    NodeEditContext context{&task, {}, {}, dir.File("Bearbeiter.dat")};
+struct EntryList : NodeDialogFixture {
+    CProjectNode& task = *tree["T"];
     std::unique_ptr<CNodeEditDlg> dialog;
 
     void SetUp() override {
-        task.m_nKind = KIND_TASK;
         task.m_fHourlyRate = 50.0f;
         task.m_fHoursPlanned = 8.0f;
     }
-    CNodeEditDlg& Open() {
-        dialog = std::make_unique<CNodeEditDlg>(task, context, prompter);
-        return *dialog;
-    }
+    void Open() { dialog = NodeDialogFixture::Open("T"); }
     template <typename T> T* Get(const char* name) { return Find<T>(*dialog, name); }
     QTreeWidget* List() { return Get<QTreeWidget>("entries"); }
     QString Cell(int row, int column) { return List()->topLevelItem(row)->text(column); }
@@ -84,7 +76,6 @@ TEST_F(EntryList, TakingBackHoursRefillsTheInputRowAndTheSum) {
     EXPECT_EQ(Get<QComboBox>("entryRemark")->currentText(), "x");
 
     // The Delete key in the list takes the selected entry back too.
-    dialog->show();
     QApplication::setActiveWindow(dialog.get());
     List()->setFocus();
     List()->setCurrentItem(List()->topLevelItem(0));
@@ -93,10 +84,10 @@ TEST_F(EntryList, TakingBackHoursRefillsTheInputRowAndTheSum) {
 }
 
 TEST_F(EntryList, CombosOfferPresetsWhenTheFileHasSomeElseTheRecentTexts) {
-    context.histories.remark[0] = "Montage";
+    histories.remark[0] = "Montage";
     Open();
     EXPECT_EQ(Get<QComboBox>("entryRemark")->itemText(0), "Montage");
-    ASSERT_TRUE(SaveAssignees(context.presetFile, {"Zeta", "Max Muster"}));
+    ASSERT_TRUE(SaveAssignees(dir.File("Bearbeiter.dat"), {"Zeta", "Max Muster"}));
     Open();
     EXPECT_EQ(Get<QComboBox>("entryAssignee")->count(), 2) << "presets only, no recent texts";
     EXPECT_EQ(Get<QComboBox>("entryRemark")->itemText(1), "Zeta");

@@ -35,7 +35,7 @@ protected:
         ASSERT_TRUE(SaveHolidays(file, {{24, 12, 2023, 255, "Heilig Abend", true},
                                         {5, 1, 2024, 0xFF0000, "Urlaub", false},
                                         {1, 5, 2023, 0x00FF00, "", true}}));
-        original = Bytes(file);
+        original = ReadBytes(file);
     }
 
     void Add(CHolidayDlg& dialog, QDate date, const QString& name, bool yearly) {
@@ -45,7 +45,7 @@ protected:
         Find<QPushButton>(dialog, "add")->click();
     }
 
-    ScratchDir dir;
+    TestDir dir;
     std::string file = dir.File("Feiertage.dat");
     std::string original;
     ScriptedPrompter prompter;
@@ -112,7 +112,7 @@ TEST_F(HolidayDlgTest, TakingBackFillsTheInputAndCancelWritesNothing) {
     EXPECT_EQ(dialog.Entries()[0].color, 0xFF0000);
 
     ClickCancel(dialog);
-    EXPECT_EQ(Bytes(file), original);
+    EXPECT_EQ(ReadBytes(file), original);
 }
 
 TEST_F(HolidayDlgTest, AFileThatCannotBeWrittenKeepsTheDialogOpen) {

@@ -1,13 +1,11 @@
 // "Knoten bearbeiten" driven as a user would; the rules it applies are tested in core.
 #include "dialogs/CNodeEditDlg.h"
 
-#include "core/model/NodeListTestTree.h"
 #include "dialogs/CNewResponsibleDlg.h"
 #include "dialogs/CReminderDlg.h"
 #include "dialogs/CResponsibleDlg.h"
 #include "dialogs/CTextFormatDlg.h"
 #include "gui/dialogs/DialogTestSupport.h"
-#include "support/ScriptedPrompter.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,20 +22,7 @@
 
 namespace {
 
-// R is a project with the children T (a task) and P (a childless project).
-struct NodeDialog : ::testing::Test {
-    TestTree tree{{0, "R"}, {1, "T", KIND_TASK}, {1, "P"}};
-    ScratchDir dir;
-    ScriptedPrompter prompter;
-    int undoCopies = 0;
-
-    std::unique_ptr<CNodeEditDlg> Open(const char* title) {
-        NodeEditContext context{tree.first, {}, [this] { ++undoCopies; }, dir.File("Bearbeiter.dat")};
-        auto dialog = std::make_unique<CNodeEditDlg>(*tree[title], context, prompter);
-        dialog->show();
-        return dialog;
-    }
-};
+using NodeDialog = NodeDialogFixture;
 
 TEST_F(NodeDialog, EachKindShowsItsOwnControls) {
     auto dialog = Open("T");
