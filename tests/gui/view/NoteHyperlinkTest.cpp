@@ -118,17 +118,6 @@ TEST_F(NoteHyperlinks, DoubleClickOpensAWebAddressOrAFileBesideTheProject) {
     doc.OnCloseDocument();
 }
 
-// Records the programs started besides the links opened.
-class StartingOpener : public RecordingOpener {
-public:
-    bool Start(const QString& program, const QString& folder) override {
-        started.emplace_back(program, folder);
-        return startSucceeds;
-    }
-    std::vector<std::pair<QString, QString>> started;
-    bool startSucceeds = true;
-};
-
 // Links resolved against a project folder holding Plan.txt and an executable "werkzeug".
 class NoteLinkTargets : public ::testing::Test {
 protected:
@@ -144,7 +133,7 @@ protected:
     void Open(const QString& target) { notetext::OpenNoteLink(target, dir.path(), opener, prompter); }
 
     QTemporaryDir dir;
-    StartingOpener opener;
+    RecordingOpener opener;
     ScriptedPrompter prompter;
 };
 
