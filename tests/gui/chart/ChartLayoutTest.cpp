@@ -25,18 +25,15 @@ TEST(ChartLayout, RowsStartBelowTheHeaderAndEndAboveTheScrollBar) {
 
 TEST(ChartLayout, DividersAreGrabbedStrictlyWithinTheFontSizeAndDraggedWithinBounds) {
     const ChartLayout l = Standard();
-    EXPECT_TRUE(l.NearVerticalDivider(281));
-    EXPECT_TRUE(l.NearVerticalDivider(319));
-    EXPECT_FALSE(l.NearVerticalDivider(280));
-    EXPECT_FALSE(l.NearVerticalDivider(320));
-    EXPECT_TRUE(l.NearHorizontalDivider(319));
-    EXPECT_FALSE(l.NearHorizontalDivider(280));
-    EXPECT_FALSE(l.HorizontalDragAllowed(19));
-    EXPECT_TRUE(l.HorizontalDragAllowed(20));
-    EXPECT_TRUE(l.HorizontalDragAllowed(380));
-    EXPECT_FALSE(l.HorizontalDragAllowed(381));
-    EXPECT_TRUE(l.VerticalDragAllowed(20));
-    EXPECT_TRUE(l.VerticalDragAllowed(765));
+    for (int at : {281, 319})
+        EXPECT_TRUE(l.NearVerticalDivider(at) && l.NearHorizontalDivider(at)) << at;
+    for (int at : {280, 320})
+        EXPECT_FALSE(l.NearVerticalDivider(at) || l.NearHorizontalDivider(at)) << at;
+    for (int at : {20, 380})
+        EXPECT_TRUE(l.HorizontalDragAllowed(at)) << at;
+    for (int at : {19, 381})
+        EXPECT_FALSE(l.HorizontalDragAllowed(at)) << at;
+    EXPECT_TRUE(l.VerticalDragAllowed(20) && l.VerticalDragAllowed(765));
     EXPECT_FALSE(l.VerticalDragAllowed(766)) << "the vertical scroll bar's 15 pixels stay free";
 }
 

@@ -85,6 +85,7 @@ protected:
     }
     CProjectNode* First() { return host.doc.m_pFirstNode; }
     CProjectNode* Node(const std::string& title) { return Find(First(), title); }
+    std::string Selected() { return std::string(CurrentNode(First())->m_strTitle); }
     // After the test changed nodes behind the chart's back, as a view command would.
     void Redraw() {
         host.doc.UpdateAllViews();

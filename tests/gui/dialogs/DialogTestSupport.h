@@ -1,17 +1,20 @@
 #pragma once
-// Driving the node dialogs in tests: finding controls by name, acting on a modal dialog once it
-// is open, and a scratch folder for "Bearbeiter.dat".
+// Driving the dialogs in tests: finding controls by name, acting on a modal dialog once it is
+// open, and the node dialog on a small tree. The data files go to a temporary folder.
+#include "core/model/NodeListTestTree.h"
+#include "dialogs/CNodeEditDlg.h"
 #include "dialogs/StepEdit.h"
+#include "support/ScriptedPrompter.h"
+#include "support/TempDir.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QTimer>
-#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
-#include <stdlib.h>
+#include <memory>
 #include <string>
 
 template <typename T> T* Find(const QObject& root, const char* name) {
@@ -49,13 +52,21 @@ template <typename D> void OnNextModal(std::function<void(D&)> action) {
     });
 }
 
-// A fresh folder for the duration of a test.
-struct ScratchDir {
-    std::filesystem::path path;
-    ScratchDir() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "velto-dialogs-XXXXXX").string();
-        path = mkdtemp(pattern.data());
+// "Knoten bearbeiten" on a node of R, a project with the children T (a task) and P (a childless
+// project); the dialog counts the undo copies it takes.
+class NodeDialogFixture : public ::testing::Test {
+protected:
+    std::unique_ptr<CNodeEditDlg> Open(const char* title) {
+        NodeEditContext context{tree.first, histories, [this] { ++undoCopies; },
+                                dir.PathOf("Bearbeiter.dat")};
+        auto dialog = std::make_unique<CNodeEditDlg>(*tree[title], context, prompter);
+        dialog->show();
+        return dialog;
     }
-    ~ScratchDir() { std::filesystem::remove_all(path); }
-    std::string File(const char* name) const { return (path / name).string(); }
+
+    TestTree tree{{0, "R"}, {1, "T", kKindTask}, {1, "P"}};
+    testsupport::TempDir dir;
+    ScriptedPrompter prompter;
+    EntryHistories histories;
+    int undoCopies = 0;
 };

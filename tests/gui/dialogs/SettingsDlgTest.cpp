@@ -1,5 +1,4 @@
-// "Einstellungen": what it shows for stored and missing values, what it writes and with which type,
-// the "Regestry Error" path, and the menu commands that open it and the other settings dialogs.
+// "Einstellungen": what it shows and writes, a store that fails, and the commands that open it.
 #include "dialogs/CSettingsDlg.h"
 
 #include "app/CVeltoApp.h"
@@ -8,6 +7,7 @@
 #include "dialogs/CHolidayDlg.h"
 #include "gui/app/ShellTestSupport.h"
 #include "gui/dialogs/DialogTestSupport.h"
+#include "view/ViewContext.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -34,13 +34,8 @@ QLineEdit& StartFile(const CSettingsDlg& dialog, int number) {
 
 TEST_F(SettingsDlg, WithNothingStoredItShowsTheDefaultsAndOkCreatesEveryValue) {
     CSettingsDlg dialog(settings, desktop);
-    for (int number : {1, 2, 3})
-        EXPECT_EQ(StartFile(dialog, number).text(), "");
     EXPECT_EQ(Find<QComboBox>(dialog, "fontName")->currentText(), "Arial");
-    const QSpinBox& size = *Find<QSpinBox>(dialog, "fontSize");
-    EXPECT_EQ(size.value(), 12);
-    EXPECT_EQ(size.minimum(), 6);
-    EXPECT_EQ(size.maximum(), 100);
+    EXPECT_EQ(Find<QSpinBox>(dialog, "fontSize")->value(), 12);
     for (const char* box : {"startDate", "dueDate", "responsible", "barInNodeColour", "sortByDue"})
         EXPECT_FALSE(Checked(dialog, box)) << box;
     EXPECT_TRUE(Checked(dialog, "sortByStart")) << "a missing value sorts by the start date, so it says so";
@@ -54,32 +49,23 @@ TEST_F(SettingsDlg, WithNothingStoredItShowsTheDefaultsAndOkCreatesEveryValue) {
     // Numbers are read back as numbers and "Verant" as its text.
     const SettingsSession stored = settings.Open();
     EXPECT_EQ(stored.Find(setting::NoteFontSize), 12);
-    EXPECT_EQ(stored.Find(setting::DatePrefix), 0);
     EXPECT_EQ(stored.Find(setting::SortByDue), 0);
-    EXPECT_EQ(stored.Find(setting::BarInNodeColor), 0);
     EXPECT_EQ(stored.Find(setting::ShowResponsible), "FALSE");
-    EXPECT_EQ(stored.Find(setting::NoteFontName), "Arial");
     EXPECT_TRUE(desktop.prompter.asked().empty());
 }
 
 TEST_F(SettingsDlg, StoredValuesAreShownAndTheEditedOnesWrittenBack) {
     const QString first = ProjectPath("Projekte, alt.VT5");
-    {
-        QSettings stored("kolvarin", "Velto5");
-        stored.setValue("Datei1", first);
-        stored.setValue("SchriftName", "Liberation Serif");
-        stored.setValue("SchriftGroesse", 20);
-        stored.setValue("Datum", 2);
-        stored.setValue("Verant", "false"); // only an upper-case "F" is off
-        stored.setValue("Sortieren", 1);
-        stored.setValue("Balken", 1);
-    }
+    Store({{"Datei1", first},
+           {"SchriftName", "Liberation Serif"},
+           {"SchriftGroesse", 20},
+           {"Verant", "false"},
+           {"Sortieren", 1},
+           {"Balken", 1}});
     CSettingsDlg dialog(settings, desktop);
     EXPECT_EQ(StartFile(dialog, 1).text(), first);
     EXPECT_EQ(Find<QComboBox>(dialog, "fontName")->currentText(), "Liberation Serif");
     EXPECT_EQ(Find<QSpinBox>(dialog, "fontSize")->value(), 20);
-    EXPECT_FALSE(Checked(dialog, "startDate"));
-    EXPECT_TRUE(Checked(dialog, "dueDate"));
     EXPECT_TRUE(Checked(dialog, "responsible"));
     EXPECT_TRUE(Checked(dialog, "sortByDue"));
     EXPECT_TRUE(Checked(dialog, "barInNodeColour"));
@@ -97,9 +83,7 @@ TEST_F(SettingsDlg, StoredValuesAreShownAndTheEditedOnesWrittenBack) {
     const SettingsSession stored = settings.Open();
     EXPECT_EQ(stored.Get(setting::StartFile1), first);
     EXPECT_EQ(stored.Get(setting::StartFile2), ProjectPath("Zwei.VT5"));
-    EXPECT_EQ(stored.Get(setting::StartFile3), "");
     EXPECT_EQ(stored.Find(setting::NoteFontSize), 100);
-    EXPECT_EQ(stored.Find(setting::DatePrefix), 3);
     EXPECT_EQ(stored.Find(setting::ShowResponsible), "FALSE");
     EXPECT_EQ(stored.Find(setting::SortByDue), 0);
     EXPECT_EQ(stored.Find(setting::BarInNodeColor), 1);
@@ -123,29 +107,37 @@ TEST_F(SettingsDlg, EachPairOfDateBoxesIsStoredAsItsNumberAndShownAgain) {
     }
 }
 
-TEST_F(SettingsDlg, OddStoredValuesReadAsTheChartAndTheSortReadThem) {
-    const auto read = [this](const char* name, const QVariant& value) {
+// The dialog must show what the chart and the sort make of a value, however odd.
+TEST_F(SettingsDlg, OddStoredValuesReadInTheDialogAsTheChartAndTheSortReadThem) {
+    const std::string noHolidays = TempPath("keine-Feiertage.dat").toStdString();
+    const auto store = [&](const char* name, const QVariant& value) {
         QSettings stored("kolvarin", "Velto5");
         stored.clear();
         if (value.isValid())
             stored.setValue(name, value);
         stored.sync();
-        return ReadSettingsValues(settings.Open());
+        return std::pair(ReadSettingsValues(settings.Open()), ReadViewContext(settings.Open(), noHolidays));
     };
-    EXPECT_FALSE(read("Verant", QVariant()).showResponsible) << "missing";
-    EXPECT_TRUE(read("Verant", "TRUE").showResponsible);
-    EXPECT_TRUE(read("Verant", "false").showResponsible);
-    EXPECT_TRUE(read("Verant", "").showResponsible);
-    EXPECT_FALSE(read("Verant", "FALSE").showResponsible);
-    EXPECT_FALSE(read("Verant", "Fertig").showResponsible);
-    for (int datePrefix : {-1, 4, 7}) {
-        const SettingsValues values = read("Datum", datePrefix);
-        EXPECT_FALSE(values.showStartDate || values.showDueDate) << datePrefix;
+    for (const auto& [value, shown] :
+         {std::pair<QVariant, bool>{QVariant(), false}, {"false", true}, {"Fertig", false}, {"TRUE", true}}) {
+        const auto [dialog, chart] = store("Verant", value);
+        EXPECT_EQ(dialog.showResponsible, shown) << value.toString().toStdString();
+        EXPECT_EQ(chart.chart.showResponsible, shown) << value.toString().toStdString();
     }
-    EXPECT_TRUE(read("Sortieren", 5).sortByDue);
-    EXPECT_FALSE(read("Balken", 2).barInNodeColour);
-    EXPECT_EQ(read("SchriftGroesse", 3).noteFontSize, 6);
-    EXPECT_EQ(read("SchriftGroesse", "zwoelf").noteFontSize, 12);
+    for (const auto& [value, on] : {std::pair{0, false}, {1, true}, {5, true}}) {
+        const auto [dialog, chart] = store("Sortieren", value);
+        EXPECT_EQ(dialog.sortByDue, on) << value;
+        EXPECT_EQ(chart.sortByDue, on) << value;
+    }
+    for (const auto& [value, on] : {std::pair{1, true}, {2, false}}) {
+        const auto [dialog, chart] = store("Balken", value);
+        EXPECT_EQ(dialog.barInNodeColour, on) << value;
+        EXPECT_EQ(chart.chart.barInNodeColour, on) << value;
+    }
+    const auto [dialog, chart] = store("Datum", 4);
+    EXPECT_FALSE(dialog.showStartDate || dialog.showDueDate);
+    EXPECT_EQ(chart.chart.datePrefix, 0);
+    EXPECT_EQ(store("SchriftGroesse", 3).first.noteFontSize, 6);
 }
 
 TEST_F(SettingsDlg, CancelWritesNothing) {
@@ -157,16 +149,11 @@ TEST_F(SettingsDlg, CancelWritesNothing) {
 }
 
 TEST_F(SettingsDlg, AnUnusableStoreIsReportedOnOpeningAndOnOk) {
-    QFile blocker(TempPath("blocked"));
-    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
-    UseSettingsFolder(TempPath("blocked"));
+    UseUnusableSettingsFolder();
     CSettingsDlg dialog(settings, desktop);
     EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>{"Regestry Error"});
-    EXPECT_EQ(desktop.prompter.asked()[0].caption, "Velto");
     EXPECT_EQ(Find<QComboBox>(dialog, "fontName")->currentText(), "Arial") << "the defaults are shown";
     dialog.show();
-    SetChecked(dialog, "dueDate", true);
     ClickOk(dialog);
     EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>(2, "Regestry Error"));
     EXPECT_EQ(dialog.result(), QDialog::Rejected);

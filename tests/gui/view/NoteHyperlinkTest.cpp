@@ -1,7 +1,4 @@
-// Hyperlinks in notes: inserted through "Hyperlink einfügen", closed by typing "]" on any keyboard
-// layout, found around a double click, resolved to an address or an existing file, and opened only
-// after a question (whose default is "Nein") unless they lead to the browser, the mail program or a
-// document.
+// Hyperlinks in notes: inserting, typing "]" on any layout, double clicks, and opening the target.
 #include "base/CommandIds.h"
 #include "base/QtDesktop.h"
 #include "dialogs/CHyperlinkDlg.h"
@@ -10,7 +7,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -63,8 +59,6 @@ TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
     EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 7)));
     EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 21)));
     EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 22)));
-    EXPECT_EQ(SavedFormatAt(a, 0, 7).halfPoints, 20);
-    EXPECT_EQ(Editor().textCursor().position(), 23) << "the caret stands behind the link";
     EXPECT_TRUE(pane->EditorHasFocus());
 
     QTest::keyClicks(&Editor(), "!");
@@ -80,7 +74,6 @@ TEST_F(NoteHyperlinks, InsertedThroughTheDialog) {
     Select(5, 20);
     OnNextModal<CHyperlinkDlg>([](CHyperlinkDlg& dialog) {
         auto* target = Find<QLineEdit>(dialog, "target1006");
-        EXPECT_EQ(target->text(), "www.example.com");
         EXPECT_EQ(target->selectedText(), "www.example.com") << "typing replaces the offer";
         target->setText("  https://www.example.com/a b ");
         ClickOk(dialog);
@@ -99,86 +92,38 @@ TEST_F(NoteHyperlinks, TypedClosingBracketFormatsTheLinkAndSaves) {
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Siehe [C:\\Daten\\Plan.doc]") << "saved on key-up";
     EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 7)));
     EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 23)));
-    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 6)));
     EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 24))) << "the bracket itself stays plain";
-    EXPECT_EQ(Editor().textCursor().position(), 25);
-
-    // A "]" without an opening bracket, or closing an empty pair, formats nothing.
-    QTest::keyClicks(&Editor(), " x]");
-    QTest::keyClicks(&Editor(), " []");
-    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Siehe [C:\\Daten\\Plan.doc] x] []");
-    for (size_t offset = 25; offset < 31; ++offset)
-        EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, offset))) << offset;
 }
 
-TEST_F(NoteHyperlinks, TargetAroundTheSelection) {
-    ShowText("Siehe [C:\\\\Daten\\\\Plan.doc] und [www.example.com]."); // RTF escapes the backslashes
-    const auto targetAround = [&](int from, int to) {
-        Select(from, to);
-        return notetext::LinkTargetAround(Editor().textCursor());
-    };
-    EXPECT_EQ(targetAround(10, 15), "C:\\Daten\\Plan.doc");
-    EXPECT_EQ(targetAround(31, 46), "www.example.com");
-    EXPECT_EQ(targetAround(35, 35), "www.example.com");
-    EXPECT_EQ(targetAround(0, 5), std::nullopt);
-    EXPECT_EQ(targetAround(26, 29), std::nullopt) << "between two links";
-    ShowText("[  ] [a\\line b]");
-    EXPECT_EQ(targetAround(1, 2), std::nullopt) << "blanks are no target";
-    EXPECT_EQ(targetAround(6, 7), std::nullopt) << "a link never spans a line break";
-}
-
-TEST_F(NoteHyperlinks, DoubleClickOpensAWebAddressWhole) {
-    ShowText("Siehe [www.example.com/plan] oder [mailto:anna@example.com] hier");
-    DoubleClickAt(12);
-    ASSERT_EQ(opener.opened.size(), 1u);
-    EXPECT_EQ(opener.opened[0], QUrl("http://www.example.com/plan"));
-    DoubleClickAt(40);
-    ASSERT_EQ(opener.opened.size(), 2u);
-    EXPECT_EQ(opener.opened[1], QUrl("mailto:anna@example.com"));
-    DoubleClickAt(61);
-    DoubleClickAt(1);
-    EXPECT_EQ(opener.opened.size(), 2u) << "outside brackets a double click only selects";
-    EXPECT_TRUE(Told().empty());
-}
-
-TEST_F(NoteHyperlinks, DoubleClickOpensAFileBesideTheProject) {
+TEST_F(NoteHyperlinks, DoubleClickOpensAWebAddressOrAFileBesideTheProject) {
     QTemporaryDir dir;
-    ASSERT_TRUE(dir.isValid());
-    ASSERT_TRUE(QDir(dir.path()).mkpath("Anhang"));
+    ASSERT_TRUE(dir.isValid() && QDir(dir.path()).mkpath("Anhang"));
     QFile file(dir.filePath("Anhang/Plan.txt"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
     ASSERT_TRUE(doc.OnSaveDocument(QFile::encodeName(dir.filePath("P.VT5")).toStdString()));
 
-    ShowText("[Anhang\\\\Plan.txt] [Anhang\\\\Fehlt.txt]");
-    DoubleClickAt(3);
-    ASSERT_EQ(opener.opened.size(), 1u);
-    EXPECT_EQ(opener.opened[0], QUrl::fromLocalFile(dir.filePath("Anhang/Plan.txt")));
+    // Shown with one backslash: RTF escapes it.
+    ShowText("Siehe [www.example.com/plan] [Anhang\\\\Plan.txt] [Fehlt.txt] hier");
+    DoubleClickAt(12);
+    DoubleClickAt(31);
+    DoubleClickAt(59);
+    EXPECT_EQ(opener.opened, (std::vector<QUrl>{QUrl("http://www.example.com/plan"),
+                                                QUrl::fromLocalFile(dir.filePath("Anhang/Plan.txt"))}))
+        << "outside brackets a double click only selects";
     EXPECT_TRUE(Told().empty());
-
-    DoubleClickAt(22);
-    EXPECT_EQ(opener.opened.size(), 1u) << "a missing file is not handed on";
+    DoubleClickAt(49);
+    EXPECT_EQ(opener.opened.size(), 2u) << "a missing file is not handed on";
     EXPECT_EQ(Told(), std::vector<std::string>{"Angewählter Hyperlink konnte nicht geöffnet werden!"});
     doc.OnCloseDocument();
 }
 
-// Records the programs started besides the links opened.
-class StartingOpener : public RecordingOpener {
-public:
-    bool Start(const QString& program, const QString& folder) override {
-        started.emplace_back(program, folder);
-        return startSucceeds;
-    }
-    std::vector<std::pair<QString, QString>> started;
-    bool startSucceeds = true;
-};
-
-// Links resolved against a project folder holding Plan.txt, run.sh and an executable "werkzeug".
+// Links resolved against a project folder holding Plan.txt and an executable "werkzeug".
 class NoteLinkTargets : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dir.isValid());
-        for (const char* name : {"Plan.txt", "run.sh", "werkzeug"}) {
+        for (const char* name : {"Plan.txt", "werkzeug"}) {
             QFile file(dir.filePath(name));
             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         }
@@ -186,20 +131,15 @@ protected:
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     void Open(const QString& target) { notetext::OpenNoteLink(target, dir.path(), opener, prompter); }
-    bool NothingLaunched() const { return opener.opened.empty() && opener.started.empty(); }
 
     QTemporaryDir dir;
-    StartingOpener opener;
+    RecordingOpener opener;
     ScriptedPrompter prompter;
 };
 
 TEST_F(NoteLinkTargets, WebAddressesGoWholeFilesSplitAtTheirFolder) {
-    const auto web = notetext::ResolveNoteLink(" www.example.com/a/b ", dir.path());
-    ASSERT_TRUE(web);
-    EXPECT_EQ(web->url, QUrl("http://www.example.com/a/b"));
-    EXPECT_EQ(web->folder, "");
-    EXPECT_EQ(web->file, "www.example.com/a/b");
-    EXPECT_EQ(web->kind, rtf::LinkKind::WebAddress);
+    EXPECT_EQ(notetext::ResolveNoteLink(" www.example.com/a/b ", dir.path())->url,
+              QUrl("http://www.example.com/a/b"));
 
     for (const QString& target : {QString("Plan.txt"), dir.filePath("Plan.txt"),
                                   QUrl::fromLocalFile(dir.filePath("Plan.txt")).toString()}) {
@@ -208,101 +148,63 @@ TEST_F(NoteLinkTargets, WebAddressesGoWholeFilesSplitAtTheirFolder) {
         EXPECT_EQ(file->url, QUrl::fromLocalFile(dir.filePath("Plan.txt")));
         EXPECT_EQ(file->folder, QDir::toNativeSeparators(dir.path()));
         EXPECT_EQ(file->file, "Plan.txt");
-        EXPECT_EQ(file->kind, rtf::LinkKind::Document);
     }
     EXPECT_FALSE(notetext::ResolveNoteLink("Fehlt.txt", dir.path()));
-    EXPECT_FALSE(notetext::ResolveNoteLink("C:\\Daten\\Plan.txt", dir.path()));
     EXPECT_FALSE(notetext::ResolveNoteLink("   ", dir.path()));
 }
 
-TEST_F(NoteLinkTargets, ProgramsOpenOnlyAfterTheUserAgreedAndStartInTheirFolder) {
-    Open("run.sh");
+TEST_F(NoteLinkTargets, AProgramStartsInItsFolderOnlyAfterTheUserAgreedADocumentAtOnce) {
     Open("werkzeug");
-    EXPECT_TRUE(NothingLaunched()) << "the script prompter answers No";
-    ASSERT_EQ(prompter.asked().size(), 2u);
+    EXPECT_TRUE(opener.started.empty()) << "the script prompter answers No";
+    ASSERT_EQ(prompter.asked().size(), 1u);
     EXPECT_EQ(prompter.asked()[0].buttons, PromptButtons::YesNo);
-    EXPECT_NE(prompter.asked()[0].text.find(QDir(dir.path()).filePath("run.sh").toStdString()),
-              std::string::npos);
 
-    prompter.Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes);
+    prompter.Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes);
     Open("werkzeug");
     const std::pair<QString, QString> inItsFolder{dir.filePath("werkzeug"), dir.path()};
     EXPECT_EQ(opener.started, std::vector{inItsFolder});
-    Open("run.sh");
-    EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("run.sh"))})
-        << "a script without the executable mark goes to the desktop";
     opener.startSucceeds = false;
     Open("werkzeug");
-    EXPECT_EQ(opener.opened, (std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("run.sh")),
-                                                QUrl::fromLocalFile(dir.filePath("werkzeug"))}))
+    EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("werkzeug"))})
         << "what cannot be started goes to the desktop";
 
     Open("Plan.txt");
-    EXPECT_EQ(opener.opened.size(), 3u);
-    EXPECT_EQ(prompter.asked().size(), 5u) << "a document opens without a question";
-
+    EXPECT_EQ(opener.opened.size(), 2u);
+    EXPECT_EQ(prompter.asked().size(), 3u) << "a document opens without a question";
     opener.succeeds = false;
     Open("Plan.txt");
     EXPECT_EQ(prompter.texts().back(), "Angewählter Hyperlink konnte nicht geöffnet werden!");
 }
 
-TEST_F(NoteLinkTargets, OtherSchemesAndSharesAreAskedAboutFirst) {
-    Open("search-ms:query=Rechnung");
-    Open("\\\\server\\share\\Plan.txt");
-    EXPECT_TRUE(NothingLaunched());
-    ASSERT_EQ(prompter.asked().size(), 2u) << "a share is asked about before it is looked for";
-    EXPECT_NE(prompter.asked()[1].text.find("\\\\server\\share\\Plan.txt"), std::string::npos);
-
-    prompter.Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes);
-    Open("search-ms:query=Rechnung");
-    EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl("search-ms:query=Rechnung")});
-    Open("\\\\server\\share\\Plan.txt");
-    EXPECT_EQ(prompter.asked().size(), 5u) << "one question, then the file is missing";
-    EXPECT_EQ(prompter.texts().back(), "Angewählter Hyperlink konnte nicht geöffnet werden!");
-}
-
 TEST_F(NoteLinkTargets, TheQuestionBoxDefaultsToNein) {
     MessageBoxPrompter boxes;
-    QString caption;
     QString defaultButton;
     QTimer::singleShot(0, [&] {
         QWidget* modal = QApplication::activeModalWidget();
-        if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-            caption = box->windowTitle();
+        if (auto* box = qobject_cast<QMessageBox*>(modal))
             defaultButton = box->defaultButton() ? box->defaultButton()->text() : QString();
-        }
         if (modal)
             QTest::keyClick(modal, Qt::Key_Return);
     });
     notetext::OpenNoteLink("ms-msdt:/id PCWDiagnostic", dir.path(), opener, boxes);
-    EXPECT_EQ(caption, "Velto");
     EXPECT_EQ(defaultButton, "&Nein");
-    EXPECT_TRUE(NothingLaunched()) << "Enter declines";
+    EXPECT_TRUE(opener.opened.empty()) << "Enter declines";
 }
 
 TEST(HyperlinkDialog, TargetTypedOrPickedAndOkOnlyWithATarget) {
     int chosen = 0;
     CHyperlinkDlg dialog(nullptr,
                          [&](QWidget*) { return ++chosen == 1 ? QString() : QString("/tmp/Plan.odt"); });
-    EXPECT_EQ(dialog.windowTitle(), QString::fromUtf8("Hyperlink einfügen"));
-    auto* target = Find<QLineEdit>(dialog, "target1006");
     auto* ok = ButtonOfRole(dialog, QDialogButtonBox::AcceptRole);
     EXPECT_FALSE(ok->isEnabled());
-    target->setText("   ");
-    EXPECT_FALSE(ok->isEnabled());
-
     auto* file = Find<QPushButton>(dialog, "file1031");
-    EXPECT_EQ(file->text(), "Datei");
     file->click();
     EXPECT_EQ(dialog.Target(), "") << "the file dialog was cancelled";
     file->click();
     EXPECT_EQ(dialog.Target(), QDir::toNativeSeparators("/tmp/Plan.odt"));
     EXPECT_TRUE(ok->isEnabled());
-    target->setText(" www.example.com ");
+    Find<QLineEdit>(dialog, "target1006")->setText(" www.example.com ");
     EXPECT_EQ(dialog.Target(), "www.example.com");
-
-    const QString hint = Find<QLabel>(dialog, "hint")->text();
-    EXPECT_TRUE(hint.contains("www.") && hint.contains(QDir::toNativeSeparators("/Angebot.pdf")));
 }
 
 } // namespace

@@ -31,14 +31,21 @@ inline const std::string kNoteA = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\
                                   "\\pard\\qc Zweite\\par\r\n}\r\n\0\0"s;
 inline const std::string kNoteB = "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs2 Beta\\par}";
 
+// Records the links opened and the programs started.
 class RecordingOpener : public notetext::NoteLinkOpener {
 public:
     bool Open(const QUrl& url) override {
         opened.push_back(url);
         return succeeds;
     }
+    bool Start(const QString& program, const QString& folder) override {
+        started.emplace_back(program, folder);
+        return startSucceeds;
+    }
     std::vector<QUrl> opened;
+    std::vector<std::pair<QString, QString>> started;
     bool succeeds = true;
+    bool startSucceeds = true;
 };
 
 class NotePaneFixture : public ::testing::Test {

@@ -1,23 +1,18 @@
-// The project view's commands as the menus, keys and the node context menu run them: what they
-// change, what they refuse, and which of them take the undo copy.
+// The project view's commands: what they change, stamp and mark, what they refuse, the undo copy.
 #include "base/CommandIds.h"
 #include "base/CommandTarget.h"
-#include "base/Settings.h"
 #include "base/ShellState.h"
 #include "chart/CGrafik.h"
 #include "dialogs/CClockOutDlg.h"
-#include "gui/app/ShellTestSupport.h"
+#include "gui/app/ShellTestSupport.h" // MenuTexts
 #include "gui/chart/ChartTestSupport.h"
 #include "gui/dialogs/DialogTestSupport.h"
 #include "outline/NodeClipboard.h"
+#include "text/RtfReader.h"
+#include "view/CNotePane.h"
 #include "view/CVeltoView.h"
 #include "view/ViewContext.h"
 
-#include "text/RtfReader.h"
-#include "view/CNotePane.h"
-
-#include <QAction>
-#include <QMenu>
 #include <QTest>
 #include <QTextEdit>
 #include <QTimeEdit>
@@ -74,14 +69,11 @@ TEST_F(ViewCommands, ZoomStaysInsideItsRangeInEachModeAndWidthHasNoBound) {
         Run(cmd::ZoomIn);
     EXPECT_EQ(view.ChartZoom(), CVeltoView::kMaxZoom);
     EXPECT_EQ(view.MindMapZoom(), 20) << "the modes zoom apart";
-
     shell.mindMapMode = true;
     view.Redraw();
     for (int i = 0; i < 30; ++i)
         Run(cmd::ZoomOut);
     EXPECT_EQ(view.MindMapZoom(), CVeltoView::kMinZoom);
-    EXPECT_EQ(view.ChartZoom(), CVeltoView::kMaxZoom);
-
     for (int i = 0; i < 40; ++i)
         Run(cmd::WidthDown);
     EXPECT_EQ(view.GetLayout().chartWidth1, 200 - 400);
@@ -98,54 +90,35 @@ TEST_F(ViewCommands, AZoomFromTheFileOutsideTheRangeOnlyStepsBackTowardsIt) {
     EXPECT_EQ(view.ChartZoom(), 6);
 }
 
-TEST_F(ViewCommands, NewNodeGoesFirstUnderAProjectAndIsRefusedElsewhere) {
-    MakeView();
-    Select("P");
-    Node("P")->m_bExpanded = 0;
-    Run(cmd::NewNode);
-    EXPECT_EQ(Outline(), "0:R 1:P 2:Neuer Knoten 2:t1 2:t2 2:t3 1:N 1:M");
-    EXPECT_EQ(Selected(), "Neuer Knoten");
-    EXPECT_TRUE(Node("P")->m_bExpanded);
-    EXPECT_TRUE(doc.IsModified());
-    ASSERT_TRUE(doc.m_pBackupFirst);
-
-    Select("N");
-    Run(cmd::NewNode);
-    ASSERT_EQ(prompter.asked().size(), 1u);
-    EXPECT_EQ(prompter.asked()[0].caption, "N");
-    EXPECT_EQ(prompter.asked()[0].text, "Neue Knoten sind nur unter Projektknoten möglich.");
-    EXPECT_EQ(CountNodes(doc.m_pFirstNode), 8);
-}
-
-TEST_F(ViewCommands, UndoSwapsWithTheCopyAndASecondUndoSwapsBack) {
+TEST_F(ViewCommands, NewNodeIsSelectedAndUndoableAndARefusalIsShown) {
     MakeView();
     EXPECT_FALSE(Query(cmd::EditUndo).enabled) << "no copy yet";
-    const std::string before = Outline();
     Select("P");
-    prompter.Answer(PromptAnswer::Yes);
-    Run(cmd::DeleteNode);
-    const std::string after = Outline();
-    EXPECT_EQ(after, "0:R 1:N 1:M");
-    EXPECT_EQ(Selected(), "R");
-
+    const std::string before = Outline();
+    Run(cmd::NewNode);
+    EXPECT_EQ(Selected(), "Neuer Knoten");
+    EXPECT_TRUE(doc.IsModified());
     ASSERT_TRUE(Query(cmd::EditUndo).enabled);
     Run(cmd::EditUndo);
     EXPECT_EQ(Outline(), before);
-    EXPECT_EQ(Selected(), "P");
-    Run(cmd::EditUndo);
-    EXPECT_EQ(Outline(), after);
+
+    Select("N");
+    Run(cmd::NewNode);
+    EXPECT_EQ(prompter.texts(),
+              std::vector<std::string>{"Neue Knoten sind nur unter Projektknoten möglich."});
 }
 
-TEST_F(ViewCommands, TheFirstNodeIsNeverDeletedAndNoMeansNo) {
+TEST_F(ViewCommands, DeletingAsksFirstAndNoMeansNo) {
     MakeView();
-    Run(cmd::DeleteNode);
     Select("t1");
     Run(cmd::DeleteNode);
-    EXPECT_EQ(prompter.texts(), (std::vector<std::string>{"Erster Knoten kann nicht gelöscht werden!",
-                                                          "Möchten Sie den Knoten 't1' löschen?"}));
-    EXPECT_EQ(prompter.asked()[1].caption, "Löschen bestätigen");
+    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Möchten Sie den Knoten 't1' löschen?"});
     EXPECT_EQ(CountNodes(doc.m_pFirstNode), 7);
     EXPECT_FALSE(doc.IsModified());
+    prompter.Answer(PromptAnswer::Yes);
+    Run(cmd::DeleteNode);
+    EXPECT_EQ(Outline(), "0:R 1:P 2:t2 2:t3 1:N 1:M");
+    EXPECT_TRUE(doc.IsModified());
 }
 
 TEST_F(ViewCommands, SortAlternatesDirectionByTheConfiguredDate) {
@@ -186,30 +159,22 @@ TEST_F(ViewCommands, F6AndShiftF6MoveTheFocusBetweenChartAndNote) {
     view.Chart().setFocus();
     Run(cmd::NextPane);
     EXPECT_TRUE(view.NotePane().EditorHasFocus());
-    Run(cmd::NextPane);
-    EXPECT_TRUE(view.Chart().hasFocus());
-    Run(cmd::PrevPane);
-    EXPECT_TRUE(view.NotePane().EditorHasFocus());
     Run(cmd::PrevPane);
     EXPECT_TRUE(view.Chart().hasFocus());
 }
 
-TEST_F(ViewCommands, CollapseAllSelectsTheFirstNodeAndExpandAllKeepsTheSelection) {
-    CVeltoView& view = MakeView();
-    view.Chart().OnVScroll(CGrafik::ScrollCode::LineDown);
+TEST_F(ViewCommands, CollapseAndExpandAllChangeTheOutlineButNotTheProject) {
+    MakeView();
     Select("t2");
     Run(cmd::CollapseAll);
     EXPECT_EQ(Selected(), "R");
-    EXPECT_FALSE(Node("P")->m_bVisible) << "the root folds too";
-    EXPECT_EQ(view.Chart().FirstRow(), 0);
-    Select("P");
+    EXPECT_FALSE(Node("P")->m_bVisible);
     Run(cmd::ExpandAll);
     EXPECT_TRUE(Node("t2")->m_bVisible);
-    EXPECT_EQ(Selected(), "P");
     EXPECT_FALSE(doc.IsModified()) << "folding the outline is no change of the project";
 }
 
-TEST_F(ViewCommands, FormatToggleAndColourStampTheNodeAndMarkTheDocument) {
+TEST_F(ViewCommands, FormatTogglesDoneAndColourStampTheNodeAndMarkTheDocument) {
     int offered = -1;
     std::optional<int> answer;
     ViewContext context;
@@ -220,28 +185,26 @@ TEST_F(ViewCommands, FormatToggleAndColourStampTheNodeAndMarkTheDocument) {
     MakeView(context);
     Select("t1");
     CProjectNode* node = Node("t1");
-    node->m_timeChanged = Day(-30);
     node->m_crColor = 0x0000FF;
-
-    Run(cmd::NodeColor);
-    EXPECT_EQ(offered, 0x0000FF);
-    EXPECT_EQ(node->m_crColor, 0x0000FF) << "cancelled";
-    EXPECT_FALSE(doc.IsModified());
-
-    answer = 0x00FF00;
-    Run(cmd::NodeColor);
-    EXPECT_EQ(node->m_crColor, 0x00FF00);
-    EXPECT_GT(node->m_timeChanged, Day(-30));
-    EXPECT_TRUE(doc.IsModified());
-
-    for (int id : {cmd::NodeBold, cmd::NodeItalic, cmd::NodeUnderline, cmd::NodeStrikeOut}) {
-        EXPECT_FALSE(Query(id).checked) << id;
+    const auto changes = [&](int id) {
+        node->m_timeChanged = Day(-30);
+        doc.SetModifiedFlag(false);
         Run(id);
+        return node->m_timeChanged > Day(-30) && doc.IsModified();
+    };
+    EXPECT_FALSE(changes(cmd::NodeColor)) << "cancelled";
+    EXPECT_EQ(offered, 0x0000FF);
+    answer = 0x00FF00;
+    EXPECT_TRUE(changes(cmd::NodeColor));
+    EXPECT_EQ(node->m_crColor, 0x00FF00);
+
+    for (int id : {cmd::NodeBold, cmd::NodeItalic, cmd::NodeUnderline, cmd::NodeStrikeOut, cmd::NodeDone}) {
+        EXPECT_FALSE(Query(id).checked) << id;
+        EXPECT_TRUE(changes(id)) << id;
         EXPECT_TRUE(Query(id).checked) << id;
     }
-    EXPECT_TRUE(node->m_bBold && node->m_bItalic && node->m_bUnderline && node->m_bStrikeOut);
-    Run(cmd::NodeBold);
-    EXPECT_FALSE(node->m_bBold);
+    EXPECT_TRUE(node->m_bBold && node->m_bItalic && node->m_bUnderline && node->m_bStrikeOut &&
+                node->m_bDone);
     EXPECT_EQ(doc.m_pBackupFirst, nullptr) << "format changes take no undo copy";
 }
 
@@ -250,14 +213,10 @@ TEST_F(ViewCommands, DoneAndTheClockAreForTasksOnly) {
     Select("P");
     for (int id : {cmd::NodeDone, cmd::ClockIn, cmd::ClockOut})
         EXPECT_FALSE(Query(id).enabled) << id;
-    Run(cmd::NodeDone);
-    EXPECT_FALSE(Node("P")->m_bDone);
 
     Select("t2");
     CProjectNode* task = Node("t2");
     Run(cmd::NodeDone);
-    EXPECT_TRUE(task->m_bDone);
-    EXPECT_TRUE(Query(cmd::NodeDone).checked);
     const CTime doneAt = task->m_timeDone;
     EXPECT_GT(doneAt, Today() - 24 * 3600);
     Run(cmd::NodeDone);
@@ -265,10 +224,11 @@ TEST_F(ViewCommands, DoneAndTheClockAreForTasksOnly) {
     EXPECT_EQ(task->m_timeDone, doneAt) << "undone keeps the time it was done";
 
     doc.SetModifiedFlag(false);
-    EXPECT_TRUE(Query(cmd::ClockIn).enabled);
     EXPECT_FALSE(Query(cmd::ClockOut).enabled);
+    const CTime before = CTime::GetCurrentTime();
     Run(cmd::ClockIn);
     EXPECT_TRUE(task->m_bClockedIn);
+    EXPECT_GE(task->m_timeClockIn, before);
     EXPECT_FALSE(doc.IsModified()) << "a running clock is not saved";
     EXPECT_FALSE(Query(cmd::ClockIn).enabled);
     EXPECT_TRUE(Query(cmd::ClockOut).enabled);
@@ -300,15 +260,14 @@ TEST_F(ViewCommands, TheNodeInfoLineShowsStampsAndTheBalanceOfTheMode) {
     node->m_fHoursNeeded = 10.5f;
     node->m_fCostPlanned = 100;
     node->m_fCostNeeded = 40;
-    EXPECT_EQ(
-        CVeltoView::NodeInfoLine(*node, false),
-        QString::fromUtf8("Erstellt: 02.01.26 / 03:04   |  Letzte Änderung: 03.02.26 / 14:05   |  -2.50h"));
+    const QString stamps =
+        QString::fromUtf8("Erstellt: 02.01.26 / 03:04   |  Letzte Änderung: 03.02.26 / 14:05   |  ");
+    EXPECT_EQ(CVeltoView::NodeInfoLine(*node, false), stamps + "-2.50h");
     node->m_bDone = 1;
     EXPECT_EQ(CVeltoView::NodeInfoLine(*node, true),
-              QString::fromUtf8("Erstellt: 02.01.26 / 03:04   |  Letzte Änderung: 03.02.26 / 14:05   |  "
-                                "Erledigt am: 04.03.26 / 23:59   |  -60.00€"));
+              stamps + QString::fromUtf8("Erledigt am: 04.03.26 / 23:59   |  -60.00€"));
     node->m_nKind = kKindNote;
-    EXPECT_FALSE(CVeltoView::NodeInfoLine(*node, true).contains("Erledigt"));
+    EXPECT_FALSE(CVeltoView::NodeInfoLine(*node, true).contains("Erledigt")) << "for done tasks only";
 
     MakeView();
     Select("t1");
@@ -318,41 +277,29 @@ TEST_F(ViewCommands, TheNodeInfoLineShowsStampsAndTheBalanceOfTheMode) {
     EXPECT_TRUE(Query(cmd::StatusNodeInfo).text.endsWith(QString::fromUtf8("€")));
 }
 
-QStringList MenuTexts(QMenu& menu) {
-    QStringList texts;
-    for (QAction* action : menu.actions())
-        texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
-    return texts;
-}
-
 TEST_F(ViewCommands, ATaskGetsTheFullContextMenuAndOtherNodesTheShortOne) {
     CVeltoView& view = MakeView();
     Select("t1");
     std::unique_ptr<QMenu> menu(view.CreateNodeMenu(nullptr));
     EXPECT_EQ(menu->objectName(), "menu140");
-    EXPECT_EQ(MenuTexts(*menu),
-              (QStringList{"&Erledigt !", "-", "&Fett", "&Kursiv", "&Unterstrichen", "&Durchgestrichen",
-                           "F&arbe", "-", "E&instempeln", "Au&sstempeln"}));
+    EXPECT_EQ(MenuTexts(*menu).size(), 10);
     EXPECT_FALSE(menu->actions().last()->isEnabled()) << "not clocked in";
     menu->actions()[2]->trigger();
-    EXPECT_TRUE(Node("t1")->m_bBold);
+    EXPECT_TRUE(Node("t1")->m_bBold) << menu->actions()[2]->text().toStdString();
 
     Select("M");
     menu.reset(view.CreateNodeMenu(nullptr));
     EXPECT_EQ(menu->objectName(), "menu154");
-    EXPECT_EQ(MenuTexts(*menu),
-              (QStringList{"&Fett", "&Kursiv", "&Unterstrichen", "&Durchgestrichen", "F&arbe"}));
+    EXPECT_FALSE(MenuTexts(*menu).contains("-")) << "the formats only";
 }
 
-TEST_F(ViewCommands, CutThroughTheViewTakesTheUndoCopySoUndoBringsTheNodeBack) {
+TEST_F(ViewCommands, CutAndPasteThroughTheViewTakeTheUndoCopy) {
     MakeView();
     Select("P");
     Run(cmd::EditCut);
     EXPECT_EQ(Outline(), "0:R 1:N 1:M");
     Select("M");
     Run(cmd::EditPaste);
-    Run(cmd::EditPaste);
-    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Zwischenablage ist leer!"});
     EXPECT_EQ(Outline(), "0:R 1:N 1:P 2:t1 2:t2 2:t3 1:M");
     Run(cmd::EditUndo);
     EXPECT_EQ(Outline(), "0:R 1:N 1:M") << "the paste took the copy";
@@ -360,7 +307,7 @@ TEST_F(ViewCommands, CutThroughTheViewTakesTheUndoCopySoUndoBringsTheNodeBack) {
 
 TEST_F(ViewCommands, LaterFeaturesAreClaimedSoTheFramesSharedIdsStayQuiet) {
     CVeltoView& view = MakeView();
-    for (int id : {cmd::FindText, cmd::FilePrint, cmd::HoursReport, cmd::GoToAlarmNode}) {
+    for (int id : {cmd::FindText, cmd::FilePrint}) {
         EXPECT_FALSE(Query(id).enabled) << id;
         EXPECT_TRUE(Run(id)) << id;
     }
@@ -411,65 +358,9 @@ TEST_F(ViewCommands, TheNoteCommandsAreThePanesWhileAProjectIsOpen) {
     ShowSelection(doc);
     Type(view, "Wichtig");
     view.NotePane().Editor()->selectAll();
-    EXPECT_TRUE(Query(cmd::NoteBold).enabled);
-    EXPECT_FALSE(Query(cmd::NoteBold).checked);
     Run(cmd::NoteBold);
     EXPECT_TRUE(Query(cmd::NoteBold).checked);
     EXPECT_NE(Node("t1")->m_strNote.str().find("\\b"), std::string::npos) << "a format change saves the note";
-}
-
-class ViewSettings : public ShellTest {};
-
-TEST_F(ViewSettings, SavingTakesTheNoteThatIsStillBeingTyped) {
-    const QString path = ProjectPath("Notiz.VT5");
-    CMainFrame& frame = MakeFrame();
-    CChildFrame* child = frame.Documents().NewDocument();
-    CVeltoView& view = child->GetView();
-    view.NotePane().Editor()->insertPlainText(QStringLiteral("Noch nicht gespeichert"));
-    EXPECT_FALSE(child->GetDocument().IsModified()) << "no key let go, no focus lost yet";
-    desktop.ChooseFiles({path});
-    ASSERT_TRUE(child->Commands().SaveAs());
-    child->close();
-
-    CVeltoDoc reread(desktop.prompter);
-    ASSERT_TRUE(reread.OnOpenDocument(path.toStdString()));
-    EXPECT_NE(NoteText(reread.m_pFirstNode).find("Noch nicht gespeichert"), std::string::npos);
-}
-
-TEST_F(ViewSettings, TheChartOptionsAreReadAsTheyWereMeant) {
-    SettingsStore store(desktop.prompter);
-    const auto read = [&](auto&&... writes) {
-        SettingsSession session = store.Open();
-        (writes(session), ...);
-        EXPECT_TRUE(session.Commit());
-        return ReadViewContext(store.Open(), TempPath("keine-Feiertage.dat").toStdString());
-    };
-    ViewContext none = read();
-    EXPECT_EQ(none.chart.datePrefix, 0);
-    EXPECT_FALSE(none.chart.showResponsible) << "a missing Verant shows nothing";
-    EXPECT_FALSE(none.chart.barInNodeColour);
-    EXPECT_FALSE(none.sortByDue);
-    EXPECT_TRUE(none.holidays.empty());
-
-    ViewContext set =
-        read([](SettingsSession& s) { s.Set(setting::DatePrefix, 2); },
-             [](SettingsSession& s) { s.Set(setting::ShowResponsible, QStringLiteral("false")); },
-             [](SettingsSession& s) { s.Set(setting::BarInNodeColor, 1); },
-             [](SettingsSession& s) { s.Set(setting::SortByDue, 7); });
-    EXPECT_EQ(set.chart.datePrefix, 2);
-    EXPECT_TRUE(set.chart.showResponsible) << "only an upper-case F switches it off";
-    EXPECT_TRUE(set.chart.barInNodeColour);
-    EXPECT_TRUE(set.sortByDue) << "any value but 0 sorts by the due date";
-
-    ViewContext odd =
-        read([](SettingsSession& s) { s.Set(setting::DatePrefix, 4); },
-             [](SettingsSession& s) { s.Set(setting::ShowResponsible, QStringLiteral("FALSE")); },
-             [](SettingsSession& s) { s.Set(setting::BarInNodeColor, 2); },
-             [](SettingsSession& s) { s.Set(setting::SortByDue, 0); });
-    EXPECT_EQ(odd.chart.datePrefix, 0);
-    EXPECT_FALSE(odd.chart.showResponsible);
-    EXPECT_FALSE(odd.chart.barInNodeColour);
-    EXPECT_FALSE(odd.sortByDue);
 }
 
 } // namespace
