@@ -5,7 +5,7 @@ A fault that no test notices marks a place where the tests do not earn their lin
 listed in scripts/faults.txt; each names a file, the text to find (exactly once) and what to put in
 its place. Run from the project folder after a normal build:
 
-    python3 scripts/plant-faults.py [--build-dir build] [--only WORD] [--jobs 2]
+    python3 scripts/plant-faults.py [--build-dir build] [--only WORD] [--from N] [--jobs 2]
 
 It prints a line per fault (caught, MISSED, "not planted" when the text is no longer in the file
 exactly once, "does not build" when the fault breaks the build) and the catch rate. The source is always restored, also when the run is interrupted.
@@ -79,10 +79,13 @@ def main():
     parser.add_argument("--build-dir", default=os.path.join(ROOT, "build"))
     parser.add_argument("--list", default=os.path.join(ROOT, "scripts", "faults.txt"))
     parser.add_argument("--only", help="plant only the faults whose title contains this word")
+    parser.add_argument("--from", dest="first", type=int, default=1,
+                        help="start with the n-th fault of the list (counting from 1)")
     parser.add_argument("--jobs", type=int, default=os.cpu_count() or 2)
     args = parser.parse_args()
 
-    faults = [f for f in read_faults(args.list) if not args.only or args.only in f.title]
+    faults = read_faults(args.list)[max(args.first, 1) - 1:]
+    faults = [f for f in faults if not args.only or args.only in f.title]
     results = []
     for fault in faults:
         outcome = try_fault(fault, os.path.abspath(args.build_dir), args.jobs)
