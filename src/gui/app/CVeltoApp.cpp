@@ -3,7 +3,6 @@
 #include "app/CMainFrame.h"
 #include "base/CommandIds.h"
 #include "base/Desktop.h"
-#include "common/Prompter.h"
 #include "dialogs/CHolidayDlg.h"
 #include "dialogs/CSettingsDlg.h"
 #include "dialogs/NodeDialogs.h"
@@ -64,7 +63,7 @@ bool CVeltoApp::OpenStartupFiles() {
             QString::fromUtf8("Die Datei\n%1\nsoll laut Einstellungen (%2) beim Start geöffnet werden, "
                               "wurde aber nicht gefunden.")
                 .arg(QDir::toNativeSeparators(path), QString::fromLatin1(key.name));
-        m_desktop.GetPrompter().Tell(text.toStdString(), Prompter::kCaption, PromptIcon::Warning);
+        m_desktop.Warn(text);
     }
     return named;
 }

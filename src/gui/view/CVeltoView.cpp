@@ -176,10 +176,18 @@ void CVeltoView::RegisterCommands() {
         Guard::WhenEnabled);
     c.Add(
         cmd::ClockIn, [this] { ClockIn(); },
-        [task](CommandState& s) { s.enabled = task() && !task()->m_bClockedIn; }, Guard::WhenEnabled);
+        [task](CommandState& s) {
+            const CProjectNode* node = task();
+            s.enabled = node && !node->m_bClockedIn;
+        },
+        Guard::WhenEnabled);
     c.Add(
         cmd::ClockOut, [this] { ClockOut(); },
-        [task](CommandState& s) { s.enabled = task() && task()->m_bClockedIn; }, Guard::WhenEnabled);
+        [task](CommandState& s) {
+            const CProjectNode* node = task();
+            s.enabled = node && node->m_bClockedIn;
+        },
+        Guard::WhenEnabled);
 
     // Commands of features still to come (search, my tasks, reports, printing, alarm): claimed
     // disabled, so that the frame's handler of a shared id never runs while a project is open.
