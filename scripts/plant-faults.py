@@ -6,6 +6,10 @@ listed in scripts/faults.txt; each names a file, the text to find (exactly once)
 its place. Run from the project folder after a normal build:
 
     python3 scripts/plant-faults.py [--build-dir build] [--only WORD] [--from N] [--jobs 2]
+                                    [--tests REGEX]
+
+--tests runs only the tests whose names match (ctest -R), for a quicker pass while working on one
+area; the full run is the one that counts.
 
 It prints a line per fault (caught, MISSED, "not planted" when the text is no longer in the file
 exactly once, "does not build" when the fault breaks the build) and the catch rate. The source is always restored, also when the run is interrupted.
@@ -56,7 +60,7 @@ def run(command, cwd, timeout):
         return -1  # a hang counts as noticed: the test run failed
 
 
-def try_fault(fault, build_dir, jobs):
+def try_fault(fault, build_dir, jobs, tests_regex):
     path = os.path.join(ROOT, fault.path)
     with open(path, encoding="utf-8") as source:
         original = source.read()
@@ -67,7 +71,8 @@ def try_fault(fault, build_dir, jobs):
             source.write(original.replace(fault.old, fault.new))
         if run(["cmake", "--build", build_dir, "-j", str(jobs)], ROOT, 1800) != 0:
             return "does not build"
-        tests = run(["ctest", "-j", str(jobs), "--timeout", "120"], build_dir, 1800)
+        selection = ["-R", tests_regex] if tests_regex else []
+        tests = run(["ctest", "-j", str(jobs), "--timeout", "120"] + selection, build_dir, 1800)
         return "caught" if tests != 0 else "MISSED"
     finally:
         with open(path, "w", encoding="utf-8") as source:
@@ -82,13 +87,14 @@ def main():
     parser.add_argument("--from", dest="first", type=int, default=1,
                         help="start with the n-th fault of the list (counting from 1)")
     parser.add_argument("--jobs", type=int, default=os.cpu_count() or 2)
+    parser.add_argument("--tests", help="run only the tests whose names match this regular expression")
     args = parser.parse_args()
 
     faults = read_faults(args.list)[max(args.first, 1) - 1:]
     faults = [f for f in faults if not args.only or args.only in f.title]
     results = []
     for fault in faults:
-        outcome = try_fault(fault, os.path.abspath(args.build_dir), args.jobs)
+        outcome = try_fault(fault, os.path.abspath(args.build_dir), args.jobs, args.tests)
         results.append(outcome)
         print(f"{outcome:15} {fault.title}", flush=True)
     # Rebuild the restored sources so that the build folder matches the tree again.
