@@ -9,42 +9,30 @@
 
 namespace {
 
-TEST(Steps, QuarterStepsGoToTheNextMark) {
-    EXPECT_DOUBLE_EQ(StepUp(1.10, kQuarterStep), 1.25);
-    EXPECT_DOUBLE_EQ(StepUp(1.25, kQuarterStep), 1.5);
-    EXPECT_DOUBLE_EQ(StepUp(1.8, kQuarterStep), 2.0);
-    EXPECT_DOUBLE_EQ(StepUp(0.0, kQuarterStep), 0.25);
-    EXPECT_DOUBLE_EQ(StepDown(1.25, kQuarterStep), 1.0);
-    EXPECT_DOUBLE_EQ(StepDown(1.00, kQuarterStep), 0.75);
-    EXPECT_DOUBLE_EQ(StepDown(1.3, kQuarterStep), 1.25);
-    EXPECT_DOUBLE_EQ(StepDown(1.9, kQuarterStep), 1.75);
-    // The values come from float fields: 1.1f is a little above 1.1.
-    EXPECT_DOUBLE_EQ(StepUp(double(1.1f), kQuarterStep), 1.25);
+// Rows: value, one step up, one step down.
+template <size_t N> void ExpectSteps(double step, const double (&rows)[N][3]) {
+    for (const auto& [value, up, down] : rows) {
+        SCOPED_TRACE(value);
+        EXPECT_DOUBLE_EQ(StepUp(value, step), up);
+        EXPECT_DOUBLE_EQ(StepDown(value, step), down);
+    }
 }
 
-TEST(Steps, HalfStepsGoToTheNextMark) {
-    EXPECT_DOUBLE_EQ(StepUp(2.0, kHalfStep), 2.5);
-    EXPECT_DOUBLE_EQ(StepUp(2.4, kHalfStep), 2.5);
-    EXPECT_DOUBLE_EQ(StepUp(2.5, kHalfStep), 3.0);
-    EXPECT_DOUBLE_EQ(StepDown(2.0, kHalfStep), 1.5);
-    EXPECT_DOUBLE_EQ(StepDown(2.5, kHalfStep), 2.0);
-    EXPECT_DOUBLE_EQ(StepDown(2.7, kHalfStep), 2.5);
-}
-
-TEST(Steps, NeverBelowZeroAndNotBeyondTheLimit) {
-    EXPECT_DOUBLE_EQ(StepDown(0.0, kQuarterStep), 0.0);
-    EXPECT_DOUBLE_EQ(StepDown(0.1, kHalfStep), 0.0);
-    EXPECT_DOUBLE_EQ(StepDown(-3.0, kHalfStep), 0.0);
-    EXPECT_DOUBLE_EQ(StepUp(-1.3, kQuarterStep), -1.25);
+// 1.1f: the values come from float fields, a little above 1.1.
+TEST(Steps, GoToTheNextMarkNeverBelowZeroAndNotBeyondTheLimit) {
+    const double quarter[][3] = {{1.25, 1.5, 1.0},   {1.0, 1.25, 0.75},  {double(1.1f), 1.25, 1.0},
+                                 {1.3, 1.5, 1.25},   {1.9, 2.0, 1.75},   {0.0, 0.25, 0.0},
+                                 {-1.3, -1.25, 0.0}, {1e30, 1e30, 1e30}, {-INFINITY, -INFINITY, 0.0}};
+    ExpectSteps(kQuarterStep, quarter);
+    const double half[][3] = {{2.0, 2.5, 1.5}, {2.4, 2.5, 2.0},   {2.7, 3.0, 2.5},
+                              {0.1, 0.5, 0.0}, {-3.0, -2.5, 0.0}, {9999999.0, 9999999.0, 9999998.5}};
+    ExpectSteps(kHalfStep, half);
     EXPECT_DOUBLE_EQ(StepUp(9999998.9, kHalfStep), 9999999.0);
-    EXPECT_DOUBLE_EQ(StepUp(9999999.0, kHalfStep), 9999999.0);
-    EXPECT_DOUBLE_EQ(StepUp(1e30, kQuarterStep), 1e30);
     EXPECT_TRUE(std::isnan(StepUp(NAN, kQuarterStep)));
     EXPECT_DOUBLE_EQ(StepDown(NAN, kQuarterStep), 0.0);
-    EXPECT_DOUBLE_EQ(StepDown(-INFINITY, kQuarterStep), 0.0);
 }
 
-TEST(Reminder, HourAndMinuteItems) {
+TEST(Reminder, ListItemsAndHour24RollingOverToTheNextDay) {
     EXPECT_EQ(ReminderHourItem(0), 23); // "24"
     EXPECT_EQ(ReminderHourItem(1), 0);
     EXPECT_EQ(ReminderHourItem(23), 22);
@@ -52,28 +40,17 @@ TEST(Reminder, HourAndMinuteItems) {
                                          {47, 9}, {48, 10}, {52, 10}, {53, 11}, {59, 11}};
     for (auto [minute, item] : bands)
         EXPECT_EQ(ReminderMinuteItem(minute), item) << minute;
-}
-
-TEST(Reminder, Hour24RollsOverToTheNextDay) {
-    const CTime t = ReminderTime({2024, 5, 5}, 24, 15);
-    EXPECT_EQ(t.Format("%d.%m.%Y %H:%M:%S"), "06.05.2024 00:15:00");
+    EXPECT_EQ(ReminderTime({2024, 5, 5}, 24, 15).Format("%d.%m.%Y %H:%M:%S"), "06.05.2024 00:15:00");
     EXPECT_EQ(ReminderTime({2024, 12, 31}, 24, 0).Format("%d.%m.%Y %H:%M"), "01.01.2025 00:00");
     EXPECT_EQ(ReminderTime({2024, 5, 5}, 9, 55).Format("%d.%m.%Y %H:%M"), "05.05.2024 09:55");
 }
 
-NodeEditForm TaskForm(CalendarDay start, CalendarDay due) {
-    NodeEditForm form;
-    form.kind = kKindTask;
-    form.startDay = start;
-    form.dueDay = due;
-    form.done = true;
-    form.doneStamp = CTime(1234567);
-    form.plannedText = "8";
-    form.neededText = "2.5";
-    form.rateText = "50";
-    form.title = "Neu";
-    form.responsible = "Anna \xAB\xBB AN";
-    return form;
+NodeEditForm Form(int kind, CalendarDay start, CalendarDay due) {
+    return {kind, start, due, true, CTime(1234567), "8", "2.5", "50", "Neu", "Anna \xAB\xBB AN"};
+}
+
+std::string DayAndTime(CTime time) {
+    return time.Format("%d.%m.%Y %H:%M:%S");
 }
 
 // A root project R with the childless projects A and B; each test edits a working copy of one node.
@@ -89,9 +66,7 @@ TEST_F(EditFixture, AProjectWithChildrenKeepsItsKindWithTheMessageOfTheChosenKin
         {kKindTask, "Aufgabe"}, {kKindMilestone, "Meilenstein"}, {kKindNote, "Notiz"}};
     for (auto [kind, name] : kinds) {
         auto copy = CopyOf("R");
-        NodeEditForm form = TaskForm({2024, 5, 5}, {2024, 5, 6});
-        form.kind = kind;
-        const auto refusal = ApplyEditForm(*copy, *tree["R"], form);
+        const auto refusal = ApplyEditForm(*copy, *tree["R"], Form(kind, {2024, 5, 5}, {2024, 5, 6}));
         ASSERT_TRUE(refusal.has_value()) << name;
         EXPECT_EQ(refusal->caption, "Knoten Wandlung nicht möglich");
         EXPECT_EQ(refusal->text, std::string("Umwandlung in Knotenart ") + name +
@@ -100,16 +75,20 @@ TEST_F(EditFixture, AProjectWithChildrenKeepsItsKindWithTheMessageOfTheChosenKin
         EXPECT_EQ(copy->m_nKind, kKindProject);
         EXPECT_EQ(copy->m_strTitle, "R") << "a refusal leaves the copy as it was";
     }
+    // It may stay a project, and a project's dates are not checked.
+    auto copy = CopyOf("R");
+    ASSERT_FALSE(ApplyEditForm(*copy, *tree["R"], Form(kKindProject, {2024, 5, 6}, {2024, 5, 5})));
+    EXPECT_EQ(copy->m_strTitle, "Neu");
 }
 
 TEST_F(EditFixture, AChildlessProjectBecomesATaskWithAllItsValues) {
     auto copy = CopyOf("B");
     RegenerateAutomaticEntries(*copy, "8", "2.5", "50", CTime(1700000000));
-    ASSERT_FALSE(ApplyEditForm(*copy, *tree["B"], TaskForm({2024, 5, 5}, {2024, 5, 5})).has_value())
+    ASSERT_FALSE(ApplyEditForm(*copy, *tree["B"], Form(kKindTask, {2024, 5, 5}, {2024, 5, 5})))
         << "start and due on the same day is valid";
     EXPECT_EQ(copy->m_nKind, kKindTask);
-    EXPECT_EQ(copy->m_timeStart.Format("%d.%m.%Y %H:%M:%S"), "05.05.2024 01:00:00");
-    EXPECT_EQ(copy->m_timeDue.Format("%d.%m.%Y %H:%M:%S"), "05.05.2024 23:59:59");
+    EXPECT_EQ(DayAndTime(copy->m_timeStart), "05.05.2024 01:00:00");
+    EXPECT_EQ(DayAndTime(copy->m_timeDue), "05.05.2024 23:59:59");
     EXPECT_TRUE(copy->m_bDone);
     EXPECT_EQ(copy->m_timeDone, CTime(1234567));
     EXPECT_FLOAT_EQ(copy->m_fHoursPlanned, 8.0f);
@@ -122,9 +101,8 @@ TEST_F(EditFixture, AChildlessProjectBecomesATaskWithAllItsValues) {
 }
 
 TEST_F(EditFixture, ATaskDueBeforeItStartsIsRefused) {
-    tree["A"]->m_nKind = kKindTask;
     auto copy = CopyOf("A");
-    const auto refusal = ApplyEditForm(*copy, *tree["A"], TaskForm({2024, 5, 6}, {2024, 5, 5}));
+    const auto refusal = ApplyEditForm(*copy, *tree["A"], Form(kKindTask, {2024, 5, 6}, {2024, 5, 5}));
     ASSERT_TRUE(refusal.has_value());
     EXPECT_EQ(refusal->caption, "Zeiteingaben nicht plausibel");
     EXPECT_EQ(refusal->text, "Der Zeitpunkt 'Zu Erledigen Bis' muss nach 'Aufgabe starten' liegen!");
@@ -132,30 +110,17 @@ TEST_F(EditFixture, ATaskDueBeforeItStartsIsRefused) {
     EXPECT_EQ(copy->m_strTitle, "A");
 }
 
-TEST_F(EditFixture, AMilestoneTakesItsDayFromTheDueDate) {
+TEST_F(EditFixture, AMilestoneTakesItsDayFromTheDueDateAndNoHours) {
     auto copy = CopyOf("B");
-    NodeEditForm form = TaskForm({2030, 1, 1}, {2024, 5, 7});
-    form.kind = kKindMilestone;
-    ASSERT_FALSE(ApplyEditForm(*copy, *tree["B"], form).has_value());
+    ASSERT_FALSE(ApplyEditForm(*copy, *tree["B"], Form(kKindMilestone, {2030, 1, 1}, {2024, 5, 7})));
     EXPECT_EQ(copy->m_nKind, kKindMilestone);
-    EXPECT_EQ(copy->m_timeStart.Format("%d.%m.%Y %H:%M:%S"), "07.05.2024 01:00:00");
-    EXPECT_EQ(copy->m_timeDue.Format("%d.%m.%Y %H:%M:%S"), "07.05.2024 23:59:59");
-    EXPECT_FLOAT_EQ(copy->m_fHoursPlanned, 0.0f) << "a milestone takes no hours";
-}
-
-TEST_F(EditFixture, AProjectWithChildrenMayStayAProject) {
-    auto copy = CopyOf("R");
-    NodeEditForm form = TaskForm({2024, 5, 6}, {2024, 5, 5});
-    form.kind = kKindProject;
-    ASSERT_FALSE(ApplyEditForm(*copy, *tree["R"], form).has_value()) << "no date check for a project";
-    EXPECT_EQ(copy->m_nKind, kKindProject);
-    EXPECT_EQ(copy->m_strTitle, "Neu");
+    EXPECT_EQ(DayAndTime(copy->m_timeStart), "07.05.2024 01:00:00");
+    EXPECT_EQ(DayAndTime(copy->m_timeDue), "07.05.2024 23:59:59");
+    EXPECT_FLOAT_EQ(copy->m_fHoursPlanned, 0.0f);
 }
 
 TEST_F(EditFixture, CommittingKeepsTheLinksSwapsAllThreeListsAndStampsTheChange) {
     CProjectNode* node = tree["A"];
-    CProjectNode* next = node->m_pNext;
-    CProjectNode* prev = node->m_pPrev;
     node->m_bSelected = 0;
     node->m_pHours = {CHoursEntry{}};
     auto copy = CopyOf("A");
@@ -166,9 +131,8 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsAllThreeListsAndStampsTheChange)
     copy->m_bBold = 1;
     copy->m_timeReminder = CTime(99);
     CommitWorkingCopy(*node, *copy, CTime(1800000000));
-    EXPECT_EQ(node->m_pNext, next);
-    EXPECT_EQ(node->m_pPrev, prev);
-    EXPECT_EQ(node->m_strTitle, "Ge\xE4ndert");
+    EXPECT_EQ(Outline(tree.first), "0:R 1:Ge\xE4ndert 1:B");
+    EXPECT_TRUE(LinksAreSound(tree.first));
     EXPECT_TRUE(node->m_bBold);
     EXPECT_EQ(node->m_timeReminder, CTime(99));
     EXPECT_TRUE(node->m_pHours.empty());
@@ -176,7 +140,6 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsAllThreeListsAndStampsTheChange)
     EXPECT_EQ(std::pair(node->m_pCosts.size(), node->m_pCosts2.size()), std::pair(size_t(1), size_t(2)));
     EXPECT_TRUE(node->m_bSelected);
     EXPECT_EQ(node->m_timeChanged, CTime(1800000000));
-    EXPECT_TRUE(LinksAreSound(tree.first));
 }
 
 } // namespace

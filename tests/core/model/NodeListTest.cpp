@@ -26,33 +26,27 @@ TEST(NodeListCreate, NewChildOfCollapsedProjectExpandsItAndGoesFirst) {
     EXPECT_TRUE(prompter.asked().empty());
     EXPECT_EQ(outlineBeforeChange, "0:R 1:A 2:a1 2:a2 1:B") << "the undo copy must see the old list";
     EXPECT_EQ(Outline(tree.first), "0:R 1:A 2:Neuer Knoten 2:a1 2:a2 1:B");
-    EXPECT_EQ(tree["A"]->m_pNext, child);
-    EXPECT_TRUE(tree["A"]->m_bExpanded);
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), "Neuer Knoten");
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A Neuer Knoten a1 a2 B");
     EXPECT_EQ(child->m_strNote, kNote);
-    EXPECT_EQ(child->m_nKind, kKindProject);
-    EXPECT_TRUE(child->m_bExpanded);
     EXPECT_TRUE(LinksAreSound(tree.first));
 }
 
+// The title is stored in Windows-1252; the caption reaches the prompter as UTF-8.
 TEST(NodeListCreate, RefusedUnderTaskNoteAndMilestoneWithTitleAsCaption) {
-    // The title is stored in Windows-1252; the caption must reach the prompter as UTF-8.
-    const std::string books = "B\xFC"
-                              "cher";
     for (int kind : {kKindTask, kKindNote, kKindMilestone}) {
-        TestTree tree{{0, "R"}, {1, books, kind}, {1, "C"}};
-        tree.Select(books);
+        SCOPED_TRACE(kind);
+        TestTree tree{{0, "R"}, {1, "B\xFC", kind}, {1, "C"}};
+        tree.Select("B\xFC");
         ScriptedPrompter prompter;
         bool changed = false;
         EXPECT_EQ(CreateChildNode(tree.first, kNote, prompter, [&] { changed = true; }), nullptr);
-        ASSERT_EQ(prompter.asked().size(), 1u) << "kind " << kind;
-        EXPECT_EQ(prompter.asked()[0].caption, "B\xC3\xBC"
-                                               "cher");
+        ASSERT_EQ(prompter.asked().size(), 1u);
+        EXPECT_EQ(prompter.asked()[0].caption, "B\xC3\xBC");
         EXPECT_EQ(prompter.asked()[0].text, "Neue Knoten sind nur unter Projektknoten möglich.");
         EXPECT_FALSE(changed);
-        EXPECT_EQ(Outline(tree.first), "0:R 1:" + books + " 1:C");
-        EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), books);
+        EXPECT_EQ(Outline(tree.first), "0:R 1:B\xFC 1:C");
+        EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), "B\xFC");
     }
 }
 
@@ -65,42 +59,42 @@ TEST(NodeListCreate, ChildOfTheDeepestPossibleLevelDoesNotOverflow) {
     EXPECT_EQ(child->m_nLevel, INT_MAX);
 }
 
-TEST(NodeListDelete, FirstNodeIsRefusedWithoutAsking) {
-    TestTree tree{{0, "R"}, {1, "A"}};
-    ScriptedPrompter prompter;
-    prompter.Answer(PromptAnswer::Yes);
-    EXPECT_FALSE(DeleteCurrentNode(tree.first, prompter));
-    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Erster Knoten kann nicht gelöscht werden!"});
-    EXPECT_EQ(Outline(tree.first), "0:R 1:A");
+// The head is refused without a question; "No" and no selection change nothing either.
+TEST(NodeListDelete, TheHeadANoOrNoSelectionLeaveTheListAlone) {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"R", {"Erster Knoten kann nicht gelöscht werden!"}},
+        {"A", {"Möchten Sie den Knoten 'A' inkl. aller Unterknoten löschen?"}},
+        {"", {}},
+    };
+    for (const auto& [selected, texts] : cases) {
+        SCOPED_TRACE(selected);
+        TestTree tree{{0, "R"}, {1, "A"}, {2, "a"}};
+        SelectOnly(tree.first, *selected ? tree[selected] : nullptr);
+        ScriptedPrompter prompter; // answers "No"
+        bool changed = false;
+        EXPECT_FALSE(DeleteCurrentNode(tree.first, prompter, [&] { changed = true; }));
+        EXPECT_EQ(prompter.texts(), texts);
+        EXPECT_FALSE(changed);
+        EXPECT_EQ(Outline(tree.first), "0:R 1:A 2:a");
+        EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), selected);
+        if (!*selected) {
+            EXPECT_EQ(CreateChildNode(tree.first, kNote, prompter), nullptr);
+        }
+    }
 }
 
-TEST(NodeListDelete, AsksOnceWithTheTextForProjectNodesAndOtherKinds) {
-    TestTree tree{{0, "R"}, {1, "Pl\xE4ne"}, {2, "x"}, {1, "leer"}, {1, "t", kKindTask}};
+TEST(NodeListDelete, AsksWithTheTextForProjectNodesEvenChildlessAndForOtherKinds) {
+    TestTree tree{{0, "R"}, {1, "Pl\xE4ne"}, {1, "t", kKindTask}};
     ScriptedPrompter prompter;
-    for (const char* title : {"Pl\xE4ne", "leer", "t"}) {
+    for (const char* title : {"Pl\xE4ne", "t"}) {
         tree.Select(title);
         EXPECT_FALSE(DeleteCurrentNode(tree.first, prompter));
     }
-
-    ASSERT_EQ(prompter.asked().size(), 3u);
+    ASSERT_EQ(prompter.asked().size(), 2u);
     EXPECT_EQ(prompter.asked()[0].caption, "Löschen bestätigen");
     EXPECT_EQ(prompter.asked()[0].buttons, PromptButtons::YesNo);
     EXPECT_EQ(prompter.asked()[0].text, "Möchten Sie den Knoten 'Pläne' inkl. aller Unterknoten löschen?");
-    EXPECT_EQ(prompter.asked()[1].text, "Möchten Sie den Knoten 'leer' inkl. aller Unterknoten löschen?")
-        << "a project node, even without children";
-    EXPECT_EQ(prompter.asked()[2].text, "Möchten Sie den Knoten 't' löschen?");
-}
-
-TEST(NodeListDelete, AnsweringNoChangesNothing) {
-    TestTree tree{{0, "R"}, {1, "A"}, {2, "a"}};
-    tree.Select("A");
-    ScriptedPrompter prompter;
-    prompter.Answer(PromptAnswer::No);
-    bool changed = false;
-    EXPECT_FALSE(DeleteCurrentNode(tree.first, prompter, [&] { changed = true; }));
-    EXPECT_FALSE(changed);
-    EXPECT_EQ(Outline(tree.first), "0:R 1:A 2:a");
-    EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), "A");
+    EXPECT_EQ(prompter.asked()[1].text, "Möchten Sie den Knoten 't' löschen?");
 }
 
 TEST(NodeListDelete, RemovesTheWholeSubtreeAndSelectsTheNearestVisiblePredecessor) {
@@ -147,10 +141,11 @@ TEST(NodeListDelete, WithNothingVisibleBeforeItTheFirstNodeBecomesCurrent) {
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), "R");
 }
 
-TEST(NodeListCopy, DeepCopyIsEqualButIndependent) {
-    TestTree tree{{0, "R"}, {1, "A", kKindTask, 5000, 9000}, {1, "B"}};
+TEST(NodeListCopy, ACopyIsEqualButIndependentAndARefreshFollowsTheListAsItShrinksAndGrows) {
+    TestTree tree{{0, "R"}, {1, "A", kKindTask, 5000, 9000}, {1, "B"}, {2, "C"}};
     CProjectNode* a = tree["A"];
-    a->m_pHours = {{CTime(1), CTime(2), CTime(3), "Max", "Bau"}};
+    a->m_pHours = {{CTime(1), CTime(2), CTime(3), "Max", "Bau"},
+                   {CTime(4), CTime(5), CTime(6), "Eva", "Putz"}};
     a->m_pCosts = {{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R"}, {CTime(5), 1.0f, 1.0f, -1.0f, "K2", "R2"}};
     a->m_pCosts2 = {{CTime(6), 7.0f, 8.0f, 56.0f, "N", "M"}};
     a->m_strNote = "{\\rtf1 Notiz}";
@@ -158,126 +153,91 @@ TEST(NodeListCopy, DeepCopyIsEqualButIndependent) {
     tree.Select("A");
 
     CProjectNode* copy = DeepCopyList(tree.first);
-    ASSERT_NE(copy, nullptr);
-    EXPECT_EQ(Outline(copy), Outline(tree.first));
+    EXPECT_EQ(Outline(copy), "0:R 1:A 1:B 2:C");
     EXPECT_EQ(Flagged(copy, &CProjectNode::m_bSelected), "A");
     EXPECT_TRUE(LinksAreSound(copy));
     CProjectNode* copyA = copy->m_pNext;
-    EXPECT_NE(copyA, a);
     EXPECT_EQ(copyA->m_strNote, a->m_strNote);
     EXPECT_EQ(copyA->m_timeDue, a->m_timeDue);
     EXPECT_EQ(copyA->m_bDone, 1);
     ASSERT_EQ((std::array{copyA->m_pHours.size(), copyA->m_pCosts.size(), copyA->m_pCosts2.size()}),
-              (std::array<size_t, 3>{1, 2, 1}));
-    EXPECT_EQ(copyA->m_pCosts[1].m_str1, "K2");
+              (std::array<size_t, 3>{2, 2, 1}));
     EXPECT_EQ(copyA->m_pCosts2.front().m_fAmount, 56.0f);
-
-    // Changing the copy leaves the original alone: texts and lists were shared until one changed.
     copyA->m_strTitle = "changed";
-    copyA->m_strNote = "{\\rtf1 anders}";
-    copyA->m_pHours.Replace(0, {CTime(1), CTime(2), CTime(3), "changed", "Bau"});
     copyA->m_pCosts.Erase(1);
     EXPECT_EQ(a->m_strTitle, "A");
-    EXPECT_EQ(a->m_strNote, "{\\rtf1 Notiz}");
-    EXPECT_EQ(a->m_pHours.front().m_str1, "Max");
-    ASSERT_EQ(a->m_pCosts.size(), 2u);
-    EXPECT_EQ(a->m_pCosts[1].m_fAmount, -1.0f);
-    FreeNodeList(copy);
-    EXPECT_EQ(DeepCopyList(nullptr), nullptr);
-}
-
-TEST(NodeListCopy, ARefreshedCopyMatchesTheListWhetherTheOldCopyWasLongerOrShorter) {
-    TestTree tree{{0, "R"}, {1, "A", kKindTask}, {1, "B"}, {2, "C"}};
-    tree["A"]->m_pHours = {{CTime(1), CTime(2), CTime(3), "Max", "Bau"},
-                           {CTime(4), CTime(5), CTime(6), "Eva", "Putz"}};
-    tree["B"]->m_pCosts = {{CTime(4), 1.5f, 2.0f, 3.0f, "K", "R"}};
-    tree.Select("C");
-
-    CProjectNode* copy = RefreshListCopy(nullptr, tree.first);
-    EXPECT_EQ(Outline(copy), "0:R 1:A 1:B 2:C");
+    EXPECT_EQ(a->m_pCosts.size(), 2u);
 
     // The list shrinks and its entries move: the copy follows, surplus nodes and entries go.
-    std::swap(tree["A"]->m_pHours, tree["B"]->m_pHours);
-    tree["B"]->m_pCosts = {};
+    std::swap(a->m_pHours, tree["B"]->m_pHours);
+    a->m_pCosts = {};
     CProjectNode* c = tree["C"];
     tree["B"]->m_pNext = nullptr;
     delete c;
-    tree["R"]->m_strNote = std::string(300, 'n');
+    tree.first->m_strNote = std::string(300, 'n');
     copy = RefreshListCopy(copy, tree.first);
     EXPECT_EQ(Outline(copy), "0:R 1:A 1:B");
     EXPECT_TRUE(LinksAreSound(copy));
     EXPECT_EQ(copy->m_strNote, tree.first->m_strNote);
     EXPECT_TRUE(copy->m_pNext->m_pHours.empty());
+    EXPECT_TRUE(copy->m_pNext->m_pCosts.empty());
     ASSERT_EQ(copy->m_pNext->m_pNext->m_pHours.size(), 2u);
     EXPECT_EQ(copy->m_pNext->m_pNext->m_pHours[1].m_str1, "Eva");
-    EXPECT_TRUE(copy->m_pNext->m_pNext->m_pCosts.empty());
-    EXPECT_EQ(Flagged(copy, &CProjectNode::m_bSelected), "");
 
     // It grows again beyond the old copy.
-    tree.first->m_pNext->m_strTitle = "A2";
     auto* d = new CProjectNode;
     d->m_strTitle = "D";
     d->m_nLevel = 1;
     d->m_pPrev = tree["B"];
     tree["B"]->m_pNext = d;
     copy = RefreshListCopy(copy, tree.first);
-    EXPECT_EQ(Outline(copy), "0:R 1:A2 1:B 1:D");
+    EXPECT_EQ(Outline(copy), "0:R 1:A 1:B 1:D");
     EXPECT_TRUE(LinksAreSound(copy));
 
     EXPECT_EQ(RefreshListCopy(copy, nullptr), nullptr) << "an empty list frees the whole copy";
+    EXPECT_EQ(DeepCopyList(nullptr), nullptr);
 }
 
-// A chain as the node clipboard holds it: linked nodes that belong to no list.
-CProjectNode* Chain(std::initializer_list<std::pair<int, const char*>> nodes) {
-    CProjectNode* head = nullptr;
-    CProjectNode* tail = nullptr;
-    for (const auto& [level, title] : nodes) {
-        auto* node = new CProjectNode;
-        node->m_nLevel = level;
-        node->m_strTitle = title;
-        node->m_pPrev = tail;
-        (tail ? tail->m_pNext : head) = node;
-        tail = node;
-    }
-    return head;
-}
-
+// The chain takes the target's level and keeps its shape, before the head and at extreme levels too.
 TEST(NodeListSplice, ChainTakesTheTargetsLevelAndKeepsItsShape) {
-    TestTree tree{{0, "R"}, {1, "A"}, {1, "B"}, {2, "b"}};
-    SpliceChainBefore(tree.first, tree["B"], Chain({{3, "p"}, {4, "q"}, {5, "r"}, {3, "s"}}));
-    EXPECT_EQ(Outline(tree.first), "0:R 1:A 1:p 2:q 3:r 1:s 1:B 2:b");
-    EXPECT_TRUE(LinksAreSound(tree.first));
-}
-
-TEST(NodeListSplice, BeforeTheHeadTheChainBecomesTheNewHead) {
-    TestTree tree{{0, "R"}, {1, "A"}};
-    CProjectNode* oldHead = tree.first;
-    SpliceChainBefore(tree.first, tree.first, Chain({{2, "p"}, {3, "q"}}));
-    EXPECT_EQ(Outline(tree.first), "0:p 1:q 0:R 1:A");
-    EXPECT_EQ(oldHead->m_pPrev->m_strTitle, "q");
-    EXPECT_TRUE(LinksAreSound(tree.first));
-}
-
-TEST(NodeListSplice, ExtremeLevelsDoNotOverflow) {
-    TestTree tree{{0, "R"}, {INT_MIN, "low"}};
-    SpliceChainBefore(tree.first, tree["low"], Chain({{INT_MAX, "p"}, {0, "q"}}));
-    EXPECT_EQ(tree["p"]->m_nLevel, INT_MIN);
-    EXPECT_EQ(tree["q"]->m_nLevel, INT_MIN);
-    EXPECT_TRUE(LinksAreSound(tree.first));
+    const struct {
+        std::vector<NodeSpec> list, chain;
+        const char* target;
+        const char* expected;
+    } cases[] = {
+        {{{0, "R"}, {1, "A"}, {1, "B"}, {2, "b"}},
+         {{3, "p"}, {4, "q"}, {5, "r"}, {3, "s"}},
+         "B",
+         "0:R 1:A 1:p 2:q 3:r 1:s 1:B 2:b"},
+        {{{0, "R"}, {1, "A"}}, {{2, "p"}, {3, "q"}}, "R", "0:p 1:q 0:R 1:A"},
+        {{{0, "R"}, {INT_MIN, "low"}},
+         {{INT_MAX, "p"}, {0, "q"}},
+         "low",
+         "0:R -2147483648:p -2147483648:q -2147483648:low"},
+    };
+    for (const auto& c : cases) {
+        TestTree tree(c.list);
+        TestTree chain(c.chain);
+        SpliceChainBefore(tree.first, tree[c.target], chain.first);
+        chain.first = nullptr; // the list owns it now
+        EXPECT_EQ(Outline(tree.first), c.expected);
+        EXPECT_TRUE(LinksAreSound(tree.first));
+    }
 }
 
 TEST(NodeListShow, VisibilityFollowsEveryAncestor) {
-    TestTree tree{{0, "R"}, {1, "A"}, {2, "a"}, {3, "a1"}, {1, "B"}, {3, "jump"}, {2, "b"}, {1, "C"}};
+    TestTree tree{{0, "R"}, {1, "A"},    {2, "a"}, {3, "a1"}, {4, "a2"},
+                  {1, "B"}, {3, "jump"}, {2, "b"}, {1, "C"}};
     tree["a"]->m_bExpanded = 0;
     tree["B"]->m_bExpanded = 0;
     RecomputeVisibility(tree.first);
-    EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A a B C");
+    EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A a B C") << "a2 is hidden by a, not a1";
 
     // Opening jump's ancestors expands B and leaves a collapsed.
     ExpandAncestors(tree.first, tree["jump"]);
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A a B jump b C");
     ExpandAncestors(tree.first, tree["a1"]);
-    EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A a a1 B jump b C");
+    EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A a a1 a2 B jump b C");
 }
 
 TEST(NodeListShow, MalformedLevelsFindAncestorsByLevelAlone) {
@@ -317,15 +277,6 @@ TEST(NodeListQuery, CountCurrentChildrenAndSubtreeBounds) {
     EXPECT_EQ(SubtreeLast(tree["A"]), tree["b"]);
     EXPECT_EQ(SubtreeEnd(tree.first), nullptr);
     EXPECT_EQ(SubtreeLast(tree["B"]), tree["B"]);
-}
-
-TEST(NodeListQuery, WithoutASelectionNothingIsCreatedOrDeleted) {
-    TestTree tree{{0, "R"}, {1, "A"}};
-    tree.first->m_bSelected = 0;
-    ScriptedPrompter prompter;
-    EXPECT_EQ(CreateChildNode(tree.first, kNote, prompter), nullptr);
-    EXPECT_FALSE(DeleteCurrentNode(tree.first, prompter));
-    EXPECT_EQ(Outline(tree.first), "0:R 1:A");
 }
 
 } // namespace

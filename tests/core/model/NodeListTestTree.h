@@ -15,7 +15,7 @@ struct NodeSpec {
     uint32_t due = 0;
 };
 
-// Owns a list built from specs; frees whatever list `first` heads at the end of the test.
+// Owns a list built from specs, the head selected; frees whatever list `first` heads at the end.
 class TestTree {
 public:
     TestTree(std::initializer_list<NodeSpec> specs) : TestTree(std::vector<NodeSpec>(specs)) {}
@@ -29,13 +29,11 @@ public:
             node->m_nKind = spec.kind;
             node->m_timeStart = CTime(spec.start);
             node->m_timeDue = CTime(spec.due ? spec.due : spec.start + 1000);
-            node->m_bSelected = 0;
+            node->m_bSelected = tail ? 0 : 1;
             node->m_pPrev = tail;
             (tail ? tail->m_pNext : first) = node;
             tail = node;
         }
-        if (first)
-            first->m_bSelected = 1;
     }
     ~TestTree() { FreeNodeList(first); }
     TestTree(const TestTree&) = delete;
@@ -57,11 +55,8 @@ public:
 // "level:title" of every node in list order, e.g. "0:R 1:A 2:a".
 inline std::string Outline(const CProjectNode* first) {
     std::string out;
-    for (const CProjectNode* p = first; p; p = p->m_pNext) {
-        if (!out.empty())
-            out += ' ';
-        out.append(std::to_string(p->m_nLevel)).append(":").append(p->m_strTitle);
-    }
+    for (const CProjectNode* p = first; p; p = p->m_pNext)
+        out.append(out.empty() ? "" : " ").append(std::to_string(p->m_nLevel) + ":").append(p->m_strTitle);
     return out;
 }
 
@@ -69,11 +64,8 @@ inline std::string Outline(const CProjectNode* first) {
 inline std::string Flagged(const CProjectNode* first, int CProjectNode::*flag) {
     std::string out;
     for (const CProjectNode* p = first; p; p = p->m_pNext) {
-        if (!(p->*flag))
-            continue;
-        if (!out.empty())
-            out += ' ';
-        out += p->m_strTitle;
+        if (p->*flag)
+            out.append(out.empty() ? "" : " ").append(p->m_strTitle);
     }
     return out;
 }
