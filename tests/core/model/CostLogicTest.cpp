@@ -2,6 +2,7 @@
 // that cannot be taken back, and the totals.
 #include "model/CostLogic.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace {
@@ -12,7 +13,8 @@ CostInput Input(std::string price, std::string quantity, bool expense, std::stri
     return {{2024, 5, 6}, std::move(price), std::move(quantity), expense, "Anna", std::move(remark)};
 }
 
-TEST(CostAutomatic, HoursAreBookedAsAnExpenseAtTheRate) {
+// Model texts are Windows-1252: "\xF6" is the "ö".
+TEST(CostAutomatic, HoursAreBookedAsAnExpenseAtTheRateAndARateChangeRewritesThemInPlace) {
     CProjectNode node;
     RegenerateAutomaticEntries(node, "8", "2.5", "50", kNow);
     ASSERT_EQ(node.m_pCosts.size(), 1u);
@@ -25,82 +27,58 @@ TEST(CostAutomatic, HoursAreBookedAsAnExpenseAtTheRate) {
     EXPECT_EQ(calculated.m_timeDate, kNow);
     ASSERT_EQ(node.m_pCosts2.size(), 1u);
     EXPECT_FLOAT_EQ(node.m_pCosts2.front().m_fAmount, -125.0f);
-    EXPECT_EQ(node.m_pCosts2.front().m_str2, "Ben\xF6tigte Stunden") << "model texts are Windows-1252";
-    EXPECT_FLOAT_EQ(CostTotal(node.m_pCosts), -400.0f);
-    EXPECT_EQ(MakeCostRow(calculated).amount, "-400.00");
-}
+    EXPECT_EQ(node.m_pCosts2.front().m_str2, "Ben\xF6tigte Stunden");
 
-TEST(CostAutomatic, ARateChangeRewritesBothFirstEntriesInPlace) {
-    CProjectNode node;
-    RegenerateAutomaticEntries(node, "8", "4", "50", kNow);
     AddCostEntry(node.m_pCosts, Input("10", "1", true, "Material"));
     RegenerateAutomaticEntries(node, "8", "4", "60", kNow + 60);
-    ASSERT_EQ(node.m_pCosts.size(), 2u) << "the first entry is rewritten, not stacked";
+    ASSERT_EQ(node.m_pCosts.size(), 2u);
     EXPECT_EQ(node.m_pCosts2.size(), 1u);
     EXPECT_FLOAT_EQ(node.m_pCosts.front().m_fAmount, -480.0f);
     EXPECT_FLOAT_EQ(node.m_pCosts2.front().m_fAmount, -240.0f);
     EXPECT_EQ(node.m_pCosts.front().m_timeDate, kNow + 60);
-    EXPECT_EQ(node.m_pCosts[1].m_str2, "Material") << "the entry behind it stays";
-    // Unparsable texts read as 0.
+    EXPECT_EQ(node.m_pCosts[1].m_str2, "Material");
+    EXPECT_FLOAT_EQ(CostTotal(node.m_pCosts), -490.0f);
     RegenerateAutomaticEntries(node, "acht", "4", "60", kNow);
-    EXPECT_FLOAT_EQ(node.m_pCosts.front().m_fQuantity, 0.0f);
+    EXPECT_FLOAT_EQ(node.m_pCosts.front().m_fQuantity, 0.0f) << "unparsable texts read as 0";
 }
 
+// Only "." is a decimal point: a comma stays part of the text and ends the number. The cut counts
+// from the first point even when a later one made the tail too long.
 TEST(CostText, NormalisationFillsUpAndCutsAsTyped) {
-    EXPECT_EQ(NormaliseCostText("7"), "7.00");
-    EXPECT_EQ(NormaliseCostText("7.123456"), "7.12345");
-    EXPECT_EQ(NormaliseCostText("5."), "5.00");
-    EXPECT_EQ(NormaliseCostText("5.5"), "5.50");
-    EXPECT_EQ(NormaliseCostText("5.25"), "5.25");
-    EXPECT_EQ(NormaliseCostText("0.12345"), "0.12345");
-    EXPECT_EQ(NormaliseCostText(""), ".00");
-    EXPECT_EQ(NormaliseCostText("."), ".00");
-    // Only "." is a decimal point: a comma stays part of the text and ends the number.
-    EXPECT_EQ(NormaliseCostText("12,50"), "12,50.00");
-    // The cut counts from the first point even when a later one made the tail too long.
-    EXPECT_EQ(NormaliseCostText("1.2.345678"), "1.2.345");
+    const std::pair<const char*, const char*> cases[] = {
+        {"7", "7.00"},         {"7.123456", "7.12345"},  {"5.", "5.00"}, {"5.5", "5.50"},
+        {"5.25", "5.25"},      {"0.12345", "0.12345"},   {"", ".00"},    {".", ".00"},
+        {"12,50", "12,50.00"}, {"1.2.345678", "1.2.345"}};
+    for (const auto& [typed, normalised] : cases)
+        EXPECT_EQ(NormaliseCostText(typed), normalised) << typed;
 }
 
-TEST(CostAdd, IncomeAndExpenseSetTheSign) {
+// The added row shows the typed texts normalised; a refilled row shows the list's own formats.
+TEST(CostAdd, IncomeAndExpenseSetTheSignAndRowsShowTheAmount) {
     CCostList head;
     const CostRow income = AddCostEntry(head, Input("19.99", "3", false));
-    EXPECT_EQ(income.unitPrice, "19.99");
-    EXPECT_EQ(income.quantity, "3.00");
-    EXPECT_EQ(income.amount, "59.97");
-    EXPECT_NEAR(CostTotal(head), 59.97f, 1e-4);
+    EXPECT_EQ((std::array{income.unitPrice, income.quantity, income.amount}),
+              (std::array<std::string, 3>{"19.99", "3.00", "59.97"}));
     const CostRow expense = AddCostEntry(head, Input("7", "2", true));
-    EXPECT_EQ(expense.unitPrice, "7.00");
     EXPECT_EQ(expense.amount, "-14.00");
     EXPECT_NEAR(CostTotal(head), 45.97f, 1e-4);
     EXPECT_EQ(head[1].m_str1, "Anna");
-    // A comma cuts the number: 12,50 is 12.
     AddCostEntry(head, Input("12,50", "1", false));
     EXPECT_FLOAT_EQ(head[2].m_fUnitPrice, 12.0f);
-}
 
-TEST(CostAdd, RefilledRowsUseTheListFormats) {
-    CCostList head;
     AddCostEntry(head, Input("7.123456", "2.5", false));
-    const CostRow row = MakeCostRow(head.front());
-    EXPECT_EQ(row.unitPrice, "7.12345");
-    EXPECT_EQ(row.quantity, "2.5");
-    EXPECT_EQ(row.amount, "17.8086");
-    EXPECT_EQ(row.weekday, "MO");
-    EXPECT_EQ(row.sortKey, "2024/05/06");
+    const CostRow refilled = MakeCostRow(head[3]);
+    EXPECT_EQ((std::array{refilled.unitPrice, refilled.quantity, refilled.amount, refilled.weekday,
+                          refilled.sortKey}),
+              (std::array<std::string, 5>{"7.12345", "2.5", "17.8086", "MO", "2024/05/06"}));
 }
 
-TEST(CostRemove, TheAutomaticEntryStays) {
+TEST(CostRemove, TheAutomaticEntryStaysAndTheFirstMatchingOtherEntryGoes) {
     CProjectNode node;
     RegenerateAutomaticEntries(node, "8", "0", "50", kNow);
-    const CostInput key = CostInputOfRow(MakeCostRow(node.m_pCosts.front()));
-    EXPECT_TRUE(key.expense);
-    EXPECT_EQ(RemoveFirstMatchingCost(node.m_pCosts, key), CostRemoval::Automatic);
-    EXPECT_EQ(node.m_pCosts.size(), 1u);
-}
-
-TEST(CostRemove, TheFirstMatchingEntryAfterTheAutomaticOneGoes) {
-    CProjectNode node;
-    RegenerateAutomaticEntries(node, "1", "0", "1", kNow);
+    const CostInput automatic = CostInputOfRow(MakeCostRow(node.m_pCosts.front()));
+    EXPECT_TRUE(automatic.expense);
+    EXPECT_EQ(RemoveFirstMatchingCost(node.m_pCosts, automatic), CostRemoval::Automatic);
     AddCostEntry(node.m_pCosts, Input("1234.56789", "3", false, "a"));
     AddCostEntry(node.m_pCosts, Input("2", "1", false, "b"));
     AddCostEntry(node.m_pCosts, Input("1234.56789", "3", false, "a"));
@@ -113,8 +91,8 @@ TEST(CostRemove, TheFirstMatchingEntryAfterTheAutomaticOneGoes) {
     EXPECT_EQ(node.m_pCosts[1].m_str2, "b") << "the first of the two equal entries went";
     EXPECT_EQ(node.m_pCosts[2].m_str2, "a");
 
-    const CostInput other = Input("1234.56789", "4", false, "a");
-    EXPECT_EQ(RemoveFirstMatchingCost(node.m_pCosts, other), CostRemoval::NotFound);
+    EXPECT_EQ(RemoveFirstMatchingCost(node.m_pCosts, Input("1234.56789", "4", false, "a")),
+              CostRemoval::NotFound);
     CCostList empty;
     EXPECT_EQ(RemoveFirstMatchingCost(empty, key), CostRemoval::NotFound);
 }

@@ -13,11 +13,13 @@ CHoursEntry Hours(uint32_t day, std::string_view assignee, std::string_view rema
     return {CTime(day), CTime(day + 1), CTime(day + 2), assignee, remark};
 }
 
-std::vector<std::string> Remarks(const CHoursList& list) {
-    std::vector<std::string> remarks;
+using Texts = std::vector<std::string>;
+
+Texts Column(const CHoursList& list, std::string_view CHoursEntry::*column) {
+    Texts texts;
     for (const CHoursEntry entry : list)
-        remarks.emplace_back(entry.m_str2);
-    return remarks;
+        texts.emplace_back(entry.*column);
+    return texts;
 }
 
 TEST(EntryList, KeepsEveryTextAndNumberWhateverItsLengthOrRepetition) {
@@ -25,12 +27,9 @@ TEST(EntryList, KeepsEveryTextAndNumberWhateverItsLengthOrRepetition) {
     const std::string text254(254, 'a'), text255(255, 'b');
     const CHoursList hours{Hours(10, "MM", ""),     Hours(20, "MM", "MM"),    Hours(30, "", text254),
                            Hours(40, "x", text255), Hours(50, "x", longText), Hours(60, "MM", longText)};
-    ASSERT_EQ(hours.size(), 6u);
-    EXPECT_EQ(hours[0].m_str1, "MM");
-    EXPECT_EQ(hours[1].m_str1, "MM") << "a text equal to the one above";
-    EXPECT_EQ(hours[1].m_str2, "MM") << "equal to a text of the other column";
-    EXPECT_EQ(hours[2].m_str1, "") << "empty after a non-empty text above";
-    EXPECT_EQ(Remarks(hours), (std::vector<std::string>{"", "MM", text254, text255, longText, longText}));
+    // Texts equal to the one above or to the other column's, and empty ones after non-empty ones.
+    EXPECT_EQ(Column(hours, &CHoursEntry::m_str1), (Texts{"MM", "MM", "", "x", "x", "MM"}));
+    EXPECT_EQ(Column(hours, &CHoursEntry::m_str2), (Texts{"", "MM", text254, text255, longText, longText}));
     EXPECT_EQ(hours[3].m_time3.GetTime(), 42u);
 
     const CCostList costs{{CTime(7), -0.0f, 1e30f, -2.5f, "K", "R"}};
@@ -46,11 +45,10 @@ TEST(EntryList, AChangeGoesToTheChangedCopyOnly) {
     list.Replace(1, list[2]); // an entry of the list itself
     list.Erase(0);
     list.Append(Hours(4, "D", "d"));
-    EXPECT_EQ(Remarks(list), (std::vector<std::string>{"c", "c", "d"}));
-    EXPECT_EQ(Remarks(copy), (std::vector<std::string>{"a", "b", "c"}));
-    list.Erase(2);
-    list.Erase(1);
-    list.Erase(0);
+    EXPECT_EQ(Column(list, &CHoursEntry::m_str2), (Texts{"c", "c", "d"}));
+    EXPECT_EQ(Column(copy, &CHoursEntry::m_str2), (Texts{"a", "b", "c"}));
+    for (size_t last = list.size(); last-- > 0;)
+        list.Erase(last);
     EXPECT_TRUE(list.empty());
     EXPECT_EQ(list.begin(), list.end());
 }
