@@ -1,5 +1,5 @@
-// The helpers around notes: the default note of a new node, the hyperlink brackets, the plain-text
-// cache and the velto-cli commands.
+// The helpers around notes: the default note of a new node, the hyperlink brackets and the plain-text
+// cache.
 #include "text/DefaultNote.h"
 #include "text/Hyperlink.h"
 #include "text/PlainTextCache.h"
@@ -11,14 +11,6 @@
 #include <gtest/gtest.h>
 
 using rtf::LinkRange;
-
-TEST(DefaultNote, TemplateCarriesTheFaceName) {
-    const std::string note = DefaultNoteTemplate("Arial");
-    EXPECT_NE(
-        note.find("{\\f2\\fswiss Arial;}}\n{\\colortbl\\red0\\green0\\blue0;}\n\\deflang1031\\pard\\plain"
-                  "\\f2\\fs17\\par }"),
-        std::string::npos);
-}
 
 TEST(DefaultNote, OneEmptyParagraphInTheConfiguredFaceAndSize) {
     for (int points : {6, 12, 100}) {

@@ -9,7 +9,7 @@
 
 using rtf::LinkKind;
 
-TEST(NoteSize, StepsInWholePointsWithoutBounds) {
+TEST(NoteSize, StepsInWholePointsWithoutBoundsAndSaturatesAtTheEndsOfInt) {
     EXPECT_EQ(rtf::StepSize(20, 2), 24) << "10 pt gives 12 pt";
     EXPECT_EQ(rtf::StepSize(2, -2), -2) << "1 pt gives -1 pt: no lower bound";
     EXPECT_EQ(rtf::StepSize(-2, -2), -6);
@@ -17,13 +17,9 @@ TEST(NoteSize, StepsInWholePointsWithoutBounds) {
     EXPECT_EQ(rtf::StepSize(21, -2), 16);
     EXPECT_EQ(rtf::StepSize(-3, -2), -6) << "dropped towards zero, as integer division drops it";
     EXPECT_EQ(rtf::StepSize(3, -2), -2);
-}
-
-TEST(NoteSize, SaturatesAtTheEndsOfInt) {
     constexpr int kMax = std::numeric_limits<int>::max();
-    constexpr int kMin = std::numeric_limits<int>::min();
     EXPECT_EQ(rtf::StepSize(kMax, 2), kMax);
-    EXPECT_EQ(rtf::StepSize(kMin, -2), kMin);
+    EXPECT_EQ(rtf::StepSize(std::numeric_limits<int>::min(), -2), std::numeric_limits<int>::min());
     EXPECT_EQ(rtf::StepSize(kMax, -2), kMax - 1 - 4) << "away from the end it steps normally";
 }
 
