@@ -2,9 +2,6 @@
 #include "core/outline/OutlineTestSupport.h"
 
 using namespace chartcal;
-using charttest::Holiday;
-
-namespace {
 
 TEST(ChartCalendar, DayNumbersRoundTripAndKnowTheirWeekdays) {
     EXPECT_EQ(DaysFromCivil(1970, 1, 1), 0);
@@ -33,11 +30,11 @@ TEST(ChartCalendar, LocalDayNumberFollowsTheLocalDateAcrossDaylightSavingChanges
 
 TEST(ChartCalendar, YearlyHolidaysRecurDatedOnesDoNotAndDamagedOnesAreIgnored) {
     const HolidayCalendar calendar({
-        Holiday(29, 2, 2023, 1, true),  // a yearly leap day, entered in a common year
-        Holiday(3, 10, 2026, 2, true),  // yearly
-        Holiday(3, 10, 2026, 3, false), // the same day, dated: wins in its year
-        Holiday(3, 10, 2026, 4, false), // a second dated entry: the first one listed wins
-        Holiday(31, 4, 2026, 5, false), // no such date
+        CHoliday{29, 2, 2023, 1, "", true},  // a yearly leap day, entered in a common year
+        CHoliday{3, 10, 2026, 2, "", true},  // yearly
+        CHoliday{3, 10, 2026, 3, "", false}, // the same day, dated: wins in its year
+        CHoliday{3, 10, 2026, 4, "", false}, // a second dated entry: the first one listed wins
+        CHoliday{31, 4, 2026, 5, "", false}, // no such date
     });
     EXPECT_EQ(calendar.ColourOf(DaysFromCivil(2028, 2, 29)), 1);
     EXPECT_FALSE(calendar.ColourOf(DaysFromCivil(2027, 3, 1)));
@@ -45,5 +42,3 @@ TEST(ChartCalendar, YearlyHolidaysRecurDatedOnesDoNotAndDamagedOnesAreIgnored) {
     EXPECT_EQ(calendar.ColourOf(DaysFromCivil(2031, 10, 3)), 2);
     EXPECT_FALSE(calendar.ColourOf(DaysFromCivil(2026, 5, 1)));
 }
-
-} // namespace

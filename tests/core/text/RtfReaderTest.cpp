@@ -150,8 +150,7 @@ TEST(RtfReaderFormat, TheParagraphMarkKeepsItsOwnFormat) {
 }
 
 TEST(RtfReaderCharacters, EightBitTextFollowsTheCodePage) {
-    EXPECT_EQ(PlainText(R"({\rtf1\ansi \'e4\'80\'9c})"), "ä€œ");
-    EXPECT_EQ(PlainText("{\\rtf1\\ansi \xe4}"), "ä"); // unescaped 8-bit text too
+    EXPECT_EQ(PlainText("{\\rtf1\\ansi \\'e4\\'80\\'9c\xe4}"), "ä€œä"); // unescaped 8-bit text too
     EXPECT_EQ(PlainText(R"({\rtf1\ansi\ansicpg1251 \'e4\'c0})"), "дА");
     EXPECT_EQ(PlainText(R"({\rtf1\mac \'8a})"), "ä");
     // A font's character set overrides the document's code page, only while that font is in use.
@@ -159,8 +158,8 @@ TEST(RtfReaderCharacters, EightBitTextFollowsTheCodePage) {
                         R"(\'e4\f1\'e4\f2\'b9{\f1\'e4}\'e4})"),
               "äдąдä");
     EXPECT_EQ(PlainText(R"({\rtf1{\fonttbl{\f0\cpg1251 A;}}\'e4})"), "д");
-    // An unknown code page reads as Windows-1252.
-    EXPECT_EQ(PlainText(R"({\rtf1\ansicpg0 \'e4})"), "ä");
+    // A code page of 0 is ignored; an unknown one reads as Windows-1252.
+    EXPECT_EQ(PlainText(R"({\rtf1\ansicpg1251\ansicpg0 \'e4})"), "д");
     EXPECT_EQ(PlainText(R"({\rtf1\ansicpg4711 \'e4})"), "ä");
     // A symbol font keeps its glyph numbers, ASCII included: U+F061 U+F0B7.
     EXPECT_EQ(PlainText(R"({\rtf1{\fonttbl{\f0 Arial;}{\f1\fcharset2 Symbol;}}a\f1 a\'b7})"),
@@ -178,22 +177,16 @@ TEST(RtfReaderCharacters, DoubleByteCodePages) {
 }
 
 TEST(RtfReaderCharacters, UnicodeWithFallback) {
-    EXPECT_EQ(PlainText(R"({\rtf1 \u8364?x})"), "€x");
-    EXPECT_EQ(PlainText(R"({\rtf1 \u8364 ?x})"), "€x"); // the blank is the word's delimiter
-    EXPECT_EQ(PlainText(R"({\rtf1\uc0 \u8364 x})"), "€x");
-    EXPECT_EQ(PlainText(R"({\rtf1\uc2 \u8364\'80\'80x})"), "€x");
-    EXPECT_EQ(PlainText(R"({\rtf1\uc2 \u8364 ab x})"), "€ x");
+    // One fallback character after the word's delimiting blank; none after \uc0; two after \uc2.
+    EXPECT_EQ(PlainText(R"({\rtf1 \u8364?a\u8364 ?b\uc0\u8364 c})"), "€a€b€c");
+    EXPECT_EQ(PlainText(R"({\rtf1\uc2 \u8364\'80\'80x\u8364 ab x})"), "€x€ x");
     // The fallback ends with the group, \uc is scoped to its group, a control word is one character.
-    EXPECT_EQ(PlainText(R"({\rtf1 {\u8364}x})"), "€x");
-    EXPECT_EQ(PlainText(R"({\rtf1 {\uc2 \u8364??}\u8364?x})"), "€€x");
-    EXPECT_EQ(PlainText(R"({\rtf1 \u8364\tab x})"), "€x");
+    EXPECT_EQ(PlainText(R"({\rtf1 {\u8364}x{\uc2 \u8364??}\u8364?x\u8364\tab y})"), "€x€€x€y");
     // Negative numbers are the upper half of the 16-bit range (U+F0B7); surrogate pairs become one
     // character; a lone half is replaced.
-    EXPECT_EQ(PlainText(R"({\rtf1 \u-3913?})"), "\xEF\x82\xB7");
-    EXPECT_EQ(PlainText(R"({\rtf1 \u-10179?\u-8704?})"), "😀");
-    EXPECT_EQ(PlainText(R"({\rtf1 \u-8704?a})"), "\xEF\xBF\xBD"
-                                                 "a");
-    EXPECT_EQ(PlainText(R"({\rtf1 \u-10179?a})"), "a");
+    EXPECT_EQ(PlainText(R"({\rtf1 \u-3913?\u-10179?\u-8704?})"), "\xEF\x82\xB7😀");
+    EXPECT_EQ(PlainText(R"({\rtf1 \u-8704?a\u-10179?b})"), "\xEF\xBF\xBD"
+                                                           "ab");
 }
 
 TEST(RtfReaderCharacters, ControlSymbolsNamedCharactersAndUnknownWords) {
