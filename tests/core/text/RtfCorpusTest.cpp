@@ -8,9 +8,9 @@
 #include "support/TempDir.h"
 #include "support/TestEnvironment.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <regex>
 #include <set>
 #include <sstream>
 
@@ -50,21 +50,7 @@ std::vector<CorpusFile> LoadCorpus() {
 
 // A list label as the other program writes it: four blanks, a bullet or a number with '.' or ')', a
 // blank. Our text has no labels: the rich-edit control numbers lists itself.
-size_t ListLabelLength(std::string_view line) {
-    if (!line.starts_with("    "))
-        return 0;
-    std::string_view rest = line.substr(4);
-    for (std::string_view bullet : {"\xE2\x80\xA2 ", "\xE2\x97\xA6 ", "\xE2\x96\xAA "})
-        if (rest.starts_with(bullet))
-            return 4 + bullet.size();
-    size_t digits = 0;
-    while (digits < rest.size() && digits < 4 && std::isalnum(static_cast<unsigned char>(rest[digits])))
-        ++digits;
-    const std::string_view after = rest.substr(std::min(digits, rest.size()), 2);
-    if (digits > 0 && (after == ". " || after == ") "))
-        return 4 + digits + 2;
-    return 0;
-}
+const std::regex kListLabel("^    (\xE2\x80\xA2|\xE2\x97\xA6|\xE2\x96\xAA|[[:alnum:]]{1,4}[.)]) ");
 
 std::string TrimEnd(std::string text) {
     while (!text.empty() && std::isspace(static_cast<unsigned char>(text.back())))
@@ -83,7 +69,7 @@ std::string NormaliseExpected(const std::string& text) {
             line.pop_back();
         for (size_t pos; (pos = line.find("\xE2\x80\x86 ")) != std::string::npos;)
             line.erase(pos, 3);
-        result += line.substr(ListLabelLength(line)) + "\n";
+        result += std::regex_replace(line, kListLabel, "", std::regex_constants::format_first_only) + "\n";
     }
     return TrimEnd(result);
 }
