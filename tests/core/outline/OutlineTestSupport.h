@@ -58,6 +58,10 @@ inline void AppendCopies(CProjectNode* node, int count) {
     }
 }
 
+inline CHoliday Holiday(int day, int month, int year, int colour, bool yearly) {
+    return {day, month, year, colour, "", yearly};
+}
+
 inline CProjectNode* Find(CProjectNode* first, const std::string& title) {
     for (CProjectNode* node = first; node; node = node->m_pNext)
         if (node->m_strTitle == title)

@@ -53,9 +53,7 @@ std::vector<CorpusFile> LoadCorpus() {
 const std::regex kListLabel("^    (\xE2\x80\xA2|\xE2\x97\xA6|\xE2\x96\xAA|[[:alnum:]]{1,4}[.)]) ");
 
 std::string TrimEnd(std::string text) {
-    while (!text.empty() && std::isspace(static_cast<unsigned char>(text.back())))
-        text.pop_back();
-    return text;
+    return text.erase(text.find_last_not_of(" \t\n\v\f\r") + 1);
 }
 
 // The other program's text, normalised as the corpus describes: byte-order mark, CR LF, blanks written
