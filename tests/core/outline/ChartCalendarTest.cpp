@@ -4,8 +4,6 @@
 using namespace chartcal;
 using charttest::Holiday;
 
-namespace {
-
 TEST(ChartCalendar, DayNumbersRoundTripAndKnowTheirWeekdays) {
     EXPECT_EQ(DaysFromCivil(1970, 1, 1), 0);
     EXPECT_EQ(DaysFromCivil(2100, 3, 1) - DaysFromCivil(2100, 2, 28), 1) << "2100 is no leap year";
@@ -15,7 +13,7 @@ TEST(ChartCalendar, DayNumbersRoundTripAndKnowTheirWeekdays) {
         ASSERT_LE(date.day, DaysInMonth(date.year, date.month));
     }
     EXPECT_EQ(Weekday(DaysFromCivil(2026, 3, 11)), 3);  // Wednesday
-    EXPECT_EQ(Weekday(DaysFromCivil(1969, 12, 28)), 0); // a Sunday before the epoch
+    EXPECT_EQ(Weekday(DaysFromCivil(1969, 12, 27)), 6); // a Saturday some days before the epoch
     EXPECT_TRUE(IsWeekend(DaysFromCivil(2026, 3, 15)));
     EXPECT_FALSE(IsWeekend(DaysFromCivil(2026, 3, 16)));
 }
@@ -45,5 +43,3 @@ TEST(ChartCalendar, YearlyHolidaysRecurDatedOnesDoNotAndDamagedOnesAreIgnored) {
     EXPECT_EQ(calendar.ColourOf(DaysFromCivil(2031, 10, 3)), 2);
     EXPECT_FALSE(calendar.ColourOf(DaysFromCivil(2026, 5, 1)));
 }
-
-} // namespace

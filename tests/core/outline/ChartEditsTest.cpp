@@ -3,8 +3,6 @@
 
 using namespace charttest;
 
-namespace {
-
 class ChartEditsTest : public ::testing::Test {
 protected:
     ~ChartEditsTest() override { FreeNodeList(first); }
@@ -20,12 +18,12 @@ protected:
 };
 
 TEST_F(ChartEditsTest, MovedSubtreeGoesBeforeTheTargetAsItsSiblingOrLastUnderTheRoot) {
-    ASSERT_TRUE(MoveSubtree(first, N("B"), N("T")));
-    EXPECT_EQ(Outline(first), "0:R 1:A 2:a1 1:B 2:b1 1:T 1:N");
+    ASSERT_TRUE(MoveSubtree(first, N("B"), nullptr));
+    EXPECT_EQ(Outline(first), "0:R 1:A 2:a1 1:T 1:N 1:B 2:b1");
     ASSERT_TRUE(MoveSubtree(first, N("N"), N("b1")));
-    EXPECT_EQ(Outline(first), "0:R 1:A 2:a1 1:B 2:N 2:b1 1:T");
-    ASSERT_TRUE(MoveSubtree(first, N("A"), nullptr));
-    EXPECT_EQ(Outline(first), "0:R 1:B 2:N 2:b1 1:T 1:A 2:a1");
+    EXPECT_EQ(Outline(first), "0:R 1:A 2:a1 1:T 1:B 2:N 2:b1");
+    ASSERT_TRUE(MoveSubtree(first, N("B"), N("a1")));
+    EXPECT_EQ(Outline(first), "0:R 1:A 2:B 3:N 3:b1 2:a1 1:T");
 }
 
 TEST_F(ChartEditsTest, RefusedAndEmptyDropsLeaveTheListAlone) {
@@ -74,5 +72,3 @@ TEST_F(ChartEditsTest, CopiesAreDeepAndCarryNoRunningClock) {
     EXPECT_EQ(Outline(first), "0:B 1:b1 0:R 1:A 2:a1 2:B 3:b1 1:T 1:N");
     EXPECT_EQ(CurrentNode(first)->m_strTitle, "R");
 }
-
-} // namespace

@@ -3,8 +3,6 @@
 
 using namespace charttest;
 
-namespace {
-
 class ChartRowsTest : public ::testing::Test {
 protected:
     ~ChartRowsTest() override { FreeNodeList(first); }
@@ -66,5 +64,3 @@ TEST(ChartRows, DamagedLevelsNeitherCrashNorMiscount) {
     EXPECT_EQ(first->m_nRowPos, 100) << "the root's subtree ends at the node above its level";
     FreeNodeList(first);
 }
-
-} // namespace

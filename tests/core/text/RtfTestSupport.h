@@ -22,19 +22,12 @@ inline std::vector<std::string> Texts(const rtf::Document& document) {
 // What PlainText promises to equal: the paragraphs joined by line ends, line breaks as line ends.
 inline std::string Joined(const rtf::Document& document) {
     std::string joined;
-    const auto texts = Texts(document);
-    for (size_t i = 0; i < texts.size(); ++i) {
-        if (i > 0)
-            joined += '\n';
-        for (size_t pos = 0; pos < texts[i].size(); ++pos) {
-            if (texts[i].compare(pos, 3, "\xE2\x80\xA8") == 0) { // U+2028
-                joined += '\n';
-                pos += 2;
-            } else {
-                joined += texts[i][pos];
-            }
-        }
-    }
+    for (const std::string& text : Texts(document))
+        joined += text + '\n';
+    if (!joined.empty())
+        joined.pop_back();
+    for (size_t pos; (pos = joined.find("\xE2\x80\xA8")) != std::string::npos;) // U+2028
+        joined.replace(pos, 3, 1, '\n');
     return joined;
 }
 

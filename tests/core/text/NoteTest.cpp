@@ -1,15 +1,90 @@
-// The note pane's rules that need no widget: the size step of "Text größer" / "Text kleiner" and
-// what a hyperlink target names and whether it opens without a question.
+// The note rules that need no widget: the default note of a new node, the size step of "Text größer" /
+// "Text kleiner", the hyperlink brackets, what a link target names and whether it opens without a
+// question, and the plain-text cache.
+#include "text/DefaultNote.h"
+#include "text/Hyperlink.h"
 #include "text/NoteFormat.h"
 #include "text/NoteLink.h"
+#include "text/PlainTextCache.h"
+#include "text/RtfReader.h"
+
+#include "core/text/RtfTestSupport.h"
 
 #include <gtest/gtest.h>
-
 #include <limits>
 
 using rtf::LinkKind;
+using rtf::LinkRange;
 
-TEST(NoteSize, StepsInWholePointsWithoutBounds) {
+TEST(DefaultNote, OneEmptyParagraphInTheConfiguredFaceAndSize) {
+    for (int points : {6, 12, 100}) {
+        rtf::Document expected;
+        expected.paragraphs.push_back(
+            {rtf::Alignment::Left, {}, rtftest::Format("Arial", points * 2), rtf::ParagraphBreak::Paragraph});
+        EXPECT_EQ(rtf::ReadRtf(MakeDefaultNote("Arial", points)), expected) << points;
+    }
+    // The face name is Windows-1252 like every setting; the note comes from the writer, without the
+    // template's unused fonts.
+    const std::string note = MakeDefaultNote("Schrift \xC4", 10);
+    EXPECT_EQ(rtf::ReadRtf(note).paragraphs.at(0).mark.face, "Schrift Ä");
+    EXPECT_EQ(note.find("Symbol"), std::string::npos);
+}
+
+TEST(Hyperlink, DoubleClickInsideBrackets) {
+    const std::u16string_view text = u"Siehe [C:\\Daten\\Plan.doc] und [www.example.com].";
+    // A word inside the first link, the whole second link, and a caret inside it.
+    EXPECT_EQ(rtf::FindLinkAround(text, 10, 15), (LinkRange{7, 24}));
+    EXPECT_EQ(rtf::FindLinkAround(text, 30, 47), (LinkRange{31, 46}));
+    EXPECT_EQ(rtf::FindLinkAround(text, 35, 35), (LinkRange{31, 46}));
+    // Outside the brackets, between two links, nothing.
+    EXPECT_EQ(rtf::FindLinkAround(text, 0, 5), std::nullopt);
+    EXPECT_EQ(rtf::FindLinkAround(text, 26, 29), std::nullopt);
+    EXPECT_EQ(rtf::FindLinkAround(text, 47, 48), std::nullopt);
+    // A bracket that never closes on its line is no link.
+    EXPECT_EQ(rtf::FindLinkAround(std::u16string_view(u"[abc\u2029def]"), 1, 2), std::nullopt);
+    EXPECT_EQ(rtf::FindLinkAround(std::string_view("[abc\ndef]"), 6, 7), std::nullopt);
+    // Out-of-range positions are clamped.
+    EXPECT_EQ(rtf::FindLinkAround(std::string_view("[ab]"), 9, 3), std::nullopt);
+    EXPECT_EQ(rtf::FindLinkAround(std::string_view("[ab]"), 1, 99), (LinkRange{1, 3}));
+}
+
+TEST(Hyperlink, TypedClosingBracket) {
+    const std::string_view text = "Pfad [C:\\a.doc] und [x] y]";
+    EXPECT_EQ(rtf::FindLinkClosedAt(text, 15), (LinkRange{6, 14}));
+    EXPECT_EQ(rtf::FindLinkClosedAt(text, 23), (LinkRange{21, 22}));
+    EXPECT_EQ(rtf::FindLinkClosedAt(text, 14), std::nullopt); // no ']' before the caret
+    EXPECT_EQ(rtf::FindLinkClosedAt(text, 26), std::nullopt); // the nearest bracket back is a ']'
+    EXPECT_EQ(rtf::FindLinkClosedAt(std::string_view("a[]"), 3), std::nullopt);
+    EXPECT_EQ(rtf::FindLinkClosedAt(std::string_view("]"), 1), std::nullopt);
+    EXPECT_EQ(rtf::FindLinkClosedAt(std::string_view("x"), 0), std::nullopt);
+    EXPECT_EQ(rtf::FindLinkClosedAt(std::string_view("[a]"), 7), std::nullopt);
+}
+
+TEST(Hyperlink, TargetSplitsAtTheLastBackslash) {
+    const auto file = rtf::SplitLinkTarget(std::string_view("C:\\Daten\\Plan.doc"));
+    EXPECT_EQ(std::tuple(file.folder, file.file), std::tuple("C:\\Daten\\", "Plan.doc"));
+    const auto web = rtf::SplitLinkTarget(std::string_view("http://www.example.com/a/b"));
+    EXPECT_EQ(std::tuple(web.folder, web.file), std::tuple("", "http://www.example.com/a/b"));
+    const auto share = rtf::SplitLinkTarget(std::u16string_view(u"\\\\server\\share\\"));
+    EXPECT_EQ(std::tuple(share.folder, share.file), std::tuple(u"\\\\server\\share\\", u""));
+}
+
+TEST(PlainTextCache, ParsesEachNoteOnceAndStaysBounded) {
+    rtf::PlainTextCache cache(2);
+    const std::string a = R"({\rtf1 Alpha\par Beta})";
+    const std::string b = R"({\rtf1 Gamma})";
+    EXPECT_EQ(cache.Get(a), "Alpha\nBeta");
+    EXPECT_EQ(cache.Get(a), "Alpha\nBeta");
+    EXPECT_EQ(cache.Size(), 1u);
+    EXPECT_EQ(cache.Get(b), "Gamma");
+    // A changed note is a new key, even with the same length.
+    EXPECT_EQ(cache.Get(R"({\rtf1 Gammb})"), "Gammb");
+    EXPECT_LE(cache.Size(), 2u);
+    EXPECT_EQ(cache.Get(a), "Alpha\nBeta");
+    EXPECT_EQ(cache.Get(b), "Gamma");
+}
+
+TEST(NoteSize, StepsInWholePointsWithoutBoundsAndSaturatesAtTheEndsOfInt) {
     EXPECT_EQ(rtf::StepSize(20, 2), 24) << "10 pt gives 12 pt";
     EXPECT_EQ(rtf::StepSize(2, -2), -2) << "1 pt gives -1 pt: no lower bound";
     EXPECT_EQ(rtf::StepSize(-2, -2), -6);
@@ -17,13 +92,9 @@ TEST(NoteSize, StepsInWholePointsWithoutBounds) {
     EXPECT_EQ(rtf::StepSize(21, -2), 16);
     EXPECT_EQ(rtf::StepSize(-3, -2), -6) << "dropped towards zero, as integer division drops it";
     EXPECT_EQ(rtf::StepSize(3, -2), -2);
-}
-
-TEST(NoteSize, SaturatesAtTheEndsOfInt) {
     constexpr int kMax = std::numeric_limits<int>::max();
-    constexpr int kMin = std::numeric_limits<int>::min();
     EXPECT_EQ(rtf::StepSize(kMax, 2), kMax);
-    EXPECT_EQ(rtf::StepSize(kMin, -2), kMin);
+    EXPECT_EQ(rtf::StepSize(std::numeric_limits<int>::min(), -2), std::numeric_limits<int>::min());
     EXPECT_EQ(rtf::StepSize(kMax, -2), kMax - 1 - 4) << "away from the end it steps normally";
 }
 
@@ -74,7 +145,6 @@ TEST(NoteLinkTarget, NetworkPathsWithEitherSeparatorOrAsFileUrl) {
 TEST(NoteLinkTarget, ProgramsByTheNameTheSystemOpens) {
     ExpectKinds({{"setup.exe", LinkKind::Program},
                  {"C:\\Tools\\RUN.BaT", LinkKind::Program},
-                 {"tool.exe.", LinkKind::Program},
                  {"tool.exe . .", LinkKind::Program},
                  {"C:\\x\\tool.exe\\.", LinkKind::Program},
                  {"C:tool.exe", LinkKind::Program},
