@@ -4,11 +4,13 @@
 #include "text/DefaultNote.h"
 
 #include <cerrno>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <tuple>
 #include <unistd.h>
 
 using namespace doctest;
+using ::testing::HasSubstr;
 
 namespace {
 
@@ -28,10 +30,10 @@ TEST_F(DocSaveTest, NewDocumentHasTheNamedRootAndTheSettingsNote) {
     CVeltoDoc fresh(prompter, "Verdana", 14, &fs, "Anna");
     ASSERT_TRUE(fresh.OnNewDocument());
     const CProjectNode& root = *fresh.m_pFirstNode;
-    EXPECT_EQ(root.m_strTitle, "Projektname");
+    EXPECT_EQ(std::tie(root.m_strTitle, root.m_strNote),
+              std::tuple("Projektname", MakeDefaultNote("Verdana", 14)));
     EXPECT_EQ(std::tuple(root.m_pNext, root.m_nKind, root.m_nLevel, root.m_bExpanded, root.m_bSelected),
               std::tuple(nullptr, kKindProject, 0, 1, 1));
-    EXPECT_EQ(root.m_strNote, MakeDefaultNote("Verdana", 14));
     EXPECT_EQ(std::tuple(fresh.m_view.chartWidth1, fresh.m_view.chartWidth2, fresh.m_view.zoom),
               std::tuple(200, 200, 20u));
     EXPECT_EQ(fresh.GetTitle(), "Unbenannt");
@@ -41,28 +43,27 @@ TEST_F(DocSaveTest, FailedWriteKeepsTheFileAndTheModifiedFlag) {
     ASSERT_TRUE(SaveAs("gut", project));
     fs.faults = {{Op::Write, ".tmp", ENOSPC}};
     EXPECT_FALSE(SaveAs("neu", project));
-    EXPECT_EQ(prompter.texts().back(), "Festplatte voll!");
+    EXPECT_EQ(Told(), "Festplatte voll!");
     EXPECT_TRUE(doc.IsModified());
     EXPECT_EQ(RootTitleIn(project), "gut");
     EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.VT5", "Plan.~~~"}));
-}
 
-TEST_F(DocSaveTest, LockThatCannotBeWrittenStopsTheSave) {
     fs.faults = {{Op::Open, ".~~~", EACCES}};
-    EXPECT_FALSE(SaveAs("neu", project));
-    EXPECT_NE(prompter.texts().back().find(lock), std::string::npos);
-    EXPECT_TRUE(Names().empty());
+    EXPECT_FALSE(SaveAs("neu", PathOf("Anders.VT5")));
+    EXPECT_THAT(Told(), HasSubstr(PathOf("Anders.~~~"))) << "a lock that cannot be written stops the save";
+    EXPECT_FALSE(Exists(PathOf("Anders.VT5")));
 }
 
-// A failed or cancelled "save as" leaves the document exactly as it was: a viewer stays a viewer
-// and never touches the holder's lock.
-TEST_F(DocSaveTest, FailedSaveAsLeavesAReadOnlyDocumentReadOnly) {
+// A read-only document refuses every save to its own file and never touches the holder's lock; a
+// failed or cancelled "save as" leaves it read-only, a successful one makes it ours.
+TEST_F(DocSaveTest, AReadOnlyDocumentStaysReadOnlyUntilSavedUnderANewName) {
     const std::string foreign = ProjectBytes("fremd");
     WriteFile(project, foreign);
     WriteFile(lock, LockOf("Bert"));
     prompter.Answer(PromptAnswer::Yes);
     CVeltoDoc viewer(prompter, "Arial", 12, &fs, "Anna");
     ASSERT_TRUE(viewer.OnOpenDocument(project));
+    EXPECT_EQ(viewer.GetTitle(), "Plan.VT5 - SCHREIBGESCHÜTZT");
 
     for (const std::string& target : {PathOf("fehlt/Kopie.VT5"), PathOf("Kopie.VT5")}) {
         viewer.PrepareSaveAs();
@@ -70,21 +71,24 @@ TEST_F(DocSaveTest, FailedSaveAsLeavesAReadOnlyDocumentReadOnly) {
         EXPECT_FALSE(viewer.OnSaveDocument(target));
         EXPECT_FALSE(Exists(LockFilePath(target)));
         EXPECT_TRUE(viewer.m_bReadOnly);
+        viewer.m_pFirstNode->m_strTitle = "Geändert";
         EXPECT_FALSE(viewer.OnSaveDocument(project));
-        EXPECT_EQ(prompter.texts().back(), "Datei ist schreibgeschützt!");
-        EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
-        EXPECT_EQ(ReadFile(project), foreign);
+        EXPECT_EQ(Told(), "Datei ist schreibgeschützt!");
     }
     viewer.PrepareSaveAs();
     viewer.CancelSaveAs();
     EXPECT_FALSE(viewer.OnSaveDocument(project));
+    EXPECT_EQ(ReadFile(project), foreign);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.VT5", "Plan.~~~"}));
+    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
 
     viewer.PrepareSaveAs();
     ASSERT_TRUE(viewer.OnSaveDocument(PathOf("Kopie.VT5")));
     EXPECT_FALSE(viewer.m_bReadOnly);
     EXPECT_EQ(viewer.GetTitle(), "Kopie.VT5");
-    EXPECT_EQ(ReadFile(PathOf("Kopie.VT5")), foreign);
+    EXPECT_EQ(RootTitleIn(PathOf("Kopie.VT5")), "Geändert");
     EXPECT_EQ(ReadFile(PathOf("Kopie.~~~")), OwnLockOf("Anna"));
+    EXPECT_TRUE(viewer.OnCloseDocument());
     EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
 }
 
@@ -101,7 +105,6 @@ TEST_F(DocSaveTest, SaveAsKeepsTheOldLockUntilTheNewFileIsSaved) {
     doc.PrepareSaveAs();
     EXPECT_FALSE(SaveAs("zwei", PathOf("Fremd.VT5")));
     EXPECT_EQ(ReadFile(PathOf("Fremd.~~~")), LockOf("Bert"));
-    EXPECT_FALSE(Exists(PathOf("Fremd.VT5")));
 
     doc.PrepareSaveAs();
     ASSERT_TRUE(SaveAs("zwei", PathOf("Neu.VT5")));
@@ -116,7 +119,7 @@ TEST_F(DocSaveTest, LockTakenOverByAnotherStopsOurSavesAndOurClose) {
     std::filesystem::remove(lock); // "Schreibschutz entfernen" by Bert, who then opens it
     WriteFile(lock, LockOf("Bert"));
     EXPECT_FALSE(SaveAs("zwei", project));
-    EXPECT_NE(prompter.texts().back().find("ist bereits von Bert"), std::string::npos);
+    EXPECT_THAT(Told(), HasSubstr("ist bereits von Bert"));
     EXPECT_EQ(RootTitleIn(project), "eins");
     EXPECT_TRUE(doc.OnCloseDocument());
     EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
@@ -132,16 +135,14 @@ TEST_F(DocSaveTest, SavingKeepsTheFilesIdentity) {
     ASSERT_TRUE(SaveAs("zwei", project));
     struct stat info {};
     ASSERT_EQ(stat(project.c_str(), &info), 0);
-    EXPECT_EQ(info.st_mode & 07777, 0660u);
-    EXPECT_EQ(std::tuple(info.st_uid, info.st_gid), std::tuple(4321u, 4322u));
+    EXPECT_EQ(std::tuple(info.st_mode & 07777, info.st_uid, info.st_gid), std::tuple(0660u, 4321u, 4322u));
 
     ASSERT_EQ(chmod(project.c_str(), 0444), 0);
     EXPECT_FALSE(SaveAs("drei", project));
-    EXPECT_EQ(prompter.texts().back(), "Datei ist schreibgeschützt!");
+    EXPECT_EQ(Told(), "Datei ist schreibgeschützt!");
     EXPECT_EQ(RootTitleIn(project), "zwei");
     ASSERT_EQ(chmod(project.c_str(), 0660), 0);
 
-    std::filesystem::create_directory(PathOf("echt"));
     const std::string link = PathOf("Verknüpfung.VT5");
     std::filesystem::create_symlink(project, link);
     CVeltoDoc linked(prompter, "Arial", 12, &fs, "Anna");
@@ -162,13 +163,12 @@ TEST_F(DocSaveTest, SaveKilledBeforeItsLastRenameIsOfferedBackOnOpen) {
     // What a save killed just before the replace leaves: a whole newer state beside the project.
     WriteFile(project + ".~rechner-77-0.tmp", ProjectBytes("neuer"));
     WriteFile(project + ".~rechner-78-0.tmp", ProjectBytes("halb").substr(0, 40));
-    CVeltoDoc next(prompter, "Arial", 12, &fs, "Anna");
     prompter.Answer(PromptAnswer::Yes);
-    ASSERT_TRUE(next.OnOpenDocument(project));
-    ASSERT_FALSE(prompter.asked().empty());
-    EXPECT_EQ(prompter.asked().back().caption, "Wiederherstellen?");
-    EXPECT_EQ(next.m_pFirstNode->m_strTitle, "neuer");
-    EXPECT_FALSE(next.IsModified());
+    ASSERT_TRUE(doc.OnOpenDocument(project));
+    ASSERT_EQ(prompter.asked().size(), 1u);
+    EXPECT_EQ(prompter.asked()[0].caption, "Wiederherstellen?");
+    EXPECT_EQ(doc.m_pFirstNode->m_strTitle, "neuer");
+    EXPECT_FALSE(doc.IsModified());
     EXPECT_EQ(RootTitleIn(project), "neuer");
     EXPECT_EQ(RootTitleIn(BackupFilePath(project, 0)), "alt");
     EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.BK0", "Plan.VT5", "Plan.~~~"}));
@@ -235,8 +235,7 @@ TEST_F(DocSaveTest, ViewsAreToldOnceAndNotAfterTheyLeft) {
     doc.AddObserver(&second);
     first.onUpdate = [&] { doc.RemoveObserver(&second); };
     doc.UpdateAllViews();
-    EXPECT_EQ(first.updates, 1);
-    EXPECT_EQ(second.updates, 0);
+    EXPECT_EQ(std::tuple(first.updates, second.updates), std::tuple(1, 0));
 }
 
 } // namespace

@@ -8,33 +8,26 @@
 #include <gtest/gtest.h>
 #include <optional>
 
-using testsupport::ReadFile;
 using testsupport::TempDir;
 using testsupport::WriteFile;
 
 namespace {
 
-// Sets or clears an environment variable for one test and restores it afterwards.
+// Sets (or, given nullptr, clears) an environment variable for one scope.
 class ScopedEnv {
 public:
     ScopedEnv(const char* name, const char* value) : m_name(name) {
         if (const char* old = std::getenv(name))
             m_old = old;
-        if (value)
-            setenv(name, value, 1);
-        else
-            unsetenv(name);
+        Set(value);
     }
-    ~ScopedEnv() {
-        if (m_old)
-            setenv(m_name, m_old->c_str(), 1);
-        else
-            unsetenv(m_name);
-    }
+    ~ScopedEnv() { Set(m_old ? m_old->c_str() : nullptr); }
     ScopedEnv(const ScopedEnv&) = delete;
     ScopedEnv& operator=(const ScopedEnv&) = delete;
 
 private:
+    void Set(const char* value) const { value ? setenv(m_name, value, 1) : unsetenv(m_name); }
+
     const char* m_name;
     std::optional<std::string> m_old;
 };
@@ -47,19 +40,17 @@ TEST(DataDir, TheOverrideWinsOverTheUserDirectory) {
     EXPECT_EQ(AssigneeFilePath(), "/srv/velto/Bearbeiter.dat");
 }
 
-TEST(DataDir, UserDirectoryComesFromXdgThenHome) {
+TEST(DataDir, UserDirectoryComesFromAnAbsoluteXdgPathElseFromHome) {
     ScopedEnv dir("VELTO_DATA_DIR", "");
     ScopedEnv home("HOME", "/home/u");
-    {
-        ScopedEnv xdg("XDG_DATA_HOME", "/home/u/data");
-        EXPECT_EQ(DataDirectory(), "/home/u/data/kolvarin/Velto5");
+    const std::pair<const char*, std::string> cases[] = {
+        {"/home/u/data", "/home/u/data/kolvarin/Velto5"},
+        {"relative/data", "/home/u/.local/share/kolvarin/Velto5"},
+        {nullptr, "/home/u/.local/share/kolvarin/Velto5"}};
+    for (const auto& [xdg, expected] : cases) {
+        ScopedEnv set("XDG_DATA_HOME", xdg);
+        EXPECT_EQ(DataDirectory(), expected);
     }
-    {
-        ScopedEnv xdg("XDG_DATA_HOME", "relative/data");
-        EXPECT_EQ(DataDirectory(), "/home/u/.local/share/kolvarin/Velto5");
-    }
-    ScopedEnv xdg("XDG_DATA_HOME", nullptr);
-    EXPECT_EQ(DataDirectory(), "/home/u/.local/share/kolvarin/Velto5");
 }
 
 TEST(DataDir, EnsureCreatesTheMissingParents) {

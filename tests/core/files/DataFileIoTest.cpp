@@ -1,5 +1,6 @@
 // The data files' reading and saving: a file that cannot be read is told apart from a missing one,
-// a save that fails at any step keeps the file and its backup, and a linked file stays linked.
+// each save keeps the file before it as the one backup, a save that fails at any step keeps the file
+// and its backup, and a linked file stays linked.
 #include "files/AssigneeFile.h"
 #include "files/HolidayFile.h"
 
@@ -31,6 +32,7 @@ TEST_F(DataFileTest, AFileThatCannotBeReadIsToldApartFromAMissingOne) {
     EXPECT_EQ(failedRead.error, -EIO);
     EXPECT_TRUE(failedRead.entries.empty()) << "nothing of a file read halfway";
     EXPECT_EQ(ReadHolidayFile(file, fs).entries.size(), 1u);
+    EXPECT_TRUE(LoadHolidays(Dir()).empty()) << "a folder is not a file";
 
     const std::string folder = PathOf("Bearbeiter.dat");
     std::filesystem::create_directory(folder);
@@ -40,6 +42,17 @@ TEST_F(DataFileTest, AFileThatCannotBeReadIsToldApartFromAMissingOne) {
     EXPECT_EQ(CannotReadDataFileMessage(folder, presets.error),
               "Die Datei \"" + folder +
                   "\" kann nicht gelesen werden (ist ein Ordner). Sie wird nicht überschrieben.");
+}
+
+TEST_F(DataFileTest, EachSaveKeepsTheFileBeforeItAsTheBackup) {
+    ASSERT_TRUE(SaveHolidays(file, {{24, 12, 2024, 14483420, "Heilig Abend", true}}, fs));
+    EXPECT_EQ(Names(), std::vector<std::string>{"Feiertage.dat"});
+    const std::string first = ReadFile(file);
+    ASSERT_EQ(LoadHolidays(file).size(), 1u);
+    EXPECT_EQ(LoadHolidays(file)[0].name, "Heilig Abend");
+    ASSERT_TRUE(SaveHolidays(file, kNewEntries, fs));
+    EXPECT_EQ(ReadFile(file), FormatHolidays(kNewEntries));
+    EXPECT_EQ(ReadFile(backup), first);
 }
 
 TEST_F(DataFileTest, ASaveFailingAtAnyStepKeepsTheFileAndItsBackup) {
@@ -62,22 +75,19 @@ TEST_F(DataFileTest, ASaveFailingAtAnyStepKeepsTheFileAndItsBackup) {
         {"replacing the file", {{Op::Rename, "Feiertage.dat", EIO}}},
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE(c.step);
         WriteFile(file, "current");
         WriteFile(backup, "previous");
         fs.faults = c.faults;
         const SaveOutcome saved = SaveHolidays(file, kNewEntries, fs);
-        EXPECT_FALSE(saved) << c.step;
-        EXPECT_EQ(saved.error, -c.faults[0].error) << c.step;
-        EXPECT_EQ(ReadFile(file), "current") << c.step;
+        EXPECT_FALSE(saved);
+        EXPECT_EQ(saved.error, -c.faults[0].error);
+        EXPECT_EQ(ReadFile(file), "current");
         // Only the last rename comes after the backup was replaced: it then holds the unchanged file.
         const bool lastStep = c.faults[0].op == Op::Rename && c.faults[0].suffix == "Feiertage.dat";
-        EXPECT_EQ(ReadFile(backup), lastStep ? "current" : "previous") << c.step;
-        EXPECT_EQ(Names(), (std::vector<std::string>{"Feiertage.bak", "Feiertage.dat"})) << c.step;
+        EXPECT_EQ(ReadFile(backup), lastStep ? "current" : "previous");
+        EXPECT_EQ(Names(), (std::vector<std::string>{"Feiertage.bak", "Feiertage.dat"}));
     }
-    fs.faults.clear();
-    ASSERT_TRUE(SaveHolidays(file, kNewEntries, fs));
-    EXPECT_EQ(ReadFile(file), FormatHolidays(kNewEntries));
-    EXPECT_EQ(ReadFile(backup), "current");
 }
 
 TEST_F(DataFileTest, ALinkedFileStaysLinkedAndKeepsItsBackupBesideItsTarget) {
