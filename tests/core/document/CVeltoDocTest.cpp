@@ -1,4 +1,5 @@
-// A document's life: new, save with backups, save as, close with running clocks, undo, views.
+// A document's life: opening with the lock-file dialogue, left-over and hostile lock files and
+// unreadable files; new, save, save as, close with running clocks, undo, views.
 #include "core/document/DocTestSupport.h"
 #include "model/NodeList.h"
 #include "text/DefaultNote.h"
@@ -52,44 +53,6 @@ TEST_F(DocSaveTest, FailedWriteKeepsTheFileAndTheModifiedFlag) {
     EXPECT_FALSE(SaveAs("neu", PathOf("Anders.VT5")));
     EXPECT_THAT(Told(), HasSubstr(PathOf("Anders.~~~"))) << "a lock that cannot be written stops the save";
     EXPECT_FALSE(Exists(PathOf("Anders.VT5")));
-}
-
-// A read-only document refuses every save to its own file and never touches the holder's lock; a
-// failed or cancelled "save as" leaves it read-only, a successful one makes it ours.
-TEST_F(DocSaveTest, AReadOnlyDocumentStaysReadOnlyUntilSavedUnderANewName) {
-    const std::string foreign = ProjectBytes("fremd");
-    WriteFile(project, foreign);
-    WriteFile(lock, LockOf("Bert"));
-    prompter.Answer(PromptAnswer::Yes);
-    CVeltoDoc viewer(prompter, "Arial", 12, &fs, "Anna");
-    ASSERT_TRUE(viewer.OnOpenDocument(project));
-    EXPECT_EQ(viewer.GetTitle(), "Plan.VT5 - SCHREIBGESCHÜTZT");
-
-    for (const std::string& target : {PathOf("fehlt/Kopie.VT5"), PathOf("Kopie.VT5")}) {
-        viewer.PrepareSaveAs();
-        fs.faults = {{Op::Sync, ".tmp", EIO}};
-        EXPECT_FALSE(viewer.OnSaveDocument(target));
-        EXPECT_FALSE(Exists(LockFilePath(target)));
-        EXPECT_TRUE(viewer.m_bReadOnly);
-        viewer.m_pFirstNode->m_strTitle = "Geändert";
-        EXPECT_FALSE(viewer.OnSaveDocument(project));
-        EXPECT_EQ(Told(), "Datei ist schreibgeschützt!");
-    }
-    viewer.PrepareSaveAs();
-    viewer.CancelSaveAs();
-    EXPECT_FALSE(viewer.OnSaveDocument(project));
-    EXPECT_EQ(ReadFile(project), foreign);
-    EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.VT5", "Plan.~~~"}));
-    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
-
-    viewer.PrepareSaveAs();
-    ASSERT_TRUE(viewer.OnSaveDocument(PathOf("Kopie.VT5")));
-    EXPECT_FALSE(viewer.m_bReadOnly);
-    EXPECT_EQ(viewer.GetTitle(), "Kopie.VT5");
-    EXPECT_EQ(RootTitleIn(PathOf("Kopie.VT5")), "Geändert");
-    EXPECT_EQ(ReadFile(PathOf("Kopie.~~~")), OwnLockOf("Anna"));
-    EXPECT_TRUE(viewer.OnCloseDocument());
-    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
 }
 
 TEST_F(DocSaveTest, SaveAsKeepsTheOldLockUntilTheNewFileIsSaved) {
@@ -157,23 +120,6 @@ TEST_F(DocSaveTest, SavingKeepsTheFilesIdentity) {
     EXPECT_EQ(linked.GetTitle(), "Verknüpfung.VT5");
 }
 
-TEST_F(DocSaveTest, SaveKilledBeforeItsLastRenameIsOfferedBackOnOpen) {
-    ASSERT_TRUE(SaveAs("alt", project));
-    ASSERT_TRUE(doc.OnCloseDocument());
-    // What a save killed just before the replace leaves: a whole newer state beside the project.
-    WriteFile(project + ".~rechner-77-0.tmp", ProjectBytes("neuer"));
-    WriteFile(project + ".~rechner-78-0.tmp", ProjectBytes("halb").substr(0, 40));
-    prompter.Answer(PromptAnswer::Yes);
-    ASSERT_TRUE(doc.OnOpenDocument(project));
-    ASSERT_EQ(prompter.asked().size(), 1u);
-    EXPECT_EQ(prompter.asked()[0].caption, "Wiederherstellen?");
-    EXPECT_EQ(doc.m_pFirstNode->m_strTitle, "neuer");
-    EXPECT_FALSE(doc.IsModified());
-    EXPECT_EQ(RootTitleIn(project), "neuer");
-    EXPECT_EQ(RootTitleIn(BackupFilePath(project, 0)), "alt");
-    EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.BK0", "Plan.VT5", "Plan.~~~"}));
-}
-
 TEST_F(DocSaveTest, CloseClocksOutRunningClocksAndStaysOpen) {
     ASSERT_TRUE(SaveAs("Wurzel", project));
     CProjectNode* first = CreateChildNode(doc.m_pFirstNode, "", prompter);
@@ -219,12 +165,11 @@ TEST_F(DocSaveTest, UndoSwapsWithTheCopyAndBackAgain) {
 }
 
 struct CountingView : DocObserver {
-    std::function<void()> onUpdate;
+    std::function<void()> onUpdate = [] {};
     int updates = 0;
     void OnDocumentUpdated(CVeltoDoc&) override {
         ++updates;
-        if (onUpdate)
-            onUpdate();
+        onUpdate();
     }
 };
 
@@ -236,6 +181,179 @@ TEST_F(DocSaveTest, ViewsAreToldOnceAndNotAfterTheyLeft) {
     first.onUpdate = [&] { doc.RemoveObserver(&second); };
     doc.UpdateAllViews();
     EXPECT_EQ(std::tuple(first.updates, second.updates), std::tuple(1, 0));
+}
+
+// ---- Opening ----
+
+class DocOpenTest : public DocTest {
+protected:
+    DocOpenTest() { WriteFile(project, original); }
+
+    // Opens the project in a document of its own and says whether it came up read-only.
+    bool OpensReadOnly() {
+        CVeltoDoc other(prompter, "Arial", 12, &fs, "Anna");
+        EXPECT_TRUE(other.OnOpenDocument(project));
+        return other.m_bReadOnly;
+    }
+
+    const std::string original = ProjectBytes("Plan A");
+    std::string heldQuestion =
+        project + " ist bereits von Bert geöffnet.\nSoll die Datei schreibgeschützt geöffnet werden?";
+};
+
+// Declining both questions keeps Bert's lock; removing it still opens nothing, the next open does.
+TEST_F(DocOpenTest, AHeldProjectOpensOnlyWhenAskedAgainAfterItsLockWasRemoved) {
+    WriteFile(lock, LockOf("Bert"));
+    prompter.Answer(PromptAnswer::No)
+        .Answer(PromptAnswer::No)
+        .Answer(PromptAnswer::No)
+        .Answer(PromptAnswer::Yes);
+    EXPECT_FALSE(doc.OnOpenDocument(project));
+    ASSERT_EQ(prompter.asked().size(), 2u);
+    const auto& [held, remove] = std::tie(prompter.asked()[0], prompter.asked()[1]);
+    EXPECT_EQ(std::tie(held.caption, held.text, held.buttons),
+              std::tuple("Datei wird bearbeitet.", heldQuestion, PromptButtons::YesNo));
+    EXPECT_EQ(remove.caption, "Schreibschutz entfernen?");
+    EXPECT_THAT(remove.text,
+                HasSubstr("Möchten Sie den Schreibschutz von " + project + " entfernen?\nENTFERNEN"));
+    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
+    EXPECT_EQ(doc.m_pFirstNode, nullptr);
+
+    EXPECT_FALSE(doc.OnOpenDocument(project));
+    EXPECT_FALSE(Exists(lock));
+    EXPECT_EQ(doc.GetPathName(), "");
+
+    ASSERT_TRUE(doc.OnOpenDocument(project));
+    EXPECT_EQ(prompter.asked().size(), 4u);
+    EXPECT_EQ(doc.m_pFirstNode->m_strTitle, "Plan A");
+    EXPECT_EQ(ReadFile(lock), OwnLockOf("Anna"));
+    EXPECT_EQ(doc.GetTitle(), "Plan.VT5");
+    EXPECT_FALSE(doc.IsModified());
+}
+
+// A read-only document refuses every save to its own file and never touches the holder's lock; a
+// failed or cancelled "save as" leaves it read-only, a successful one makes it ours.
+TEST_F(DocOpenTest, AReadOnlyDocumentStaysReadOnlyUntilSavedUnderANewName) {
+    WriteFile(lock, LockOf("Bert"));
+    prompter.Answer(PromptAnswer::Yes);
+    ASSERT_TRUE(doc.OnOpenDocument(project));
+    EXPECT_EQ(doc.GetTitle(), "Plan.VT5 - SCHREIBGESCHÜTZT");
+    for (const std::string& target : {PathOf("fehlt/Kopie.VT5"), PathOf("Kopie.VT5")}) {
+        doc.PrepareSaveAs();
+        fs.faults = {{Op::Sync, ".tmp", EIO}};
+        EXPECT_FALSE(doc.OnSaveDocument(target));
+        EXPECT_FALSE(Exists(LockFilePath(target)));
+        EXPECT_TRUE(doc.m_bReadOnly);
+        doc.m_pFirstNode->m_strTitle = "Geändert";
+        EXPECT_FALSE(doc.OnSaveDocument(project));
+        EXPECT_EQ(Told(), "Datei ist schreibgeschützt!");
+    }
+    doc.PrepareSaveAs();
+    doc.CancelSaveAs();
+    EXPECT_FALSE(doc.OnSaveDocument(project));
+    EXPECT_EQ(ReadFile(project), original);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.VT5", "Plan.~~~"}));
+    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
+
+    doc.PrepareSaveAs();
+    ASSERT_TRUE(doc.OnSaveDocument(PathOf("Kopie.VT5")));
+    EXPECT_FALSE(doc.m_bReadOnly);
+    EXPECT_EQ(doc.GetTitle(), "Kopie.VT5");
+    EXPECT_EQ(RootTitleIn(PathOf("Kopie.VT5")), "Geändert");
+    EXPECT_EQ(ReadFile(PathOf("Kopie.~~~")), OwnLockOf("Anna"));
+    EXPECT_TRUE(doc.OnCloseDocument());
+    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
+}
+
+// Without a lock of its own the project would be open to a second writer: it opens read-only.
+TEST_F(DocOpenTest, LockFileErrorsAndLostRacesOpenReadOnly) {
+    for (int skip : {0, 1}) { // reading the lock, creating it
+        fs.faults = {{Op::Open, ".~~~", EACCES, 1, skip}};
+        EXPECT_TRUE(OpensReadOnly());
+        EXPECT_THAT(Told(), HasSubstr("schreibgeschützt geöffnet"));
+        EXPECT_FALSE(Exists(lock));
+    }
+    // Someone creates the lock file just after each of our three looks and removes it again.
+    fs.faults.clear();
+    for (int attempt = 0; attempt < 3; ++attempt)
+        fs.faults.insert(fs.faults.end(), {{Op::Open, ".~~~", ENOENT}, {Op::Open, ".~~~", EEXIST}});
+    EXPECT_TRUE(OpensReadOnly());
+
+    // A lock taken between our check and our create is asked about, not overwritten.
+    fs.faults.clear();
+    int lockOpens = 0;
+    fs.before = [&](Op op, const std::string& path) {
+        if (op == Op::Open && path == lock && ++lockOpens == 2)
+            WriteFile(lock, LockOf("Bert"));
+    };
+    prompter.Answer(PromptAnswer::Yes);
+    EXPECT_TRUE(OpensReadOnly());
+    EXPECT_EQ(Told(), heldQuestion);
+    EXPECT_EQ(ReadFile(lock), LockOf("Bert"));
+}
+
+TEST_F(DocOpenTest, LinkedOrFifoLockFilesAreRefusedNotFollowed) {
+    const std::string victim = PathOf("Opfer.txt");
+    WriteFile(victim, "bleibt");
+    std::filesystem::create_symlink(victim, lock);
+    ASSERT_TRUE(doc.OnOpenDocument(project));
+    EXPECT_TRUE(doc.m_bReadOnly);
+    EXPECT_THAT(Told(), HasSubstr("symbolische Verknüpfung"));
+    EXPECT_FALSE(doc.OnSaveDocument(project));
+    EXPECT_TRUE(doc.OnCloseDocument());
+    EXPECT_EQ(ReadFile(victim), "bleibt");
+    EXPECT_TRUE(std::filesystem::is_symlink(lock));
+
+    std::filesystem::remove(lock);
+    ASSERT_EQ(mkfifo(lock.c_str(), 0600), 0); // would block a plain open for ever
+    EXPECT_TRUE(OpensReadOnly());
+    EXPECT_THAT(Told(), HasSubstr("keine gewöhnliche Datei"));
+}
+
+TEST_F(DocOpenTest, LeftOverLockNamesItsHostAndIsTakenOverWithOneAnswer) {
+    WriteFile(lock, LockRecord("Bert", "laptop7", 4242));
+    prompter.Answer(PromptAnswer::Yes);
+    ASSERT_TRUE(doc.OnOpenDocument(project));
+    ASSERT_EQ(prompter.asked().size(), 1u);
+    EXPECT_EQ(prompter.asked()[0].caption, "Datei wird bearbeitet.");
+    EXPECT_THAT(Told(), HasSubstr("auf dem Rechner laptop7 am "));
+    EXPECT_THAT(Told(), HasSubstr("läuft nicht mehr"));
+    EXPECT_FALSE(doc.m_bReadOnly);
+    EXPECT_EQ(ReadFile(lock), OwnLockOf("Anna"));
+
+    prompter.Answer(PromptAnswer::Yes); // the lock is live now: the usual question
+    EXPECT_TRUE(OpensReadOnly());
+    EXPECT_EQ(Told(),
+              project + " ist bereits von Anna geöffnet.\nSoll die Datei schreibgeschützt geöffnet werden?");
+}
+
+TEST_F(DocOpenTest, UnreadableProjectIsNotOpenedAndReleasesTheLock) {
+    const std::string missing = PathOf("Fehlt.VT5");
+    EXPECT_FALSE(doc.OnOpenDocument(missing));
+    EXPECT_THAT(Told(), HasSubstr("\"" + missing +
+                                  "\" kann nicht geöffnet werden: Datei oder Ordner nicht gefunden"));
+
+    WriteFile(project, original.substr(0, original.size() - 3));
+    EXPECT_FALSE(doc.OnOpenDocument(project));
+    EXPECT_THAT(Told(), HasSubstr(project + "\" kann nicht geöffnet werden: sie ist unvollständig"));
+    EXPECT_EQ(doc.m_pFirstNode, nullptr);
+    EXPECT_EQ(Names(), std::vector<std::string>{"Plan.VT5"});
+
+    std::filesystem::remove(project);
+    ASSERT_EQ(mkfifo(project.c_str(), 0600), 0);
+    EXPECT_FALSE(doc.OnOpenDocument(project));
+    EXPECT_THAT(Told(), HasSubstr("keine gewöhnliche Datei")) << "a FIFO is told, not waited for";
+    EXPECT_EQ(Names(), std::vector<std::string>{"Plan.VT5"});
+}
+
+TEST_F(DocOpenTest, ImplausibleHeaderOpensTheOneNodeDocumentAfterTheMessage) {
+    std::string bytes = original;
+    bytes[28] = 4; // zoom
+    WriteFile(project, bytes);
+    ASSERT_TRUE(doc.OnOpenDocument(project));
+    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Falsches Dateiformat!"});
+    EXPECT_EQ(doc.m_pFirstNode->m_strTitle, "Neuer Knoten");
+    EXPECT_TRUE(Exists(lock));
 }
 
 } // namespace

@@ -65,8 +65,13 @@ protected:
         {
             CVeltoDoc doc(prompter, "Arial", 12, nullptr, "Anna");
             ASSERT_TRUE(doc.OnOpenDocument(project));
+            EXPECT_EQ(doc.m_pFirstNode->m_strTitle, RootTitleIn(project))
+                << "a state taken back is the one shown";
+            EXPECT_FALSE(doc.IsModified());
             EXPECT_TRUE(doc.OnCloseDocument());
         }
+        for (const ScriptedPrompter::Asked& asked : prompter.asked())
+            EXPECT_EQ(asked.caption, "Wiederherstellen?");
         const std::string after = RootTitleIn(project);
         EXPECT_TRUE(after == "neu" || (before == "gut" && after == "gut"));
         const int shift = after == "neu"; // the new state moves every backup one place down
