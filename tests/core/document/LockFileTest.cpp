@@ -47,9 +47,6 @@ TEST_F(LockOwnerTest, ReadsTheNameOverTheQuestionMarksAndTheOwnerBehindIt) {
     EXPECT_EQ(std::tuple(ours.user, ours.host, ours.processId, ours.IsLeftOver()),
               std::tuple("Bert", "pc-3", 815, true));
     EXPECT_FALSE(Owner("Bert\0pc-3\0"s + "8x5").IsLeftOver()) << "not ours: the number is no number";
-
-    LockOwner none;
-    EXPECT_EQ(ReadLockOwner(fs, PathOf("Fehlt.~~~"), none), -ENOENT);
 }
 
 TEST_F(LockOwnerTest, AHeldLockIsLiveAndOnlyItsHolderRemovesIt) {
@@ -61,7 +58,6 @@ TEST_F(LockOwnerTest, AHeldLockIsLiveAndOnlyItsHolderRemovesIt) {
     ProjectLock second(fs);
     EXPECT_EQ(second.Create(lock, OwnLockRecord("Bert")), -EEXIST);
     EXPECT_EQ(second.TakeOver(lock, OwnLockRecord("Bert")), -EAGAIN);
-
     // Replaced behind its back, the lock file is no longer ours and stays.
     std::filesystem::remove(lock);
     WriteFile(lock, LockOf("Bert"));

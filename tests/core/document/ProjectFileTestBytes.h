@@ -48,44 +48,45 @@ inline Bytes Histories() {
 
 constexpr size_t kHeaderSize = 36;
 
-// A node record whose every scalar field differs from every other (base + field number), with the
-// given title field, `hours` hours entries and `costs` entries in each cost list.
-inline Bytes NodeWithTitleField(uint32_t base, const Bytes& titleField, int hours = 0, int costs = 0) {
-    Bytes b;
-    b.U32(base + 1).Append(titleField);
-    for (uint32_t field = 3; field <= 9; ++field) // level .. due
-        b.U32(base + field);
-    b.Str("{\\rtf1 Notiz}").U32(base + 11).Str("Arial");
-    for (uint32_t field = 13; field <= 17; ++field) // colour .. underline
-        b.U32(base + field);
-    for (uint32_t field = 18; field <= 22; ++field) // the five floats, as bit patterns
-        b.U32(0x40000000 + base + field);
-    for (uint32_t field = 23; field <= 32; ++field) // created .. remind time 2
-        b.U32(base + field);
-    b.Str("Text2").Str("Max Mustermann \xAB\xBB MM");
-    b.U32(uint32_t(hours));
-    for (int i = 0; i < hours; ++i)
-        b.U32(base + 100 + i)
-            .U32(base + 200 + i)
-            .U32(base + 300 + i)
-            .Str("Bear" + std::to_string(i))
-            .Str("Std");
-    for (int list = 0; list < 2; ++list) {
-        b.U32(uint32_t(costs));
-        for (int i = 0; i < costs; ++i) // quantity 1, unit price 50, amount -50
-            b.U32(base + 400 + i)
-                .U32(0x3F800000)
-                .U32(0x42480000)
-                .U32(0xC2480000)
-                .Str("K")
-                .Str(list ? "B" : "C");
-    }
-    return b;
+// Fields 2, 10, 12, 33 and 34 of a node record are texts (title, note, font, text 2, responsible).
+inline bool IsTextField(uint32_t field) {
+    return field == 2 || field == 10 || field == 12 || field >= 33;
 }
 
-// The same with the title "Knoten <base>".
-inline Bytes Node(uint32_t base, int hours = 0, int costs = 0) {
-    return NodeWithTitleField(base, Bytes().Str("Knoten " + std::to_string(base)), hours, costs);
+// What Node(base) stores in a four-byte field: base + field number, the floats (18 to 22) as bit
+// patterns, so that a swapped field shows.
+inline uint32_t NodeScalar(uint32_t base, uint32_t field) {
+    return (field >= 18 && field <= 22 ? 0x40000000 : 0) + base + field;
+}
+
+// A node record with the given title field (else "Knoten <base>"), `hours` hours entries and
+// `costs` entries in each cost list.
+inline Bytes Node(uint32_t base, int hours = 0, int costs = 0, Bytes title = {}) {
+    if (title.data.empty())
+        title.Str("Knoten " + std::to_string(base));
+    const char* const texts[] = {"{\\rtf1 Notiz}", "Arial", "Text2", "Max Mustermann \xAB\xBB MM"};
+    Bytes b;
+    for (uint32_t field = 1, text = 0; field <= 34; ++field) {
+        if (field == 2)
+            b.Append(title);
+        else if (IsTextField(field))
+            b.Str(texts[text++]);
+        else
+            b.U32(NodeScalar(base, field));
+    }
+    b.U32(uint32_t(hours));
+    for (int i = 0; i < hours; ++i) {
+        b.U32(base + 100 + i).U32(base + 200 + i).U32(base + 300 + i);
+        b.Str("Bear" + std::to_string(i)).Str("Std");
+    }
+    for (int list = 0; list < 2; ++list) {
+        b.U32(uint32_t(costs));
+        for (int i = 0; i < costs; ++i) { // quantity 1, unit price 50, amount -50
+            b.U32(base + 400 + i).U32(0x3F800000).U32(0x42480000).U32(0xC2480000);
+            b.Str("K").Str(list ? "B" : "C");
+        }
+    }
+    return b;
 }
 
 // Header, histories and the given node records.

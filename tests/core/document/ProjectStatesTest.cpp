@@ -60,9 +60,4 @@ TEST_F(ProjectStatesTest, ListsBackupsNewestFirstThenInterruptedSavesAndShowsDam
     EXPECT_EQ(states[5].rootTitle, "Halb");
 }
 
-TEST_F(ProjectStatesTest, NothingBesideTheProjectListsNothing) {
-    WriteFile(project, ProjectBytes("Aktuell"));
-    EXPECT_TRUE(ListProjectStates(fs, project).empty());
-}
-
 } // namespace

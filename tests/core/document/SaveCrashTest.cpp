@@ -31,7 +31,6 @@ protected:
         for (int i = 0; i < kBackupCount; ++i)
             WriteFile(BackupFilePath(project, i), ProjectBytes("alt" + std::to_string(i)));
     }
-
     // Runs the save in a child process that is killed before its file system step `killAtStep`, or
     // `killAfter` microseconds after its start (-1: not). Returns the child's wait status.
     int SaveInChild(int killAtStep, int64_t killAfter = -1) {
@@ -53,7 +52,6 @@ protected:
         waitpid(child, &status, 0);
         return status;
     }
-
     // What the next open finds: the old or the new state whole, and after the open (which repairs
     // and takes a whole newer state back) one of the two complete backup rows.
     void ExpectNothingLost(const std::string& when) {
@@ -80,7 +78,6 @@ protected:
                       i < shift ? "gut" : "alt" + std::to_string(i - shift));
         EXPECT_EQ(Names().size(), 1u + kBackupCount) << "left over: " << ::testing::PrintToString(Names());
     }
-
     // About a megabyte each, so that a save takes long enough to be killed inside its writes.
     const std::string m_old = ProjectBytes("gut", 2000, 500);
     const std::string m_new = ProjectBytes("neu", 2000, 500);
@@ -164,13 +161,11 @@ TEST_F(SaveCrashTest, OfTwoEditorsSavingAtOnceExactlyOneWrites) {
         WriteFile(project, ProjectBytes("gut"));
         // One go pipe per editor, so that a quick editor cannot take the other's go.
         Pipe ready, go[2];
-        std::vector<pid_t> editors;
-        for (int i : {0, 1}) {
-            const pid_t child = fork();
-            if (child == 0)
-                RunEditor(project, i == 0 ? "Anna" : "Bert", ready.ends[1], go[i].ends[0]);
-            editors.push_back(child);
-        }
+        const char* const names[] = {"Anna", "Bert"};
+        pid_t editors[2];
+        for (int i : {0, 1})
+            if ((editors[i] = fork()) == 0)
+                RunEditor(project, names[i], ready.ends[1], go[i].ends[0]);
         for (int phase = 0; phase < 2; ++phase) {
             Await(ready.ends[0]);
             Await(ready.ends[0]);
@@ -178,12 +173,12 @@ TEST_F(SaveCrashTest, OfTwoEditorsSavingAtOnceExactlyOneWrites) {
             Signal(go[1].ends[1]);
         }
         std::vector<std::string> writers;
-        for (size_t i = 0; i < editors.size(); ++i) {
+        for (int i : {0, 1}) {
             int status = 0;
             waitpid(editors[i], &status, 0);
             ASSERT_TRUE(WIFEXITED(status));
             if (WEXITSTATUS(status) == 0)
-                writers.push_back(i == 0 ? "Anna" : "Bert");
+                writers.push_back(names[i]);
         }
         ASSERT_EQ(writers.size(), 1u) << "round " << round;
         EXPECT_EQ(RootTitleIn(project), writers[0]);

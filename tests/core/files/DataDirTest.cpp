@@ -32,24 +32,24 @@ private:
     std::optional<std::string> m_old;
 };
 
-TEST(DataDir, TheOverrideWinsOverTheUserDirectory) {
-    ScopedEnv dir("VELTO_DATA_DIR", "/srv/velto");
-    ScopedEnv xdg("XDG_DATA_HOME", "/home/u/data");
-    EXPECT_EQ(DataDirectory(), "/srv/velto");
-    EXPECT_EQ(HolidayFilePath(), "/srv/velto/Feiertage.dat");
-    EXPECT_EQ(AssigneeFilePath(), "/srv/velto/Bearbeiter.dat");
-}
-
-TEST(DataDir, UserDirectoryComesFromAnAbsoluteXdgPathElseFromHome) {
-    ScopedEnv dir("VELTO_DATA_DIR", "");
+// The override wins; else an absolute $XDG_DATA_HOME, else the home folder's default.
+TEST(DataDir, TheDataFilesLieInTheOverrideOrTheUserDataDirectory) {
     ScopedEnv home("HOME", "/home/u");
-    const std::pair<const char*, std::string> cases[] = {
-        {"/home/u/data", "/home/u/data/kolvarin/Velto5"},
-        {"relative/data", "/home/u/.local/share/kolvarin/Velto5"},
-        {nullptr, "/home/u/.local/share/kolvarin/Velto5"}};
-    for (const auto& [xdg, expected] : cases) {
-        ScopedEnv set("XDG_DATA_HOME", xdg);
-        EXPECT_EQ(DataDirectory(), expected);
+    const struct {
+        const char* override;
+        const char* xdg;
+        std::string dir;
+    } cases[] = {
+        {"/srv/velto", "/home/u/data", "/srv/velto"},
+        {"", "/home/u/data", "/home/u/data/kolvarin/Velto5"},
+        {"", "relative/data", "/home/u/.local/share/kolvarin/Velto5"},
+        {nullptr, nullptr, "/home/u/.local/share/kolvarin/Velto5"},
+    };
+    for (const auto& c : cases) {
+        ScopedEnv dir("VELTO_DATA_DIR", c.override), xdg("XDG_DATA_HOME", c.xdg);
+        EXPECT_EQ(DataDirectory(), c.dir);
+        EXPECT_EQ(HolidayFilePath(), c.dir + "/Feiertage.dat");
+        EXPECT_EQ(AssigneeFilePath(), c.dir + "/Bearbeiter.dat");
     }
 }
 
