@@ -121,11 +121,10 @@ inline std::string RootTitleIn(const std::string& path) {
                : "";
 }
 
-// The lock record another program (or an older Velto) writes: the name alone.
+// The lock records of another program (or an older Velto), the name alone, and of this process.
 inline std::string LockOf(const std::string& name) {
     return Text(LockRecord(name));
 }
-// The lock record this process writes: name, host and process id.
 inline std::string OwnLockOf(const std::string& name) {
     return Text(OwnLockRecord(name));
 }

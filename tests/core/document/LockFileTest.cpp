@@ -12,8 +12,7 @@ namespace {
 TEST(ProjectFileNames, DerivedFromThePathUpToTheExtension) {
     EXPECT_EQ(LockFilePath("/daten/Plan.VT5"), "/daten/Plan.~~~");
     EXPECT_EQ(BackupFilePath("/daten/Plan.v2.VT5", 4), "/daten/Plan.v2.BK4");
-    // A dot in a folder name is no extension: the files stay beside the project.
-    EXPECT_EQ(LockFilePath("/daten.alt/Plan"), "/daten.alt/Plan.~~~");
+    EXPECT_EQ(LockFilePath("/daten.alt/Plan"), "/daten.alt/Plan.~~~") << "a dot in a folder is no extension";
     EXPECT_EQ(BackupFilePath("Plan", 0), "Plan.BK0");
 }
 
@@ -98,13 +97,10 @@ public:
     bool stalled = false;
 };
 
-class WholeFileTest : public TempDirTest {
-protected:
+TEST(WholeFile, PartialReadsAndWritesAddUpToTheWholeFileAndNoProgressIsAFullDisk) {
+    testsupport::TempDir dir;
+    const std::string path = dir.PathOf("Datei");
     TrickleFileSystem fs;
-    std::string path = PathOf("Datei");
-};
-
-TEST_F(WholeFileTest, PartialReadsAndWritesAddUpToTheWholeFileAndNoProgressIsAFullDisk) {
     std::vector<uint8_t> bytes(200 * 1024 + 3);
     for (size_t i = 0; i < bytes.size(); ++i)
         bytes[i] = uint8_t(i * 31);
@@ -114,7 +110,6 @@ TEST_F(WholeFileTest, PartialReadsAndWritesAddUpToTheWholeFileAndNoProgressIsAFu
     EXPECT_EQ(back, bytes);
     ASSERT_EQ(ReadFileBytes(fs, path, back, 10), 0);
     EXPECT_EQ(back, std::vector<uint8_t>(bytes.begin(), bytes.begin() + 10));
-
     fs.stalled = true; // a write that makes no progress: the disk is full
     EXPECT_EQ(WriteFileBytes(fs, path, Bytes("neu"), CreateMode::Truncate), -ENOSPC);
 }

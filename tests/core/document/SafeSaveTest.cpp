@@ -2,6 +2,7 @@
 // good state stays in the project file or in its newest backup.
 #include "document/SafeSave.h"
 #include "document/LockFile.h"
+#include "io/SafeWrite.h"
 
 #include "core/document/DocTestSupport.h"
 
@@ -27,27 +28,27 @@ protected:
     std::string project = PathOf("Plan.VT5");
 };
 
-TEST_F(SafeSaveTest, SevenSavesKeepFiveBackupsNewestFirst) {
+// Every save moves the backups one place down and keeps the five newest; the renames count only
+// once the folder is synced after them; a file that a killed save left is neither reused nor removed.
+TEST_F(SafeSaveTest, SavesKeepFiveBackupsNewestFirstAndEndBySyncingTheFolder) {
+    const std::string leftover = TemporaryFilePath(project, 0);
+    WriteFile(leftover, "Rest");
     ASSERT_EQ(Save("s1").outcome, Outcome::Saved);
-    EXPECT_EQ(Names(), std::vector<std::string>{"Plan.VT5"});
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.VT5", FileNameOf(leftover)}));
+    std::vector<Op> steps;
+    fs.before = [&](Op op, const std::string&) {
+        if (op == Op::Rename || op == Op::SyncDirectory)
+            steps.push_back(op);
+    };
     for (const char* state : {"s2", "s3", "s4", "s5", "s6", "s7"})
         ASSERT_EQ(Save(state).outcome, Outcome::Saved);
+    EXPECT_EQ(std::vector(steps.end() - 2, steps.end()), (std::vector{Op::Rename, Op::SyncDirectory}));
     EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.BK0", "Plan.BK1", "Plan.BK2", "Plan.BK3", "Plan.BK4",
-                                                 "Plan.VT5"}));
+                                                 "Plan.VT5", FileNameOf(leftover)}));
+    EXPECT_EQ(ReadFile(leftover), "Rest");
     EXPECT_EQ(ReadFile(project), "s7");
     for (int i = 0; i < kBackupCount; ++i)
         EXPECT_EQ(ReadFile(BackupFilePath(project, i)), std::string("s").append(std::to_string(6 - i)));
-}
-
-TEST_F(SafeSaveTest, LeftoverTemporaryFileIsNeitherReusedNorRemoved) {
-    std::string leftover;
-    fs.before = [&](Op op, const std::string& path) {
-        if (op == Op::Open && leftover.empty())
-            WriteFile(leftover = path, "Rest");
-    };
-    ASSERT_EQ(Save("neu").outcome, Outcome::Saved);
-    EXPECT_EQ(ReadFile(project), "neu");
-    EXPECT_EQ(ReadFile(leftover), "Rest");
 }
 
 // One injected failure at every step of a save over a project with five backups: a save that
@@ -112,20 +113,6 @@ const FailurePoint kFailurePoints[] = {
 
 INSTANTIATE_TEST_SUITE_P(EveryStep, SaveFailureTest, ::testing::ValuesIn(kFailurePoints),
                          [](const auto& info) { return std::string(info.param.name); });
-
-// The renames only count once the folder is synced after them: the sync is the save's last step.
-TEST_F(SafeSaveTest, TheFolderIsSyncedAfterTheLastRename) {
-    WriteFile(project, "gut");
-    std::vector<std::pair<Op, std::string>> ops;
-    fs.before = [&](Op op, const std::string& path) {
-        if (op == Op::Rename || op == Op::SyncDirectory)
-            ops.emplace_back(op, path);
-    };
-    ASSERT_EQ(Save("neu").outcome, Outcome::Saved);
-    ASSERT_GE(ops.size(), 2u);
-    EXPECT_EQ(ops.back().first, Op::SyncDirectory);
-    EXPECT_EQ(ops[ops.size() - 2].first, Op::Rename);
-}
 
 TEST_F(SafeSaveTest, RepairPutsBackupsInOrderAndDropsOnlyASixth) {
     for (const char* name : {"Plan.BK0", "Plan.BK2", "Plan.BK3", "Plan.BK4", "Plan.BK5"})

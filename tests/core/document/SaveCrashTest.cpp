@@ -115,8 +115,7 @@ TEST_F(SaveCrashTest, KilledAtRandomMoments) {
 // ---- Two editors ----
 
 void Signal(int fd) {
-    const char byte = 1;
-    ASSERT_EQ(write(fd, &byte, 1), 1);
+    ASSERT_EQ(write(fd, "1", 1), 1);
 }
 void Await(int fd) {
     char byte = 0;
@@ -126,10 +125,7 @@ void Await(int fd) {
 struct Pipe {
     int ends[2] = {-1, -1};
     Pipe() { EXPECT_EQ(pipe(ends), 0); }
-    ~Pipe() {
-        close(ends[0]);
-        close(ends[1]);
-    }
+    ~Pipe() { close(ends[0]), close(ends[1]); }
 };
 
 // Opens the project as `name` (answering the read-only question with yes), waits, saves its own

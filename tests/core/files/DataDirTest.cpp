@@ -60,7 +60,6 @@ TEST(DataDir, EnsureCreatesTheMissingParents) {
     EXPECT_TRUE(EnsureDataDirectory());
     EXPECT_TRUE(std::filesystem::is_directory(target));
     EXPECT_TRUE(EnsureDataDirectory()) << "an existing directory is fine";
-
     WriteFile(temp.PathOf("file"), "x");
     ScopedEnv blocked("VELTO_DATA_DIR", temp.PathOf("file/sub").c_str());
     EXPECT_FALSE(EnsureDataDirectory());

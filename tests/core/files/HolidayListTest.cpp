@@ -32,11 +32,9 @@ TEST(HolidayList, KeepsTheLatestDayFirstAndDaysInTheirListedOrder) {
     HolidayList list({Entry(9, 1, 2024, "9.1."), Entry(1, 10, 2024, "1.10."), Entry(10, 1, 2024, "10.1. A"),
                       Entry(10, 1, 2024, "10.1. B"), Entry(31, 12, 2023, "31.12.")});
     EXPECT_EQ(Names(list), (std::vector<std::string>{"1.10.", "10.1. A", "10.1. B", "9.1.", "31.12."}));
-
     EXPECT_EQ(list.Add(Entry(10, 1, 2024, "10.1. C")), 3u) << "behind the entries of its day";
     EXPECT_EQ(list.Add(Entry(1, 1, 2025, "neu")), 0u);
     EXPECT_EQ(list.Add(Entry(1, 1, 1970, "alt")), 7u);
-
     EXPECT_EQ(list.Take(2).name, "10.1. A");
     EXPECT_EQ(Names(list),
               (std::vector<std::string>{"neu", "1.10.", "10.1. B", "10.1. C", "9.1.", "31.12.", "alt"}));
