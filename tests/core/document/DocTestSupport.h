@@ -90,12 +90,16 @@ private:
 inline std::vector<uint8_t> Bytes(std::string_view text) {
     return {text.begin(), text.end()};
 }
+inline std::string Text(const std::vector<uint8_t>& bytes) {
+    return {bytes.begin(), bytes.end()};
+}
 inline bool Exists(const std::string& path) {
     return std::filesystem::exists(path);
 }
 
-// The bytes of a project file whose root has the given title and `children` nodes below it.
-inline std::string ProjectBytes(const std::string& rootTitle, int children = 0) {
+// The bytes of a project file whose root has the given title and `children` nodes below it, each
+// with a note of `noteSize` bytes.
+inline std::string ProjectBytes(const std::string& rootTitle, int children = 0, size_t noteSize = 0) {
     ProjectContent content;
     content.firstNode = new CProjectNode();
     content.firstNode->m_strTitle = rootTitle;
@@ -103,34 +107,34 @@ inline std::string ProjectBytes(const std::string& rootTitle, int children = 0) 
         last->m_pNext = new CProjectNode();
         last->m_pNext->m_nLevel = 1;
         last->m_pNext->m_bSelected = 0;
+        last->m_pNext->m_strNote = std::string(noteSize, 'n');
         last->m_pNext->m_pPrev = last;
     }
-    const std::vector<uint8_t> bytes = WriteProject(content);
-    return {bytes.begin(), bytes.end()};
+    return Text(WriteProject(content));
 }
 
 // The root title of the project file at path; empty when it cannot be read.
 inline std::string RootTitleIn(const std::string& path) {
-    const std::vector<uint8_t> bytes = Bytes(ReadFile(path));
     ProjectContent content;
-    return ReadProject(bytes, content).status == ReadStatus::Ok ? std::string(content.firstNode->m_strTitle)
-                                                                : "";
+    return ReadProject(Bytes(ReadFile(path)), content).status == ReadStatus::Ok
+               ? std::string(content.firstNode->m_strTitle)
+               : "";
 }
 
-// The lock record another program (or an older Velto) writes: the name alone.
+// The lock records of another program (or an older Velto), the name alone, and of this process.
 inline std::string LockOf(const std::string& name) {
-    const std::vector<uint8_t> record = LockRecord(name);
-    return {record.begin(), record.end()};
+    return Text(LockRecord(name));
 }
-// The lock record this process writes: name, host and process id.
 inline std::string OwnLockOf(const std::string& name) {
-    const std::vector<uint8_t> record = OwnLockRecord(name);
-    return {record.begin(), record.end()};
+    return Text(OwnLockRecord(name));
 }
 
 // A document of the user "Anna" over the faulty file system.
 class DocTest : public TempDirTest {
 protected:
+    // What the user was told last.
+    std::string Told() const { return prompter.asked().empty() ? "" : prompter.asked().back().text; }
+
     FaultyFileSystem fs;
     ScriptedPrompter prompter;
     CVeltoDoc doc{prompter, "Arial", 12, &fs, "Anna"};

@@ -3,8 +3,10 @@
 #include "core/document/DocTestSupport.h"
 
 #include <filesystem>
+#include <gmock/gmock.h>
 
 using namespace doctest;
+using ::testing::HasSubstr;
 
 namespace {
 
@@ -16,13 +18,13 @@ protected:
                           std::chrono::seconds(std::time(nullptr) - modified);
         std::filesystem::last_write_time(PathOf(name), time);
     }
-    std::vector<std::string> Labels(const std::vector<ProjectState>& states) const {
-        std::vector<std::string> labels;
+    // Label, root title and damage of each state, as the restore list shows them.
+    std::vector<std::string> Shown(const std::vector<ProjectState>& states) const {
+        std::vector<std::string> shown;
         for (const ProjectState& state : states)
-            labels.push_back(state.label + (state.damaged ? " beschädigt" : ""));
-        return labels;
+            shown.push_back(state.label + " " + state.rootTitle + (state.damaged ? "beschädigt" : ""));
+        return shown;
     }
-
     PosixFileSystem fs;
     std::string project = PathOf("Plan.VT5");
     const int64_t day = 86400, now = std::time(nullptr);
@@ -33,43 +35,23 @@ TEST_F(ProjectStatesTest, ListsBackupsNewestFirstThenInterruptedSavesAndShowsDam
     WriteFile(project, ProjectBytes("Aktuell"));
     PutAt("Plan.BK0", full, now - day);
     PutAt("Plan.BK1", ProjectBytes("Vorher"), now - 2 * day);
-    // .BK2 is missing; .BK3 ends early, .BK4 holds no project at all.
+    // .BK2 is missing; .BK3 ends early, .BK4 cannot be opened.
     PutAt("Plan.BK3", full.substr(0, full.size() - 3), now - 4 * day);
-    PutAt("Plan.BK4", "", now - 5 * day);
+    std::filesystem::create_symlink(project, PathOf("Plan.BK4"));
     PutAt("Plan.VT5.~pc7-41-0.tmp", ProjectBytes("Halb"), now - 3 * day);
     PutAt("Plan.VT5.~pc7-97-0.tmp", full, now);
     PutAt("Anderes.VT5.~pc7-97-0.tmp", full, now); // another project's
-
     const std::vector<ProjectState> states = ListProjectStates(fs, project);
-
-    EXPECT_EQ(Labels(states), (std::vector<std::string>{"BK0", "BK1", "BK3 beschädigt", "BK4 beschädigt",
-                                                        kInterruptedSaveLabel, kInterruptedSaveLabel}));
+    const std::string interrupted = kInterruptedSaveLabel;
+    EXPECT_EQ(Shown(states), (std::vector<std::string>{
+                                 "BK0 Umbau \xC4nderung", "BK1 Vorher", "BK3 beschädigt", "BK4 beschädigt",
+                                 interrupted + " Umbau \xC4nderung", interrupted + " Halb"}));
     ASSERT_EQ(states.size(), 6u);
-    EXPECT_EQ(states[0].path, PathOf("Plan.BK0"));
-    EXPECT_EQ(states[0].size, int64_t(full.size()));
-    EXPECT_EQ(states[0].modified, now - day);
-    EXPECT_EQ(states[0].nodeCount, 3u);
-    EXPECT_EQ(states[0].rootTitle, "Umbau \xC4nderung");
-    EXPECT_EQ(states[1].rootTitle, "Vorher");
-    EXPECT_EQ(states[2].nodeCount, 0u);
-    EXPECT_EQ(states[2].rootTitle, "");
-    EXPECT_NE(states[2].damage.find("Plan.BK3"), std::string::npos) << states[2].damage;
+    EXPECT_EQ(std::tie(states[0].path, states[0].size, states[0].modified, states[0].nodeCount),
+              std::tuple(PathOf("Plan.BK0"), int64_t(full.size()), now - day, 3u));
+    EXPECT_THAT(states[2].damage, HasSubstr("Plan.BK3\" kann nicht geöffnet werden: sie ist unvollständig"));
+    EXPECT_THAT(states[3].damage, HasSubstr("Plan.BK4\" kann nicht geöffnet werden: ist eine symbolische"));
     EXPECT_EQ(states[4].path, PathOf("Plan.VT5.~pc7-97-0.tmp"));
-    EXPECT_EQ(states[5].rootTitle, "Halb");
-}
-
-TEST_F(ProjectStatesTest, NothingBesideTheProjectListsNothing) {
-    WriteFile(project, ProjectBytes("Aktuell"));
-    EXPECT_TRUE(ListProjectStates(fs, project).empty());
-}
-
-TEST_F(ProjectStatesTest, AFileThatCannotBeOpenedIsListedAsDamaged) {
-    WriteFile(PathOf("Ziel.VT5"), ProjectBytes("Ziel"));
-    std::filesystem::create_symlink(PathOf("Ziel.VT5"), PathOf("Plan.BK0"));
-    const std::vector<ProjectState> states = ListProjectStates(fs, project);
-    ASSERT_EQ(states.size(), 1u);
-    EXPECT_TRUE(states[0].damaged);
-    EXPECT_NE(states[0].damage.find("kann nicht geöffnet werden"), std::string::npos) << states[0].damage;
 }
 
 } // namespace

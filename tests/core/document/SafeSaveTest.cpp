@@ -2,11 +2,11 @@
 // good state stays in the project file or in its newest backup.
 #include "document/SafeSave.h"
 #include "document/LockFile.h"
+#include "io/SafeWrite.h"
 
 #include "core/document/DocTestSupport.h"
 
 #include <cerrno>
-#include <sys/stat.h>
 
 using namespace doctest;
 using Outcome = SaveResult::Outcome;
@@ -28,27 +28,27 @@ protected:
     std::string project = PathOf("Plan.VT5");
 };
 
-TEST_F(SafeSaveTest, SevenSavesKeepFiveBackupsNewestFirst) {
+// Every save moves the backups one place down and keeps the five newest; the renames count only
+// once the folder is synced after them; a file that a killed save left is neither reused nor removed.
+TEST_F(SafeSaveTest, SavesKeepFiveBackupsNewestFirstAndEndBySyncingTheFolder) {
+    const std::string leftover = TemporaryFilePath(project, 0);
+    WriteFile(leftover, "Rest");
     ASSERT_EQ(Save("s1").outcome, Outcome::Saved);
-    EXPECT_EQ(Names(), std::vector<std::string>{"Plan.VT5"});
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.VT5", FileNameOf(leftover)}));
+    std::vector<Op> steps;
+    fs.before = [&](Op op, const std::string&) {
+        if (op == Op::Rename || op == Op::SyncDirectory)
+            steps.push_back(op);
+    };
     for (const char* state : {"s2", "s3", "s4", "s5", "s6", "s7"})
         ASSERT_EQ(Save(state).outcome, Outcome::Saved);
+    EXPECT_EQ(std::vector(steps.end() - 2, steps.end()), (std::vector{Op::Rename, Op::SyncDirectory}));
     EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.BK0", "Plan.BK1", "Plan.BK2", "Plan.BK3", "Plan.BK4",
-                                                 "Plan.VT5"}));
+                                                 "Plan.VT5", FileNameOf(leftover)}));
+    EXPECT_EQ(ReadFile(leftover), "Rest");
     EXPECT_EQ(ReadFile(project), "s7");
     for (int i = 0; i < kBackupCount; ++i)
         EXPECT_EQ(ReadFile(BackupFilePath(project, i)), std::string("s").append(std::to_string(6 - i)));
-}
-
-TEST_F(SafeSaveTest, LeftoverTemporaryFileIsNeitherReusedNorRemoved) {
-    std::string leftover;
-    fs.before = [&](Op op, const std::string& path) {
-        if (op == Op::Open && leftover.empty())
-            WriteFile(leftover = path, "Rest");
-    };
-    ASSERT_EQ(Save("neu").outcome, Outcome::Saved);
-    EXPECT_EQ(ReadFile(project), "neu");
-    EXPECT_EQ(ReadFile(leftover), "Rest");
 }
 
 // One injected failure at every step of a save over a project with five backups: a save that
@@ -65,13 +65,10 @@ class SaveFailureTest : public SafeSaveTest, public ::testing::WithParamInterfac
 protected:
     void ExpectStates(const std::string& projectState, const std::vector<std::string>& backups) {
         EXPECT_EQ(ReadFile(project), projectState);
-        std::vector<std::string> names{"Plan.VT5"};
-        for (int i = 0; i < kBackupCount; ++i) {
+        for (int i = 0; i < kBackupCount; ++i)
             EXPECT_EQ(ReadFile(BackupFilePath(project, i)), backups[i]) << i;
-            names.push_back("Plan.BK" + std::to_string(i));
-        }
-        std::sort(names.begin(), names.end());
-        EXPECT_EQ(Names(), names);
+        EXPECT_EQ(Names(), (std::vector<std::string>{"Plan.BK0", "Plan.BK1", "Plan.BK2", "Plan.BK3",
+                                                     "Plan.BK4", "Plan.VT5"}));
     }
 };
 
@@ -80,21 +77,18 @@ TEST_P(SaveFailureTest, NoStateIsLost) {
     for (int i = 0; i < kBackupCount; ++i)
         WriteFile(BackupFilePath(project, i), std::string("alt").append(std::to_string(i)));
     fs.faults = GetParam().faults;
-
     const SaveResult result = Save("neu");
-
     EXPECT_EQ(result.outcome, GetParam().outcome);
-    EXPECT_EQ(SaveFailureMessage(result, project).substr(0, std::string(GetParam().message).size()),
-              GetParam().message);
+    EXPECT_TRUE(SaveFailureMessage(result, project).starts_with(GetParam().message));
     fs.faults.clear();
-    EXPECT_TRUE(RepairInterruptedSave(fs, project).empty());
-    if (result.outcome == Outcome::Saved)
-        ExpectStates("neu", {"gut", "alt0", "alt1", "alt2", "alt3"});
-    else
+    if (result.outcome != Outcome::Saved) {
         ExpectStates("gut", {"alt0", "alt1", "alt2", "alt3", "alt4"});
+        return;
+    }
+    EXPECT_TRUE(RepairInterruptedSave(fs, project).empty());
+    ExpectStates("neu", {"gut", "alt0", "alt1", "alt2", "alt3"});
 }
 
-using Fault = FaultyFileSystem::Fault;
 const FailurePoint kFailurePoints[] = {
     {"CreateTemp", {{Op::Open, ".tmp", EACCES}}, Outcome::NotWritten, "Datei kann nicht angelegt werden!"},
     {"WriteFull", {{Op::Write, ".tmp", ENOSPC}}, Outcome::NotWritten, "Festplatte voll!"},
@@ -119,20 +113,6 @@ const FailurePoint kFailurePoints[] = {
 
 INSTANTIATE_TEST_SUITE_P(EveryStep, SaveFailureTest, ::testing::ValuesIn(kFailurePoints),
                          [](const auto& info) { return std::string(info.param.name); });
-
-// The renames only count once the folder is synced after them: the sync is the save's last step.
-TEST_F(SafeSaveTest, TheFolderIsSyncedAfterTheLastRename) {
-    WriteFile(project, "gut");
-    std::vector<std::pair<Op, std::string>> ops;
-    fs.before = [&](Op op, const std::string& path) {
-        if (op == Op::Rename || op == Op::SyncDirectory)
-            ops.emplace_back(op, path);
-    };
-    ASSERT_EQ(Save("neu").outcome, Outcome::Saved);
-    ASSERT_GE(ops.size(), 2u);
-    EXPECT_EQ(ops.back().first, Op::SyncDirectory);
-    EXPECT_EQ(ops[ops.size() - 2].first, Op::Rename);
-}
 
 TEST_F(SafeSaveTest, RepairPutsBackupsInOrderAndDropsOnlyASixth) {
     for (const char* name : {"Plan.BK0", "Plan.BK2", "Plan.BK3", "Plan.BK4", "Plan.BK5"})

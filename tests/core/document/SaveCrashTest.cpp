@@ -22,29 +22,8 @@ constexpr int kRandomKills = 40;
 constexpr int kRandomKills = 300;
 #endif
 
-// A project of about a megabyte, so that a save takes long enough to be killed inside its writes.
-std::string LargeProjectBytes(const std::string& rootTitle) {
-    ProjectContent content;
-    content.firstNode = new CProjectNode();
-    content.firstNode->m_strTitle = rootTitle;
-    CProjectNode* last = content.firstNode;
-    for (int i = 0; i < 2000; ++i) {
-        auto* node = new CProjectNode();
-        node->m_nLevel = 1;
-        node->m_bSelected = 0;
-        node->m_strTitle = "Knoten " + std::to_string(i);
-        node->m_strNote = std::string(500, char('a' + i % 26));
-        node->m_pPrev = last;
-        last = last->m_pNext = node;
-    }
-    const std::vector<uint8_t> bytes = WriteProject(content);
-    return {bytes.begin(), bytes.end()};
-}
-
 class SaveCrashTest : public TempDirTest {
 protected:
-    SaveCrashTest() : m_new(LargeProjectBytes("neu")) {}
-
     void PutOldStates() {
         for (const std::string& name : Names())
             std::filesystem::remove(PathOf(name));
@@ -52,66 +31,63 @@ protected:
         for (int i = 0; i < kBackupCount; ++i)
             WriteFile(BackupFilePath(project, i), ProjectBytes("alt" + std::to_string(i)));
     }
-
-    // Runs the save in a child process; `arm` prepares its file system (to kill it at a step).
-    // Returns the child's wait status.
-    template <class Arm, class AfterFork> int SaveInChild(Arm arm, AfterFork afterFork) {
+    // Runs the save in a child process that is killed before its file system step `killAtStep`, or
+    // `killAfter` microseconds after its start (-1: not). Returns the child's wait status.
+    int SaveInChild(int killAtStep, int64_t killAfter = -1) {
         const pid_t child = fork();
         if (child == 0) {
             FaultyFileSystem fs;
-            arm(fs);
+            fs.before = [killAtStep, count = 0](Op, const std::string&) mutable {
+                if (count++ == killAtStep)
+                    raise(SIGKILL);
+            };
             SaveWithBackups(fs, project, [&](const PieceWriter& put) { put(Bytes(m_new)); });
             _exit(0);
         }
-        afterFork(child);
+        if (killAfter >= 0) {
+            usleep(useconds_t(killAfter));
+            kill(child, SIGKILL);
+        }
         int status = 0;
         waitpid(child, &status, 0);
         return status;
     }
-
     // What the next open finds: the old or the new state whole, and after the open (which repairs
     // and takes a whole newer state back) one of the two complete backup rows.
     void ExpectNothingLost(const std::string& when) {
         SCOPED_TRACE(when);
         const std::string before = RootTitleIn(project);
         ASSERT_TRUE(before == "gut" || before == "neu") << before;
-
         ScriptedPrompter prompter;
         prompter.Answer(PromptAnswer::Yes);
         {
             CVeltoDoc doc(prompter, "Arial", 12, nullptr, "Anna");
             ASSERT_TRUE(doc.OnOpenDocument(project));
+            EXPECT_EQ(doc.m_pFirstNode->m_strTitle, RootTitleIn(project))
+                << "a state taken back is the one shown";
+            EXPECT_FALSE(doc.IsModified());
             EXPECT_TRUE(doc.OnCloseDocument());
         }
+        for (const ScriptedPrompter::Asked& asked : prompter.asked())
+            EXPECT_EQ(asked.caption, "Wiederherstellen?");
         const std::string after = RootTitleIn(project);
-        std::vector<std::string> expected;
-        if (after == "neu")
-            expected = {"gut", "alt0", "alt1", "alt2", "alt3"};
-        else
-            expected = {"alt0", "alt1", "alt2", "alt3", "alt4"};
         EXPECT_TRUE(after == "neu" || (before == "gut" && after == "gut"));
+        const int shift = after == "neu"; // the new state moves every backup one place down
         for (int i = 0; i < kBackupCount; ++i)
-            EXPECT_EQ(RootTitleIn(BackupFilePath(project, i)), expected[size_t(i)]) << i;
+            EXPECT_EQ(RootTitleIn(BackupFilePath(project, i)),
+                      i < shift ? "gut" : "alt" + std::to_string(i - shift));
         EXPECT_EQ(Names().size(), 1u + kBackupCount) << "left over: " << ::testing::PrintToString(Names());
     }
-
-    const std::string m_old = LargeProjectBytes("gut");
-    const std::string m_new;
+    // About a megabyte each, so that a save takes long enough to be killed inside its writes.
+    const std::string m_old = ProjectBytes("gut", 2000, 500);
+    const std::string m_new = ProjectBytes("neu", 2000, 500);
     std::string project = PathOf("Plan.VT5");
 };
 
 TEST_F(SaveCrashTest, KilledAtEveryStep) {
     for (int step = 0;; ++step) {
         PutOldStates();
-        const int status = SaveInChild(
-            [&](FaultyFileSystem& fs) {
-                int count = 0;
-                fs.before = [=](Op, const std::string&) mutable {
-                    if (count++ == step)
-                        raise(SIGKILL);
-                };
-            },
-            [](pid_t) {});
+        const int status = SaveInChild(step);
         ExpectNothingLost("killed before step " + std::to_string(step));
         if (WIFEXITED(status))
             break; // the save ran to its end: every step has been cut
@@ -123,30 +99,23 @@ TEST_F(SaveCrashTest, KilledAtEveryStep) {
 TEST_F(SaveCrashTest, KilledAtRandomMoments) {
     PutOldStates();
     const auto start = std::chrono::steady_clock::now();
-    SaveInChild([](FaultyFileSystem&) {}, [](pid_t) {});
+    SaveInChild(-1);
     const auto saveTime =
         std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
     std::mt19937 random(20261123);
     std::uniform_int_distribution<int64_t> moment(0, saveTime.count() + 500);
-    for (int round = 0; round < kRandomKills; ++round) {
+    for (int round = 0; round < kRandomKills && !HasFailure(); ++round) {
         PutOldStates();
         const int64_t delay = moment(random);
-        SaveInChild([](FaultyFileSystem&) {},
-                    [&](pid_t child) {
-                        usleep(useconds_t(delay));
-                        kill(child, SIGKILL);
-                    });
+        SaveInChild(-1, delay);
         ExpectNothingLost("killed after " + std::to_string(delay) + " µs");
-        if (HasFailure())
-            return;
     }
 }
 
 // ---- Two editors ----
 
 void Signal(int fd) {
-    const char byte = 1;
-    ASSERT_EQ(write(fd, &byte, 1), 1);
+    ASSERT_EQ(write(fd, "1", 1), 1);
 }
 void Await(int fd) {
     char byte = 0;
@@ -156,10 +125,7 @@ void Await(int fd) {
 struct Pipe {
     int ends[2] = {-1, -1};
     Pipe() { EXPECT_EQ(pipe(ends), 0); }
-    ~Pipe() {
-        close(ends[0]);
-        close(ends[1]);
-    }
+    ~Pipe() { close(ends[0]), close(ends[1]); }
 };
 
 // Opens the project as `name` (answering the read-only question with yes), waits, saves its own
@@ -191,13 +157,11 @@ TEST_F(SaveCrashTest, OfTwoEditorsSavingAtOnceExactlyOneWrites) {
         WriteFile(project, ProjectBytes("gut"));
         // One go pipe per editor, so that a quick editor cannot take the other's go.
         Pipe ready, go[2];
-        std::vector<pid_t> editors;
-        for (int i : {0, 1}) {
-            const pid_t child = fork();
-            if (child == 0)
-                RunEditor(project, i == 0 ? "Anna" : "Bert", ready.ends[1], go[i].ends[0]);
-            editors.push_back(child);
-        }
+        const char* const names[] = {"Anna", "Bert"};
+        pid_t editors[2];
+        for (int i : {0, 1})
+            if ((editors[i] = fork()) == 0)
+                RunEditor(project, names[i], ready.ends[1], go[i].ends[0]);
         for (int phase = 0; phase < 2; ++phase) {
             Await(ready.ends[0]);
             Await(ready.ends[0]);
@@ -205,12 +169,12 @@ TEST_F(SaveCrashTest, OfTwoEditorsSavingAtOnceExactlyOneWrites) {
             Signal(go[1].ends[1]);
         }
         std::vector<std::string> writers;
-        for (size_t i = 0; i < editors.size(); ++i) {
+        for (int i : {0, 1}) {
             int status = 0;
             waitpid(editors[i], &status, 0);
             ASSERT_TRUE(WIFEXITED(status));
             if (WEXITSTATUS(status) == 0)
-                writers.push_back(i == 0 ? "Anna" : "Bert");
+                writers.push_back(names[i]);
         }
         ASSERT_EQ(writers.size(), 1u) << "round " << round;
         EXPECT_EQ(RootTitleIn(project), writers[0]);

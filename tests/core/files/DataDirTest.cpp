@@ -8,58 +8,49 @@
 #include <gtest/gtest.h>
 #include <optional>
 
-using testsupport::ReadFile;
 using testsupport::TempDir;
 using testsupport::WriteFile;
 
 namespace {
 
-// Sets or clears an environment variable for one test and restores it afterwards.
+// Sets (or, given nullptr, clears) an environment variable for one scope.
 class ScopedEnv {
 public:
     ScopedEnv(const char* name, const char* value) : m_name(name) {
         if (const char* old = std::getenv(name))
             m_old = old;
-        if (value)
-            setenv(name, value, 1);
-        else
-            unsetenv(name);
+        Set(value);
     }
-    ~ScopedEnv() {
-        if (m_old)
-            setenv(m_name, m_old->c_str(), 1);
-        else
-            unsetenv(m_name);
-    }
+    ~ScopedEnv() { Set(m_old ? m_old->c_str() : nullptr); }
     ScopedEnv(const ScopedEnv&) = delete;
     ScopedEnv& operator=(const ScopedEnv&) = delete;
 
 private:
+    void Set(const char* value) const { value ? setenv(m_name, value, 1) : unsetenv(m_name); }
+
     const char* m_name;
     std::optional<std::string> m_old;
 };
 
-TEST(DataDir, TheOverrideWinsOverTheUserDirectory) {
-    ScopedEnv dir("VELTO_DATA_DIR", "/srv/velto");
-    ScopedEnv xdg("XDG_DATA_HOME", "/home/u/data");
-    EXPECT_EQ(DataDirectory(), "/srv/velto");
-    EXPECT_EQ(HolidayFilePath(), "/srv/velto/Feiertage.dat");
-    EXPECT_EQ(AssigneeFilePath(), "/srv/velto/Bearbeiter.dat");
-}
-
-TEST(DataDir, UserDirectoryComesFromXdgThenHome) {
-    ScopedEnv dir("VELTO_DATA_DIR", "");
+// The override wins; else an absolute $XDG_DATA_HOME, else the home folder's default.
+TEST(DataDir, TheDataFilesLieInTheOverrideOrTheUserDataDirectory) {
     ScopedEnv home("HOME", "/home/u");
-    {
-        ScopedEnv xdg("XDG_DATA_HOME", "/home/u/data");
-        EXPECT_EQ(DataDirectory(), "/home/u/data/kolvarin/Velto5");
+    const struct {
+        const char* override;
+        const char* xdg;
+        std::string dir;
+    } cases[] = {
+        {"/srv/velto", "/home/u/data", "/srv/velto"},
+        {"", "/home/u/data", "/home/u/data/kolvarin/Velto5"},
+        {"", "relative/data", "/home/u/.local/share/kolvarin/Velto5"},
+        {nullptr, nullptr, "/home/u/.local/share/kolvarin/Velto5"},
+    };
+    for (const auto& c : cases) {
+        ScopedEnv dir("VELTO_DATA_DIR", c.override), xdg("XDG_DATA_HOME", c.xdg);
+        EXPECT_EQ(DataDirectory(), c.dir);
+        EXPECT_EQ(HolidayFilePath(), c.dir + "/Feiertage.dat");
+        EXPECT_EQ(AssigneeFilePath(), c.dir + "/Bearbeiter.dat");
     }
-    {
-        ScopedEnv xdg("XDG_DATA_HOME", "relative/data");
-        EXPECT_EQ(DataDirectory(), "/home/u/.local/share/kolvarin/Velto5");
-    }
-    ScopedEnv xdg("XDG_DATA_HOME", nullptr);
-    EXPECT_EQ(DataDirectory(), "/home/u/.local/share/kolvarin/Velto5");
 }
 
 TEST(DataDir, EnsureCreatesTheMissingParents) {
@@ -69,7 +60,6 @@ TEST(DataDir, EnsureCreatesTheMissingParents) {
     EXPECT_TRUE(EnsureDataDirectory());
     EXPECT_TRUE(std::filesystem::is_directory(target));
     EXPECT_TRUE(EnsureDataDirectory()) << "an existing directory is fine";
-
     WriteFile(temp.PathOf("file"), "x");
     ScopedEnv blocked("VELTO_DATA_DIR", temp.PathOf("file/sub").c_str());
     EXPECT_FALSE(EnsureDataDirectory());

@@ -1,5 +1,6 @@
 // The data files' reading and saving: a file that cannot be read is told apart from a missing one,
-// a save that fails at any step keeps the file and its backup, and a linked file stays linked.
+// each save keeps the file before it as the one backup, and a save that fails at any step keeps the
+// file and its backup.
 #include "files/AssigneeFile.h"
 #include "files/HolidayFile.h"
 
@@ -31,7 +32,7 @@ TEST_F(DataFileTest, AFileThatCannotBeReadIsToldApartFromAMissingOne) {
     EXPECT_EQ(failedRead.error, -EIO);
     EXPECT_TRUE(failedRead.entries.empty()) << "nothing of a file read halfway";
     EXPECT_EQ(ReadHolidayFile(file, fs).entries.size(), 1u);
-
+    EXPECT_TRUE(LoadHolidays(Dir()).empty()) << "a folder is not a file";
     const std::string folder = PathOf("Bearbeiter.dat");
     std::filesystem::create_directory(folder);
     const AssigneeFileContent presets = ReadAssigneeFile(folder, fs);
@@ -42,19 +43,32 @@ TEST_F(DataFileTest, AFileThatCannotBeReadIsToldApartFromAMissingOne) {
                   "\" kann nicht gelesen werden (ist ein Ordner). Sie wird nicht überschrieben.");
 }
 
+// The first save makes no backup; a linked file stays linked and keeps its backup beside its target.
+TEST_F(DataFileTest, EachSaveKeepsTheFileBeforeItAsTheBackup) {
+    ASSERT_TRUE(SaveHolidays(file, {{24, 12, 2024, 14483420, "Heilig Abend", true}}, fs));
+    EXPECT_EQ(Names(), std::vector<std::string>{"Feiertage.dat"});
+    const std::string first = ReadFile(file);
+    std::filesystem::create_directory(PathOf("team"));
+    std::filesystem::rename(file, PathOf("team/Feiertage.dat"));
+    std::filesystem::create_symlink(PathOf("team/Feiertage.dat"), file);
+    ASSERT_EQ(LoadHolidays(file).size(), 1u);
+    EXPECT_EQ(LoadHolidays(file)[0].name, "Heilig Abend");
+    ASSERT_TRUE(SaveHolidays(file, kNewEntries, fs));
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_EQ(ReadFile(PathOf("team/Feiertage.dat")), FormatHolidays(kNewEntries));
+    EXPECT_EQ(ReadFile(PathOf("team/Feiertage.bak")), first);
+}
+
 TEST_F(DataFileTest, ASaveFailingAtAnyStepKeepsTheFileAndItsBackup) {
     using Fault = doctest::FaultyFileSystem::Fault;
     struct Case {
         const char* step;
         std::vector<Fault> faults; // the first one's error is the save's
     };
-    // The temporary files' names end in ".tmp": first the new content, then the current file's
-    // second name, a link or, where links are refused, a copy.
+    // The temporary files' names end in ".tmp": first the new content (its other steps are those
+    // of a project's save), then the current file's second name, a link or, where refused, a copy.
     const Case cases[] = {
-        {"making the temporary file", {{Op::Open, ".tmp", ENOSPC}}},
         {"writing it", {{Op::Write, ".tmp", ENOSPC}}},
-        {"syncing it", {{Op::Sync, ".tmp", EIO}}},
-        {"closing it", {{Op::Close, ".tmp", EDQUOT}}},
         {"linking the current file", {{Op::Link, ".tmp", EIO}}},
         {"copying where links are refused", {{Op::Read, "Feiertage.dat", EIO}, {Op::Link, ".tmp", EPERM}}},
         {"writing the copy", {{Op::Write, ".tmp", ENOSPC, 1, 1}, {Op::Link, ".tmp", EXDEV}}},
@@ -62,34 +76,19 @@ TEST_F(DataFileTest, ASaveFailingAtAnyStepKeepsTheFileAndItsBackup) {
         {"replacing the file", {{Op::Rename, "Feiertage.dat", EIO}}},
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE(c.step);
         WriteFile(file, "current");
         WriteFile(backup, "previous");
         fs.faults = c.faults;
         const SaveOutcome saved = SaveHolidays(file, kNewEntries, fs);
-        EXPECT_FALSE(saved) << c.step;
-        EXPECT_EQ(saved.error, -c.faults[0].error) << c.step;
-        EXPECT_EQ(ReadFile(file), "current") << c.step;
+        EXPECT_FALSE(saved);
+        EXPECT_EQ(saved.error, -c.faults[0].error);
+        EXPECT_EQ(ReadFile(file), "current");
         // Only the last rename comes after the backup was replaced: it then holds the unchanged file.
         const bool lastStep = c.faults[0].op == Op::Rename && c.faults[0].suffix == "Feiertage.dat";
-        EXPECT_EQ(ReadFile(backup), lastStep ? "current" : "previous") << c.step;
-        EXPECT_EQ(Names(), (std::vector<std::string>{"Feiertage.bak", "Feiertage.dat"})) << c.step;
+        EXPECT_EQ(ReadFile(backup), lastStep ? "current" : "previous");
+        EXPECT_EQ(Names(), (std::vector<std::string>{"Feiertage.bak", "Feiertage.dat"}));
     }
-    fs.faults.clear();
-    ASSERT_TRUE(SaveHolidays(file, kNewEntries, fs));
-    EXPECT_EQ(ReadFile(file), FormatHolidays(kNewEntries));
-    EXPECT_EQ(ReadFile(backup), "current");
-}
-
-TEST_F(DataFileTest, ALinkedFileStaysLinkedAndKeepsItsBackupBesideItsTarget) {
-    std::filesystem::create_directory(PathOf("team"));
-    const std::string shared = PathOf("team/Feiertage.dat");
-    WriteFile(shared, FormatHolidays({{3, 10, 2024, 255, "Einheit", true}}));
-    std::filesystem::create_symlink(shared, file);
-    EXPECT_EQ(ReadHolidayFile(file, fs).entries.size(), 1u);
-    ASSERT_TRUE(SaveHolidays(file, kNewEntries, fs));
-    EXPECT_TRUE(std::filesystem::is_symlink(file));
-    EXPECT_EQ(ReadFile(shared), FormatHolidays(kNewEntries));
-    EXPECT_EQ(ReadHolidayFile(PathOf("team/Feiertage.bak"), fs).entries[0].name, "Einheit");
 }
 
 TEST(DataFilePaths, TheBackupReplacesTheExtensionOfTheFileNameOnly) {
