@@ -40,12 +40,6 @@ inline QStringList MenuTexts(const QMenu& menu) {
         texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
     return texts;
 }
-inline QStringList MenuTitles(const QMenuBar* bar) {
-    QStringList titles;
-    for (QAction* action : bar->actions())
-        titles << action->text();
-    return titles;
-}
 inline QMenu* TopMenu(const QMenuBar* bar, const QString& title) {
     for (QAction* top : bar->actions())
         if (top->text() == title)
@@ -128,7 +122,6 @@ protected:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder);
     }
-
     // A settings folder whose place is taken by a file can be neither read nor written.
     void UseUnusableSettingsFolder() {
         QFile blocker(TempPath("blocked"));
@@ -166,6 +159,7 @@ protected:
         for (const auto& [key, value] : values)
             stored.setValue(key, value);
     }
+    static QVariant Stored(const char* key) { return QSettings("kolvarin", "Velto5").value(key); }
 
     static void CloseWithoutQuestions(CMainFrame& frame) {
         for (CChildFrame* child : frame.Children())

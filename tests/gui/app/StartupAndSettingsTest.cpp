@@ -46,11 +46,16 @@ TEST_F(Startup, NothingNamedStartsWithANewProject) {
     CloseWithoutQuestions(app.MainFrame());
 }
 
-TEST_F(Startup, AFileThatFailsOnTheCommandLineLeavesAnEmptyFrame) {
+TEST_F(Startup, ABrokenFileOnTheCommandLineIsNamedAndLeavesAnEmptyFrame) {
+    QFile broken(ProjectPath("Kaputt.VT5"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("\x01\x02\x03", 3); // ends in the middle of the header
+    broken.close();
     CVeltoApp app(desktop);
-    app.Start({ProjectPath("Gibtsnicht.VT5")});
+    app.Start({broken.fileName()});
     EXPECT_TRUE(app.MainFrame().Children().isEmpty());
-    EXPECT_EQ(desktop.prompter.asked().size(), 1u);
+    ASSERT_EQ(desktop.prompter.asked().size(), 1u);
+    EXPECT_NE(desktop.prompter.asked()[0].text.find("Kaputt.VT5"), std::string::npos);
 }
 
 TEST(CommandLine, FilesOptionsAndErrors) {

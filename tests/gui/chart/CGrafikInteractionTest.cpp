@@ -1,5 +1,9 @@
+// The chart under mouse, keys, scroll bars and the clipboard.
 #include "ChartTestSupport.h"
+#include "outline/NodeClipboard.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -97,10 +101,8 @@ TEST_F(CGrafikInteraction, DraggingARowMovesItsSubtreeBeforeTheRowBelowTheLine) 
     EXPECT_TRUE(host.doc.IsModified());
     EXPECT_EQ(Selected(), "B");
     EXPECT_EQ(chart.DragMode(), CGrafik::Drag::None);
-    DragRow(6, LowerHalfOf(2)); // N to the line below b1: before A, at A's level
-    EXPECT_EQ(Outline(First()), "0:R 1:B 2:b1 1:N 1:A 2:a1 1:T");
     DragRow(1, LowerHalfOf(9)); // B below the last row: the root's last child
-    EXPECT_EQ(Outline(First()), "0:R 1:N 1:A 2:a1 1:T 1:B 2:b1");
+    EXPECT_EQ(Outline(First()), "0:R 1:A 2:a1 1:T 1:N 1:B 2:b1");
 }
 
 TEST_F(CGrafikInteraction, RefusedDropsSayWhyAndTakeNoUndoCopy) {
@@ -174,6 +176,73 @@ TEST_F(CGrafikInteraction, HoldingANodeAboveOrBelowTheRowsScrolls) {
     EXPECT_EQ(chart.FirstRow(), 1);
     Release(chart, QPoint(from.x(), 20));
     EXPECT_EQ(Outline(First()).substr(0, 16), "0:R 1:A 2:a1 2:B") << "no line was allowed there: no drop";
+}
+
+// ---- Cut, copy and paste: undo copy, modified flag, system clipboard, the note pane's turn ----
+
+class CGrafikClipboard : public ChartFixture {
+protected:
+    void SetUp() override {
+        NodeClipboard::Instance().Clear();
+        Load({{0, kKindProject, "R"},
+              {1, kKindProject, "A"},
+              {2, kKindProject, "B"},
+              {3, kKindTask,
+               "Gr\xF6\xDF"
+               "e \x80"},
+              {1, kKindTask, "T"}});
+    }
+    void TearDown() override { NodeClipboard::Instance().Clear(); }
+    QString SystemClipboard() { return QGuiApplication::clipboard()->text(); }
+};
+
+TEST_F(CGrafikClipboard, ACutTakesTheUndoCopyAndIsPastedOnce) {
+    Select("B");
+    chart.OnEditCut();
+    EXPECT_EQ(Outline(First()), "0:R 1:A 1:T");
+    EXPECT_EQ(host.requests, std::vector<std::string>{"undo copy"});
+    EXPECT_TRUE(host.doc.IsModified());
+    EXPECT_EQ(SystemClipboard(), QString::fromUtf8("B\n\tGröße €"));
+
+    Select("T");
+    chart.OnEditPaste();
+    EXPECT_EQ(Outline(First()), "0:R 1:A 1:B 2:Gr\xF6\xDF"
+                                "e \x80 1:T");
+    chart.OnEditPaste();
+    EXPECT_EQ(host.prompter.texts(), std::vector<std::string>{"Zwischenablage ist leer!"});
+    EXPECT_EQ(host.requests.size(), 2u) << "no undo copy for a paste that does nothing";
+}
+
+TEST_F(CGrafikClipboard, ACopyChangesNothingAndAnotherProjectsChartPastesIt) {
+    Select("A");
+    chart.OnEditCopy();
+    EXPECT_TRUE(host.requests.empty());
+    EXPECT_FALSE(host.doc.IsModified());
+    EXPECT_EQ(SystemClipboard(), QString::fromUtf8("A\n\tB\n\t\tGröße €"));
+
+    TestHost other;
+    other.doc.m_pFirstNode = BuildList({{0, kKindProject, "Zweites"}, {1, kKindTask, "x"}});
+    CGrafik otherChart;
+    otherChart.SetHost(&other);
+    SelectOnly(other.doc.m_pFirstNode, other.doc.m_pFirstNode->m_pNext);
+    otherChart.OnEditPaste();
+    EXPECT_EQ(Outline(other.doc.m_pFirstNode), "0:Zweites 1:A 2:B 3:Gr\xF6\xDF"
+                                               "e \x80 1:x");
+}
+
+TEST_F(CGrafikClipboard, TheFirstNodeCannotBeCutAndPasteDefersToAFocusedNotePane) {
+    const std::string before = Outline(First());
+    chart.OnEditCut();
+    EXPECT_EQ(host.prompter.texts(),
+              std::vector<std::string>{"Erster Knoten kann nicht ausgeschnitten werden!"});
+    EXPECT_TRUE(NodeClipboard::Instance().IsEmpty());
+    Select("T");
+    chart.OnEditCopy();
+    host.notePaneFocused = true;
+    chart.OnEditPaste();
+    EXPECT_EQ(host.notePastes, 1);
+    EXPECT_TRUE(host.requests.empty());
+    EXPECT_EQ(Outline(First()), before);
 }
 
 } // namespace

@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressBoxesAndKindSquares) {
+TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressBoxesKindSquaresAndBoldText) {
     const int top = chart.Layout().RowTop(2);
     EXPECT_EQ(At(QPoint(2, top + 10)), kBlack);
     EXPECT_EQ(At(QPoint(400, top)), kBlack) << "the frame runs across the calendar";
@@ -65,6 +65,8 @@ TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressBoxesAndKindSquares) {
     EXPECT_EQ(InBox(0, 60), kWhite);
     EXPECT_EQ(InSquare(3), kYellow);
     EXPECT_EQ(InSquare(4), kBlue);
+    EXPECT_GT(Ink(6), 20);
+    EXPECT_GT(Ink(5), Ink(6) * 5 / 4) << "a bold row carries more ink";
 }
 
 TEST_F(CGrafikRender, WeekendsHolidaysAndTodayAreMarkedInTheirColumns) {
@@ -99,11 +101,6 @@ TEST_F(CGrafikRender, BarsRunFromStartDayToDueDayInProgressOrNodeColours) {
     Redraw();
     EXPECT_EQ(InColumn(1, 1), kRed) << "\"Balken\": the node's colour";
     EXPECT_EQ(InColumn(7, 4), kBlack);
-}
-
-TEST_F(CGrafikRender, BoldRowsCarryMoreInkThanNormalOnes) {
-    EXPECT_GT(Ink(6), 20);
-    EXPECT_GT(Ink(5), Ink(6) * 5 / 4);
 }
 
 TEST_F(CGrafikRender, ExpandMarkerShowsMinusOrPlus) {

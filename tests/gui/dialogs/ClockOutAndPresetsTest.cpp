@@ -1,6 +1,7 @@
-// Clocking out, the preset file dialog, and what the document gets back from the node dialog.
+// Clocking out, the data file dialogs, and what the document gets back from the node dialog.
 #include "dialogs/CAssigneeDlg.h"
 #include "dialogs/CClockOutDlg.h"
+#include "dialogs/CHolidayDlg.h"
 #include "dialogs/CNodeEditDlg.h"
 #include "dialogs/NodeDialogs.h"
 
@@ -36,7 +37,7 @@ struct ClockOutFixture : ::testing::Test {
     }
 };
 
-TEST_F(ClockOutFixture, DiscardingStopsTheClockWithoutAnEntry) {
+TEST_F(ClockOutFixture, DiscardingStopsTheClockAndAnAcceptedEntryAddsItsHoursAndTexts) {
     OnNextModal<CClockOutDlg>([](CClockOutDlg& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Ausstempeln: Montage");
         ClickCancel(dialog); // "Verwerfen"
@@ -45,9 +46,8 @@ TEST_F(ClockOutFixture, DiscardingStopsTheClockWithoutAnEntry) {
     EXPECT_FALSE(task->m_bClockedIn);
     EXPECT_TRUE(task->m_pHours.empty());
     EXPECT_FALSE(doc.IsModified());
-}
 
-TEST_F(ClockOutFixture, AnAcceptedEntryAddsItsHoursAndTheTexts) {
+    task->m_bClockedIn = 1;
     OnNextModal<CClockOutDlg>([this](CClockOutDlg& dialog) {
         Find<QTimeEdit>(dialog, "begin")->setTime(QTime(22, 0));
         Find<QTimeEdit>(dialog, "end")->setTime(QTime(1, 0));
@@ -123,15 +123,21 @@ TEST(Presets, TwoWordsAreStoredJoinedAndComeBackSorted) {
     EXPECT_EQ(testsupport::ReadFile(file), "Anna\rMax#~*Muster\rZeta\r") << "Cancel writes nothing";
 }
 
-TEST(Presets, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
+TEST(DataFileDialogs, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
     testsupport::TempDir dir;
-    const std::string fifo = dir.PathOf("Bearbeiter.dat");
+    const std::string fifo =
+        dir.PathOf("Daten.dat"); // cannot be read as a data file, but a save would replace it
     ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
     ScriptedPrompter prompter;
-    CAssigneeDlg dialog(fifo, prompter);
-    EXPECT_NE(Find<QLabel>(dialog, "unreadable")->text().toStdString().find(fifo), std::string::npos);
-    EXPECT_FALSE(ButtonOfRole(dialog, QDialogButtonBox::AcceptRole)->isEnabled());
-    dialog.accept();
+    CHolidayDlg holidays(fifo, prompter);
+    CAssigneeDlg presets(fifo, prompter);
+    for (QDialog* dialog : std::initializer_list<QDialog*>{&holidays, &presets}) {
+        dialog->show();
+        EXPECT_NE(Find<QLabel>(*dialog, "unreadable")->text().toStdString().find(fifo), std::string::npos);
+        EXPECT_FALSE(ButtonOfRole(*dialog, QDialogButtonBox::AcceptRole)->isEnabled());
+        dialog->accept();
+        EXPECT_TRUE(dialog->isVisible());
+    }
     EXPECT_TRUE(std::filesystem::is_fifo(fifo));
 }
 

@@ -28,22 +28,23 @@ struct EntryList : NodeDialogFixture {
     template <typename T> T* Get(const char* name) { return Find<T>(*dialog, name); }
     QTreeWidget* List() { return Get<QTreeWidget>("entries"); }
     QString Cell(int row, int column) { return List()->topLevelItem(row)->text(column); }
-    void Mode(const char* radio) { Get<QRadioButton>(radio)->click(); }
-    void Click(const char* button) { Get<QPushButton>(button)->click(); }
-
+    void TakeBack(int row) {
+        List()->setCurrentItem(List()->topLevelItem(row));
+        Get<QPushButton>("takeBackEntry")->click();
+    }
     void AddHours(QDate day, QTime begin, QTime end, const char* assignee = "Anna", const char* remark = "") {
         Get<QDateEdit>("entryDay")->setDate(day);
         Get<QTimeEdit>("entryBegin")->setTime(begin);
         Get<QTimeEdit>("entryEnd")->setTime(end);
         Get<QComboBox>("entryAssignee")->setCurrentText(assignee);
         Get<QComboBox>("entryRemark")->setCurrentText(remark);
-        Click("addEntry");
+        Get<QPushButton>("addEntry")->click();
     }
     void AddCost(const char* price, const char* quantity, bool income) {
         Get<StepEdit>("unitPrice")->SetText(price);
         Get<StepEdit>("quantity")->SetText(quantity);
         Get<QRadioButton>(income ? "income" : "expense")->setChecked(true);
-        Click("addEntry");
+        Get<QPushButton>("addEntry")->click();
     }
 };
 
@@ -64,23 +65,21 @@ TEST_F(EntryList, HoursFillTheListNewestDayFirstAndReachTheNodeOnOk) {
 
 TEST_F(EntryList, TakingBackHoursRefillsTheInputRowAndTheSum) {
     Open();
-    Click("takeBackEntry");
+    Get<QPushButton>("takeBackEntry")->click();
     EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Kein Eintrag ausgewählt!"});
     AddHours(QDate(2024, 5, 5), QTime(8, 0), QTime(9, 0), "Anna", "x");
     AddHours(QDate(2024, 5, 6), QTime(10, 0), QTime(11, 0), "Anna", "y");
-    List()->setCurrentItem(List()->topLevelItem(1));
-    Click("takeBackEntry");
+    TakeBack(1);
     EXPECT_EQ(List()->topLevelItemCount(), 1);
     EXPECT_EQ(Get<QLineEdit>("needed")->text(), "1.00");
     EXPECT_EQ(Get<QTimeEdit>("entryBegin")->time(), QTime(8, 0));
     EXPECT_EQ(Get<QComboBox>("entryRemark")->currentText(), "x");
 
-    // The Delete key in the list takes the selected entry back too.
     QApplication::setActiveWindow(dialog.get());
     List()->setFocus();
     List()->setCurrentItem(List()->topLevelItem(0));
     QTest::keyClick(List(), Qt::Key_Delete);
-    EXPECT_EQ(List()->topLevelItemCount(), 0);
+    EXPECT_EQ(List()->topLevelItemCount(), 0) << "the Delete key takes back too";
 }
 
 TEST_F(EntryList, CombosOfferPresetsWhenTheFileHasSomeElseTheRecentTexts) {
@@ -97,7 +96,7 @@ TEST_F(EntryList, CombosOfferPresetsWhenTheFileHasSomeElseTheRecentTexts) {
 
 TEST_F(EntryList, BothCostListsWithTheirAutomaticEntriesReachTheNodeOnOk) {
     Open();
-    Mode("modeCalculated");
+    Get<QRadioButton>("modeCalculated")->click();
     EXPECT_EQ(Get<QGroupBox>("listGroup")->title(), "Kalkulierte Kosten");
     ASSERT_EQ(List()->topLevelItemCount(), 1);
     EXPECT_EQ(Cell(0, 7), "-400.00");
@@ -105,9 +104,17 @@ TEST_F(EntryList, BothCostListsWithTheirAutomaticEntriesReachTheNodeOnOk) {
     EXPECT_EQ(Cell(0, 7), "-480.00") << "the automatic entry follows the rate";
     AddCost("19.99", "3", true);
     EXPECT_EQ(Cell(0, 7), "59.97");
+    TakeBack(1);
+    EXPECT_EQ(prompter.texts(),
+              std::vector<std::string>{"Dieser Eintrag wurde automatisch generiert und ist nicht löschbar!"});
+    TakeBack(0);
+    EXPECT_EQ(Get<StepEdit>("unitPrice")->Text(), "19.99") << "the input row is refilled";
+    EXPECT_TRUE(Get<QRadioButton>("income")->isChecked());
+    ASSERT_EQ(List()->topLevelItemCount(), 1);
+    Get<QPushButton>("addEntry")->click();
 
     Get<QLineEdit>("needed")->setText("2");
-    Mode("modeNeeded");
+    Get<QRadioButton>("modeNeeded")->click();
     EXPECT_EQ(Cell(0, 6), "Benötigte Stunden");
     AddCost("7", "2", false);
     ClickOk(*dialog);
@@ -115,23 +122,6 @@ TEST_F(EntryList, BothCostListsWithTheirAutomaticEntriesReachTheNodeOnOk) {
     EXPECT_EQ(task.m_pCosts2.size(), 2u);
     EXPECT_NEAR(task.m_fCostPlanned, -480.0f + 59.97f, 1e-3);
     EXPECT_FLOAT_EQ(task.m_fCostNeeded, -120.0f - 14.0f);
-}
-
-TEST_F(EntryList, TheAutomaticEntryCannotBeTakenBackButOthersCan) {
-    Open();
-    Mode("modeCalculated");
-    AddCost("19.99", "3", true);
-    List()->setCurrentItem(List()->topLevelItem(1)); // the automatic entry
-    Click("takeBackEntry");
-    EXPECT_EQ(prompter.texts(),
-              std::vector<std::string>{"Dieser Eintrag wurde automatisch generiert und ist nicht löschbar!"});
-    EXPECT_EQ(List()->topLevelItemCount(), 2);
-
-    List()->setCurrentItem(List()->topLevelItem(0));
-    Click("takeBackEntry");
-    EXPECT_EQ(List()->topLevelItemCount(), 1);
-    EXPECT_EQ(Get<StepEdit>("unitPrice")->Text(), "19.99");
-    EXPECT_TRUE(Get<QRadioButton>("income")->isChecked());
 }
 
 } // namespace

@@ -13,7 +13,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
-#include <sys/stat.h>
 
 namespace {
 
@@ -124,19 +123,6 @@ TEST_F(HolidayDlgTest, AFileThatCannotBeWrittenKeepsTheDialogOpen) {
     EXPECT_EQ(prompter.asked().size(), 1u);
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(dialog.Entries().size(), 1u);
-}
-
-TEST_F(HolidayDlgTest, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
-    // A FIFO cannot be read as a data file, but a save would replace it.
-    const std::string fifo = dir.PathOf("Feiertage.fifo");
-    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
-    CHolidayDlg dialog(fifo, prompter);
-    dialog.show();
-    EXPECT_NE(Find<QLabel>(dialog, "unreadable")->text().toStdString().find(fifo), std::string::npos);
-    EXPECT_FALSE(ButtonOfRole(dialog, QDialogButtonBox::AcceptRole)->isEnabled());
-    dialog.accept();
-    EXPECT_TRUE(dialog.isVisible());
-    EXPECT_TRUE(std::filesystem::is_fifo(fifo));
 }
 
 } // namespace

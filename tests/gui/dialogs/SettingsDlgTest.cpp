@@ -32,7 +32,13 @@ QLineEdit& StartFile(const CSettingsDlg& dialog, int number) {
     return *Find<QLineEdit>(dialog, QStringLiteral("startFile%1").arg(number).toLatin1().constData());
 }
 
-TEST_F(SettingsDlg, WithNothingStoredItShowsTheDefaultsAndOkCreatesEveryValue) {
+TEST_F(SettingsDlg, WithNothingStoredItShowsTheDefaultsCancelWritesNothingAndOkEveryValue) {
+    CSettingsDlg cancelled(settings, desktop);
+    SetChecked(cancelled, "dueDate", true);
+    StartFile(cancelled, 1).setText(ProjectPath("Eins.VT5"));
+    ClickCancel(cancelled);
+    EXPECT_TRUE(QSettings("kolvarin", "Velto5").allKeys().isEmpty());
+
     CSettingsDlg dialog(settings, desktop);
     EXPECT_EQ(Find<QComboBox>(dialog, "fontName")->currentText(), "Arial");
     EXPECT_EQ(Find<QSpinBox>(dialog, "fontSize")->value(), 12);
@@ -138,14 +144,6 @@ TEST_F(SettingsDlg, OddStoredValuesReadInTheDialogAsTheChartAndTheSortReadThem) 
     EXPECT_FALSE(dialog.showStartDate || dialog.showDueDate);
     EXPECT_EQ(chart.chart.datePrefix, 0);
     EXPECT_EQ(store("SchriftGroesse", 3).first.noteFontSize, 6);
-}
-
-TEST_F(SettingsDlg, CancelWritesNothing) {
-    CSettingsDlg dialog(settings, desktop);
-    SetChecked(dialog, "dueDate", true);
-    StartFile(dialog, 1).setText(ProjectPath("Eins.VT5"));
-    ClickCancel(dialog);
-    EXPECT_TRUE(QSettings("kolvarin", "Velto5").allKeys().isEmpty());
 }
 
 TEST_F(SettingsDlg, AnUnusableStoreIsReportedOnOpeningAndOnOk) {

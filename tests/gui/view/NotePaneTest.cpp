@@ -4,7 +4,6 @@
 #include "text/RtfWriter.h"
 
 #include <QMenu>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 using namespace notetest;
@@ -22,22 +21,14 @@ TEST_F(NotePane, ShowsEachNodesNoteAndKeepsEditsWhenSwitching) {
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha! Erste Zeile\nZweite") << "saved on key-up";
     EXPECT_EQ(a->m_timeChanged, CTime(kNow));
     EXPECT_TRUE(doc.IsModified());
-
-    pane->ShowNode(b);
-    EXPECT_EQ(Editor().toPlainText(), "Beta");
-    pane->ShowNode(a);
-    EXPECT_EQ(Editor().toPlainText(), "Alpha! Erste Zeile\nZweite");
     EXPECT_TRUE(SavedFormatAt(a, 0, 7).bold) << "the formats of the edited note are kept too";
     EXPECT_FALSE(SavedFormatAt(a, 0, 0).bold);
-}
 
-TEST_F(NotePane, AnEditNotYetWrittenIsSavedBeforeTheNextNoteShows) {
-    pane->ShowNode(a);
     Caret(0);
     Editor().insertPlainText("Neu ");
-    EXPECT_EQ(a->m_strNote, kNoteA) << "no key came up yet";
     pane->ShowNode(b);
-    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Neu Alpha Erste Zeile\nZweite");
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Neu Alpha! Erste Zeile\nZweite") << "saved before switching";
+    EXPECT_EQ(Editor().toPlainText(), "Beta");
 
     // A note changed behind the pane's back shows anew; an unchanged one is not read again.
     b->m_strNote = "{\\rtf1 Anders\\par}";
@@ -54,6 +45,7 @@ TEST_F(NotePane, LookingAtANoteChangesNothing) {
     Select(2, 8);
     for (Qt::Key key : {Qt::Key_Right, Qt::Key_End, Qt::Key_Down, Qt::Key_Shift})
         QTest::keyClick(&Editor(), key);
+    Editor().copy();
     Editor().clearFocus();
     pane->ShowNode(b);
     pane->SaveNote();
@@ -63,30 +55,7 @@ TEST_F(NotePane, LookingAtANoteChangesNothing) {
     EXPECT_FALSE(doc.IsModified()) << "keys that change nothing leave the project as it was";
 }
 
-TEST_F(NotePane, UneditedNotesKeepTheirBytesThroughSaveAndLoad) {
-    QTemporaryDir dir;
-    ASSERT_TRUE(dir.isValid());
-    const std::string path = QFile::encodeName(dir.filePath("Notizen.VT5")).toStdString();
-    pane->ShowNode(b);
-    Focus();
-    QTest::keyClicks(&Editor(), "x");
-    pane->ShowNode(a);
-    Select(0, 5);
-    Editor().copy();
-    pane->ShowNode(nullptr);
-    ASSERT_TRUE(doc.OnSaveDocument(path));
-    ASSERT_TRUE(doc.OnCloseDocument());
-
-    CVeltoDoc reopened(prompter);
-    ASSERT_TRUE(reopened.OnOpenDocument(path));
-    const CProjectNode* second = reopened.m_pFirstNode->m_pNext;
-    ASSERT_TRUE(second && second->m_pNext);
-    EXPECT_EQ(second->m_strNote, kNoteA) << "the writer would have written other bytes";
-    EXPECT_EQ(rtf::PlainText(second->m_pNext->m_strNote), "xBeta");
-    EXPECT_EQ(second->m_pNext->m_timeChanged, CTime(kNow));
-}
-
-TEST_F(NotePane, EffectsFlipOnAUniformSelectionAndAreSetOnAMixedOne) {
+TEST_F(NotePane, EffectsFlipOnAUniformSelectionAreSetOnAMixedOneAndWaitForTypingWithoutOne) {
     pane->ShowNode(a);
     for (int id : {cmd::NoteBold, cmd::NoteItalic, cmd::NoteUnderline}) {
         SCOPED_TRACE(id);
@@ -103,13 +72,27 @@ TEST_F(NotePane, EffectsFlipOnAUniformSelectionAndAreSetOnAMixedOne) {
     EXPECT_EQ(zeile.halfPoints, 20) << "a toggle touches its own effect only";
     EXPECT_EQ(Saved(a).paragraphs[1], rtf::ReadRtf(kNoteA).paragraphs[1]) << "outside the selection";
     EXPECT_EQ(a->m_timeChanged, CTime(kNow));
+
+    pane->ShowNode(b);
+    Focus();
+    QTest::keyClick(&Editor(), Qt::Key_End);
+    Run(cmd::NoteBold);
+    QTest::keyClicks(&Editor(), "X");
+    EXPECT_TRUE(SavedFormatAt(b, 0, 4).bold) << "without a selection, for what is typed next";
+    EXPECT_FALSE(SavedFormatAt(b, 0, 3).bold);
 }
 
-TEST_F(NotePane, ButtonsAndKeysToggleTooAndShowTheSelection) {
+TEST_F(NotePane, ButtonsKeysAndTheContextMenuShowAndToggleTheSelection) {
     pane->ShowNode(a);
     auto* bold = pane->findChild<QToolButton*>("button141");
     Select(6, 11);
     EXPECT_TRUE(bold->isChecked());
+    std::unique_ptr<QMenu> menu(pane->CreateContextMenu(nullptr));
+    EXPECT_TRUE(menu->actions()[0]->isChecked()) << menu->actions()[0]->text().toStdString();
+    EXPECT_FALSE(menu->actions()[1]->isChecked());
+    menu->actions()[0]->trigger();
+    EXPECT_FALSE(SavedFormatAt(a, 0, 6).bold);
+
     Select(0, 5);
     EXPECT_FALSE(bold->isChecked());
     Click(CNotePane::kBoldButton);
@@ -118,16 +101,6 @@ TEST_F(NotePane, ButtonsAndKeysToggleTooAndShowTheSelection) {
     EXPECT_TRUE(pane->EditorHasFocus()) << "the focus goes back to the text";
     QTest::keyClick(&Editor(), Qt::Key_I, Qt::ControlModifier);
     EXPECT_TRUE(SavedFormatAt(a, 0, 0).italic);
-}
-
-TEST_F(NotePane, WithoutASelectionTheFormatAppliesToWhatIsTypedNext) {
-    pane->ShowNode(b);
-    Focus();
-    QTest::keyClick(&Editor(), Qt::Key_End);
-    Run(cmd::NoteBold);
-    QTest::keyClicks(&Editor(), "X");
-    EXPECT_TRUE(SavedFormatAt(b, 0, 4).bold);
-    EXPECT_FALSE(SavedFormatAt(b, 0, 3).bold);
 }
 
 TEST_F(NotePane, SizeStepsBelowOnePointAreKeptWhileTheScreenClamps) {
@@ -141,20 +114,6 @@ TEST_F(NotePane, SizeStepsBelowOnePointAreKeptWhileTheScreenClamps) {
     EXPECT_EQ(SavedFormatAt(b, 0, 0).halfPoints, 10) << "and back up from below zero";
 }
 
-TEST_F(NotePane, ColourStartsFromTheSelectionAndCancelChangesNothing) {
-    pane->ShowNode(a);
-    Select(0, 5);
-    Click(CNotePane::kColourButton);
-    EXPECT_EQ(colourAskedWith, std::vector<int>{0}) << "automatic colour starts the dialog at black";
-    EXPECT_EQ(a->m_strNote, kNoteA);
-    EXPECT_FALSE(doc.IsModified());
-
-    colourAnswer = 0x0080FF; // COLORREF: red 255, green 128
-    Click(CNotePane::kColourButton);
-    EXPECT_EQ(SavedFormatAt(a, 0, 0).colour, rtf::MakeColour(255, 128, 0));
-    EXPECT_EQ(SavedFormatAt(a, 0, 6).colour, std::nullopt);
-}
-
 TEST_F(NotePane, AlignmentChangesTheParagraphsOfTheSelection) {
     pane->ShowNode(a);
     Caret(2);
@@ -166,17 +125,28 @@ TEST_F(NotePane, AlignmentChangesTheParagraphsOfTheSelection) {
     EXPECT_EQ(Saved(a).paragraphs[1].alignment, rtf::Alignment::Left);
 }
 
-TEST_F(NotePane, FontDialogStartsFromTheSelectionAndSetsFaceSizeAndEffects) {
+TEST_F(NotePane, ColourAndFontDialogsStartFromTheSelectionAndCancelChangesNothing) {
     pane->ShowNode(a);
+    Select(0, 5);
+    Click(CNotePane::kColourButton);
+    EXPECT_EQ(colourAskedWith, std::vector<int>{0}) << "automatic colour starts the dialog at black";
     Select(6, 11);
     EXPECT_TRUE(Run(cmd::NoteFont));
     ASSERT_EQ(fontAskedWith.size(), 1u);
     EXPECT_EQ(fontAskedWith[0].pointSizeF(), 10.0);
     EXPECT_TRUE(fontAskedWith[0].bold());
+    EXPECT_EQ(a->m_strNote, kNoteA);
+    EXPECT_FALSE(doc.IsModified());
 
+    colourAnswer = 0x0080FF; // COLORREF: red 255, green 128
+    Select(0, 5);
+    Click(CNotePane::kColourButton);
+    EXPECT_EQ(SavedFormatAt(a, 0, 0).colour, rtf::MakeColour(255, 128, 0));
+    EXPECT_EQ(SavedFormatAt(a, 0, 6).colour, std::nullopt);
     QFont chosen("Liberation Serif", 15);
     chosen.setItalic(true);
     fontAnswer = chosen;
+    Select(6, 11);
     Run(cmd::NoteFont);
     const rtf::CharFormat erste = SavedFormatAt(a, 0, 6);
     EXPECT_EQ(erste.face, "Liberation Serif");
@@ -230,16 +200,6 @@ TEST_F(NotePane, EditCommandsBelongToThePaneOnlyWhileItHasTheFocus) {
     pane->ShowNode(b);
     Focus();
     EXPECT_FALSE(Query(cmd::EditUndo).enabled) << "another note starts a new history";
-}
-
-TEST_F(NotePane, ContextMenuShowsAndTogglesTheEffectsOfTheSelection) {
-    pane->ShowNode(a);
-    Select(6, 11);
-    std::unique_ptr<QMenu> menu(pane->CreateContextMenu(nullptr));
-    EXPECT_TRUE(menu->actions()[0]->isChecked()) << menu->actions()[0]->text().toStdString();
-    EXPECT_FALSE(menu->actions()[1]->isChecked());
-    menu->actions()[0]->trigger();
-    EXPECT_FALSE(SavedFormatAt(a, 0, 6).bold);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
+#include "support/TempDir.h"
 #include "support/TestEnvironment.h"
 
 #include <QTextBlock>
@@ -12,9 +13,7 @@
 #include <QTextDocument>
 
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace {
 
@@ -100,13 +99,6 @@ TEST(NoteRichText, PastedObjectsAreDropped) {
     EXPECT_EQ(rtf::PlainText(rtf::WriteRtf(note)), "Bild:Ende");
 }
 
-std::string Slurp(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    return content.str();
-}
-
 // Any text the reader can make of real files, also the corners (control characters, symbol fonts,
 // empty paragraphs after tables), goes through the pane unchanged.
 TEST(NoteRichText, CorpusNotesSurviveThePane) {
@@ -117,7 +109,7 @@ TEST(NoteRichText, CorpusNotesSurviveThePane) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(files)) {
         if (entry.path().extension() != ".rtf")
             continue;
-        const rtf::Document note = rtf::ReadRtf(Slurp(entry.path()));
+        const rtf::Document note = rtf::ReadRtf(testsupport::ReadFile(entry.path().string()));
         EXPECT_EQ(rtf::WriteRtf(RoundTrip(note)), rtf::WriteRtf(note)) << entry.path();
         ++checked;
     }
