@@ -60,7 +60,6 @@ TEST(CommandRouter, TheFirstTargetThatKnowsACommandTakesItUnlessItHasItDisabled)
     EXPECT_EQ(c.view.ran, (std::vector<int>{1, 2}));
     EXPECT_EQ(c.doc.ran, (std::vector<int>{3}));
     EXPECT_TRUE(c.frame.ran.empty()) << "nothing falls through";
-
     c.withView = false;
     EXPECT_TRUE(c.router.Execute(1));
     EXPECT_EQ(c.frame.ran, (std::vector<int>{1}));
@@ -77,7 +76,6 @@ TEST(CommandRouter, ActionsFollowTheUpdateHandlersAndRouteWhenTriggered) {
     c.router.UpdateAll();
     EXPECT_TRUE(known.isEnabled() && known.isChecked());
     EXPECT_FALSE(unknown.isEnabled());
-
     c.view.checked = false;
     QMenu menu;
     menu.addAction(&known);
@@ -86,7 +84,6 @@ TEST(CommandRouter, ActionsFollowTheUpdateHandlersAndRouteWhenTriggered) {
     EXPECT_FALSE(known.isChecked());
     known.trigger();
     EXPECT_EQ(c.view.ran, (std::vector<int>{1}));
-
     auto* deleted = new QAction;
     c.router.Bind(deleted, 1);
     delete deleted;
@@ -110,8 +107,6 @@ TEST(CommandTable, EveryMenuAndToolbarCommandHasAnEntryAndNoKeyIsTakenTwice) {
             EXPECT_TRUE(id == 0 || FindCommand(id)) << id;
 }
 
-// ---- The chain of the running program ----
-
 using ShellRouting = ShellTest;
 
 TEST_F(ShellRouting, TheViewTakesItsCommandsOnceAProjectIsOpenAndTheFrameTheRest) {
@@ -125,7 +120,6 @@ TEST_F(ShellRouting, TheViewTakesItsCommandsOnceAProjectIsOpenAndTheFrameTheRest
     EXPECT_EQ(settingsOpened, 1);
     frame.OnIdle();
     EXPECT_TRUE(frame.StatusPane().text().isEmpty());
-
     frame.Documents().NewDocument();
     frame.OnIdle();
     for (int id : {cmd::NewNode, cmd::SortByDate, cmd::FileSave, cmd::WindowCascade, cmd::MindMapMode})

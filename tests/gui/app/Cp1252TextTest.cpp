@@ -11,7 +11,6 @@ TEST(Cp1252Text, EveryByteSurvivesTheRoundTripAndOtherCharactersAreRefusedOrRepl
     ASSERT_EQ(shown.size(), 256);
     EXPECT_EQ(ToCp1252(shown), all);
     EXPECT_EQ(ToCp1252Lossy(shown), all);
-
     EXPECT_EQ(ToCp1252(QString::fromUtf8("Ω")), std::nullopt);
     EXPECT_EQ(ToCp1252Lossy(QString::fromUtf8("aΩb")), "a?b");
     EXPECT_EQ(ToCp1252Lossy(QString::fromUtf8("x😀y")), "x?y") << "one character beyond 16 bits";

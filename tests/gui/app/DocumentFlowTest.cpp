@@ -34,7 +34,6 @@ TEST_F(DocumentFlow, ALockedFileOpensReadOnlyInASecondInstanceAndSavesUnderANewN
     ASSERT_EQ(desktop.prompter.asked().size(), 1u);
     EXPECT_EQ(desktop.prompter.asked()[0].caption, "Datei wird bearbeitet.");
     EXPECT_TRUE(readOnly->windowTitle().startsWith(QString::fromUtf8("Geteilt.VT5 - SCHREIBGESCHÜTZT")));
-
     desktop.ChooseFiles({ProjectPath("Kopie")});
     theirs.Router().Execute(cmd::FileSaveAs);
     EXPECT_EQ(desktop.suggestions.value(0), path);
@@ -77,11 +76,9 @@ TEST_F(DocumentFlow, TheSaveQuestionOnCloseHonoursEachAnswer) {
     EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>{"Änderungen in Frage.VT5 speichern?"});
     EXPECT_TRUE(child->close());
     EXPECT_EQ(Contents(path), original);
-
     ASSERT_TRUE(frame.Documents().OpenDocumentFile(path));
     frame.Router().Execute(cmd::FileClose);
     EXPECT_EQ(desktop.prompter.asked().size(), 2u) << "an unmodified project closes without a question";
-
     desktop.prompter.Answer(PromptAnswer::Yes);
     EXPECT_TRUE(openModified()->close());
     EXPECT_NE(Contents(path), original);
@@ -95,7 +92,6 @@ TEST_F(DocumentFlow, ExitAsksForEveryModifiedProjectAndCancelKeepsThemAll) {
     desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::Cancel);
     EXPECT_FALSE(frame.close());
     EXPECT_EQ(frame.Children().size(), 2);
-
     desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::No);
     EXPECT_TRUE(frame.close());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -135,7 +131,6 @@ TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
     EXPECT_EQ(saved.maximized, 1u);
     EXPECT_EQ(saved.windowRect, (StoredRect{30, 40, 430, 340})) << "the normal rectangle";
     child->close();
-
     CChildFrame* reopened = frame.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(reopened);
     EXPECT_TRUE(reopened->isMaximized());
@@ -165,7 +160,6 @@ TEST_F(DocumentFlow, RestoreIsOfferedForAProjectWithAFileAndOpensOneBackupReadOn
     ASSERT_TRUE(note->toPlainText().contains("Notiz Zweiter"));
     QFile::copy(path, ProjectPath("Plan.BK2"));
     QFile::resize(ProjectPath("Plan.BK2"), 20);
-
     OnNextModal<CRestoreDlg>([](CRestoreDlg& dialog) {
         auto* list = Find<QTreeWidget>(dialog, "states");
         ASSERT_EQ(list->topLevelItemCount(), 3);
@@ -181,7 +175,6 @@ TEST_F(DocumentFlow, RestoreIsOfferedForAProjectWithAFileAndOpensOneBackupReadOn
     EXPECT_EQ(opened->GetDocument().m_pFirstNode->m_strTitle, "Erster");
     EXPECT_TRUE(opened->windowTitle().startsWith(QString::fromUtf8("Plan.BK0 - SCHREIBGESCHÜTZT")));
     opened->close();
-
     desktop.prompter.Answer(PromptAnswer::Yes);
     OnNextModal<CRestoreDlg>([](CRestoreDlg& dialog) {
         auto* list = Find<QTreeWidget>(dialog, "states");

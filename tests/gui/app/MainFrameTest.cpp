@@ -49,7 +49,6 @@ TEST_F(MainFrame, TheMenuSetFollowsTheProjectsAndTheMode) {
     const std::set<int> view = viewMenu();
     EXPECT_TRUE(std::includes(view.begin(), view.end(), timeline.begin(), timeline.end()));
     EXPECT_TRUE(Ids(frame.ToolBar().actions()).contains(MindMapMode));
-
     ASSERT_TRUE(frame.Router().Execute(MindMapMode));
     EXPECT_TRUE(first->GetView().ShowsMindMap() && second->GetView().ShowsMindMap());
     const std::set<int> mindMap = viewMenu();
@@ -57,7 +56,6 @@ TEST_F(MainFrame, TheMenuSetFollowsTheProjectsAndTheMode) {
     EXPECT_FALSE(mindMap.contains(MindMapMode) || mindMap.contains(WidthDown));
     EXPECT_TRUE(Ids(frame.ToolBar().actions()).contains(TimelineMode));
     EXPECT_FALSE(Ids(frame.ToolBar().actions()).contains(MindMapMode));
-
     ASSERT_TRUE(frame.Router().Execute(TimelineMode));
     EXPECT_FALSE(first->GetView().ShowsMindMap() || second->GetView().ShowsMindMap());
     EXPECT_EQ(viewMenu(), view);
@@ -83,8 +81,6 @@ TEST_F(MainFrame, TheWindowMenuListsTheProjectsAndActivatesTheChosenOne) {
     EXPECT_EQ(frame.ActiveChild(), one);
 }
 
-// ---- Placement and settings ----
-
 TEST_F(MainFrame, PlacementMaximizedStateBarsAndNoteFlagSurviveARestart) {
     {
         CMainFrame& frame = MakeFrame();
@@ -102,7 +98,6 @@ TEST_F(MainFrame, PlacementMaximizedStateBarsAndNoteFlagSurviveARestart) {
     EXPECT_EQ(Stored("Right").toInt(), 740);
     EXPECT_EQ(Stored("Bottom").toInt(), 550);
     EXPECT_EQ(Stored("Max").toInt(), 0);
-
     CMainFrame again(desktop, settings, *recent);
     EXPECT_EQ(again.geometry(), QRect(40, 50, 700, 500));
     EXPECT_TRUE(again.statusBar()->isHidden());
@@ -126,8 +121,6 @@ TEST_F(MainFrame, NewProjectsTakeTheNoteFontFromTheSettings) {
     EXPECT_EQ(child->GetDocument().m_nNoteFontSize, 14);
 }
 
-// ---- Opening files ----
-
 TEST_F(MainFrame, AFileThatIsOpenAlreadyIsActivatedNotOpenedTwice) {
     const QString path = WriteProject("Doppelt.VT5");
     CMainFrame& frame = MakeFrame();
@@ -149,7 +142,6 @@ TEST_F(MainFrame, TheOpenCommandAndADropOpenTheChosenFiles) {
     frame.Router().Execute(cmd::FileOpen);
     ASSERT_EQ(frame.Children().size(), 1);
     EXPECT_EQ(frame.ActiveChild()->GetDocument().GetTitle(), "Gewaehlt.vt5");
-
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(dropped), QUrl("https://example.org/x.VT5")});
     QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -161,8 +153,6 @@ TEST_F(MainFrame, TheOpenCommandAndADropOpenTheChosenFiles) {
     EXPECT_EQ(frame.ActiveChild()->GetDocument().GetTitle(), "Gezogen.VT5");
 }
 
-// ---- Recent files ----
-
 TEST_F(MainFrame, TheRecentListKeepsTheFourLastFilesNewestFirst) {
     CMainFrame& frame = MakeFrame();
     QStringList paths;
@@ -173,7 +163,6 @@ TEST_F(MainFrame, TheRecentListKeepsTheFourLastFilesNewestFirst) {
     EXPECT_EQ(recent->Files(), QStringList({paths[4], paths[3], paths[2], paths[1]}));
     frame.Documents().OpenDocumentFile(paths[2]); // open already: activated, and moved to the top
     EXPECT_EQ(recent->Files()[0], paths[2]);
-
     QSettings stored("Local AppWizard-Generated Applications", "Velto");
     stored.beginGroup("Recent File List");
     EXPECT_EQ(stored.value("File1").toString(), paths[2]);
@@ -193,13 +182,11 @@ TEST_F(MainFrame, ARecentFileIsOpenedFromTheMenuDroppedWhenGoneAndKeptWhenDeclin
     emit frame.menuBar()->actions().first()->menu()->aboutToShow();
     EXPECT_EQ(frame.Action(cmd::FileMru1)->text(), "&1 " + QDir::toNativeSeparators(gone));
     EXPECT_FALSE(frame.Action(cmd::FileMru1 + 2)->isVisible());
-
     frame.Router().Execute(cmd::FileMru1); // the newest: gone
     EXPECT_EQ(recent->Files(), QStringList({kept}));
     frame.Router().Execute(cmd::FileMru1);
     ASSERT_EQ(frame.Children().size(), 1);
     EXPECT_EQ(frame.ActiveChild()->GetDocument().GetTitle(), "Bleibt.VT5");
-
     CMainFrame& theirs = MakeFrame();       // another instance, which finds the file locked
     theirs.Router().Execute(cmd::FileMru1); // the script declines to open it read-only
     EXPECT_TRUE(theirs.Children().isEmpty());
@@ -216,7 +203,6 @@ TEST_F(MainFrame, ConverterAndManualAreLookedForBesideTheProgram) {
     ASSERT_EQ(desktop.prompter.asked().size(), 2u);
     EXPECT_NE(desktop.prompter.asked()[0].text.find("VT4_VT5"), std::string::npos);
     EXPECT_NE(desktop.prompter.asked()[1].text.find("Velto.pdf"), std::string::npos);
-
     const QDir program(desktop.ProgramDir());
     QDir().mkpath(program.path());
     for (const char* name : {"VT4_VT5", "Velto.pdf"}) {

@@ -40,7 +40,7 @@ protected:
     QScrollBar* RowScrollBar() { return chart.findChild<QScrollBar*>(QStringLiteral("scrollBar131")); }
 };
 
-TEST_F(CGrafikInteraction, ClickSelectsDoubleClickEdits) {
+TEST_F(CGrafikInteraction, ClickSelectsDoubleClickEditsAndTheMarkerCollapsesAndExpandsAProject) {
     Press(chart, RowPoint(3));
     EXPECT_EQ(Selected(), "B");
     EXPECT_EQ(chart.DragMode(), CGrafik::Drag::Pressed);
@@ -50,11 +50,24 @@ TEST_F(CGrafikInteraction, ClickSelectsDoubleClickEdits) {
     Click(chart, RowPoint(9));
     EXPECT_EQ(Selected(), "B") << "header and empty rows select nothing";
     EXPECT_TRUE(host.requests.empty());
-
     DoubleClick(chart, RowPoint(5));
     EXPECT_EQ(Selected(), "T");
     EXPECT_EQ(host.requests, std::vector<std::string>{"edit"});
     EXPECT_FALSE(chart.ClickPending());
+    Select("b1");
+    const ChartLayout l = chart.Layout();
+    const QPoint marker = l.MarkerSlot(1, l.RowTop(1)).center();
+    Click(chart, marker);
+    EXPECT_EQ(Node("A")->m_bExpanded, 0);
+    EXPECT_EQ(Node("b1")->m_bVisible, 0);
+    EXPECT_EQ(Selected(), "A") << "the selection does not stay on a hidden row";
+    Click(chart, RowPoint(2));
+    EXPECT_EQ(Selected(), "T") << "the row below the collapsed node";
+    Click(chart, marker);
+    EXPECT_EQ(Node("A")->m_bExpanded, 1);
+    EXPECT_EQ(Node("b1")->m_bVisible, 1);
+    Click(chart, l.MarkerSlot(1, l.RowTop(5)).center());
+    EXPECT_EQ(Node("T")->m_bExpanded, 1) << "no children, no marker: a plain click";
 }
 
 TEST_F(CGrafikInteraction, UpAndDownWalkTheShownRowsAndScrollThemIntoView) {
@@ -68,7 +81,6 @@ TEST_F(CGrafikInteraction, UpAndDownWalkTheShownRowsAndScrollThemIntoView) {
     EXPECT_EQ(Selected(), "a1");
     Key(chart, Qt::Key_Left);
     EXPECT_EQ(Selected(), "a1") << "other keys are not the chart's";
-
     AppendCopies(Node("N"), 30);
     Select("R");
     for (int i = 0; i < 15; ++i)
@@ -84,7 +96,6 @@ TEST_F(CGrafikInteraction, DividersAreGrabbedNearThemAndFollowTheMouseWithinThei
     Press(chart, QPoint(280, RowPoint(2).y()));
     EXPECT_EQ(chart.DragMode(), CGrafik::Drag::Pressed) << "a row click instead";
     Release(chart, QPoint(280, RowPoint(2).y()));
-
     Drag(QPoint(300, 150), {QPoint(400, 150), QPoint(10, 150)});
     EXPECT_EQ(chart.ChartWidth1(), 400) << "the line stopped at the last allowed place";
     EXPECT_EQ(chart.cursor().shape(), Qt::ArrowCursor);
@@ -120,23 +131,6 @@ TEST_F(CGrafikInteraction, RefusedDropsSayWhyAndTakeNoUndoCopy) {
                                         "Der erste Knoten kann nicht verschoben werden!"}));
 }
 
-TEST_F(CGrafikInteraction, TheMarkerCollapsesAndExpandsAProjectNode) {
-    Select("b1");
-    const ChartLayout l = chart.Layout();
-    const QPoint marker = l.MarkerSlot(1, l.RowTop(1)).center();
-    Click(chart, marker);
-    EXPECT_EQ(Node("A")->m_bExpanded, 0);
-    EXPECT_EQ(Node("b1")->m_bVisible, 0);
-    EXPECT_EQ(Selected(), "A") << "the selection does not stay on a hidden row";
-    Click(chart, RowPoint(2));
-    EXPECT_EQ(Selected(), "T") << "the row below the collapsed node";
-    Click(chart, marker);
-    EXPECT_EQ(Node("A")->m_bExpanded, 1);
-    EXPECT_EQ(Node("b1")->m_bVisible, 1);
-    Click(chart, l.MarkerSlot(1, l.RowTop(5)).center());
-    EXPECT_EQ(Node("T")->m_bExpanded, 1) << "no children, no marker: a plain click";
-}
-
 TEST_F(CGrafikInteraction, ScrollHandlerScrollBarAndWheelClampToTheShownRows) {
     chart.OnVScroll(CGrafik::ScrollCode::PageDown);
     EXPECT_EQ(chart.FirstRow(), 6);
@@ -152,7 +146,6 @@ TEST_F(CGrafikInteraction, ScrollHandlerScrollBarAndWheelClampToTheShownRows) {
                      Qt::ShiftModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&chart, &days);
     EXPECT_EQ(chart.CalendarPos(), CGrafik::kCalendarToday + QApplication::wheelScrollLines());
-
     First()->m_bExpanded = 0;
     RecomputeVisibility(First());
     host.doc.UpdateAllViews();
@@ -178,8 +171,6 @@ TEST_F(CGrafikInteraction, HoldingANodeAboveOrBelowTheRowsScrolls) {
     EXPECT_EQ(Outline(First()).substr(0, 16), "0:R 1:A 2:a1 2:B") << "no line was allowed there: no drop";
 }
 
-// ---- Cut, copy and paste: undo copy, modified flag, system clipboard, the note pane's turn ----
-
 class CGrafikClipboard : public ChartFixture {
 protected:
     void SetUp() override {
@@ -203,7 +194,6 @@ TEST_F(CGrafikClipboard, ACutTakesTheUndoCopyAndIsPastedOnce) {
     EXPECT_EQ(host.requests, std::vector<std::string>{"undo copy"});
     EXPECT_TRUE(host.doc.IsModified());
     EXPECT_EQ(SystemClipboard(), QString::fromUtf8("B\n\tGröße €"));
-
     Select("T");
     chart.OnEditPaste();
     EXPECT_EQ(Outline(First()), "0:R 1:A 1:B 2:Gr\xF6\xDF"
@@ -213,35 +203,20 @@ TEST_F(CGrafikClipboard, ACutTakesTheUndoCopyAndIsPastedOnce) {
     EXPECT_EQ(host.requests.size(), 2u) << "no undo copy for a paste that does nothing";
 }
 
-TEST_F(CGrafikClipboard, ACopyChangesNothingAndAnotherProjectsChartPastesIt) {
-    Select("A");
-    chart.OnEditCopy();
-    EXPECT_TRUE(host.requests.empty());
-    EXPECT_FALSE(host.doc.IsModified());
-    EXPECT_EQ(SystemClipboard(), QString::fromUtf8("A\n\tB\n\t\tGröße €"));
-
-    TestHost other;
-    other.doc.m_pFirstNode = BuildList({{0, kKindProject, "Zweites"}, {1, kKindTask, "x"}});
-    CGrafik otherChart;
-    otherChart.SetHost(&other);
-    SelectOnly(other.doc.m_pFirstNode, other.doc.m_pFirstNode->m_pNext);
-    otherChart.OnEditPaste();
-    EXPECT_EQ(Outline(other.doc.m_pFirstNode), "0:Zweites 1:A 2:B 3:Gr\xF6\xDF"
-                                               "e \x80 1:x");
-}
-
-TEST_F(CGrafikClipboard, TheFirstNodeCannotBeCutAndPasteDefersToAFocusedNotePane) {
+TEST_F(CGrafikClipboard, ACopyChangesNothingTheFirstNodeIsNeverCutAndAFocusedNotePaneTakesThePaste) {
     const std::string before = Outline(First());
-    chart.OnEditCut();
+    chart.OnEditCut(); // the root is selected
     EXPECT_EQ(host.prompter.texts(),
               std::vector<std::string>{"Erster Knoten kann nicht ausgeschnitten werden!"});
     EXPECT_TRUE(NodeClipboard::Instance().IsEmpty());
-    Select("T");
+    Select("A");
     chart.OnEditCopy();
+    EXPECT_EQ(SystemClipboard(), QString::fromUtf8("A\n\tB\n\t\tGröße €"));
     host.notePaneFocused = true;
     chart.OnEditPaste();
     EXPECT_EQ(host.notePastes, 1);
     EXPECT_TRUE(host.requests.empty());
+    EXPECT_FALSE(host.doc.IsModified());
     EXPECT_EQ(Outline(First()), before);
 }
 

@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressBoxesKindSquaresAndBoldText) {
+TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressKindBoldTextAndTheExpandMarker) {
     const int top = chart.Layout().RowTop(2);
     EXPECT_EQ(At(QPoint(2, top + 10)), kBlack);
     EXPECT_EQ(At(QPoint(400, top)), kBlack) << "the frame runs across the calendar";
@@ -67,6 +67,16 @@ TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressBoxesKindSquaresAndBoldTe
     EXPECT_EQ(InSquare(4), kBlue);
     EXPECT_GT(Ink(6), 20);
     EXPECT_GT(Ink(5), Ink(6) * 5 / 4) << "a bold row carries more ink";
+    const QRect marker = chart.Layout().MarkerRect(0, chart.Layout().RowTop(0));
+    const QPoint upperArm = marker.center() - QPoint(0, marker.width() / 2 - 2);
+    EXPECT_EQ(At(marker.center()), kBlack);
+    EXPECT_NE(At(upperArm), kBlack);
+    EXPECT_EQ(At(chart.Layout().MarkerRect(1, chart.Layout().RowTop(1)).center()), kWhite) << "no children";
+    First()->m_bExpanded = 0;
+    RecomputeVisibility(First());
+    Redraw();
+    EXPECT_EQ(At(upperArm), kBlack);
+    EXPECT_EQ(InBox(1, 50), kWhite) << "the children's rows are gone";
 }
 
 TEST_F(CGrafikRender, WeekendsHolidaysAndTodayAreMarkedInTheirColumns) {
@@ -83,7 +93,7 @@ TEST_F(CGrafikRender, WeekendsHolidaysAndTodayAreMarkedInTheirColumns) {
     EXPECT_NE(At(QPoint(l.DayX(1) + l.DayWidth() / 2, l.RowTop(9))), kRed);
 }
 
-TEST_F(CGrafikRender, BarsRunFromStartDayToDueDayInProgressOrNodeColours) {
+TEST_F(CGrafikRender, BarsCostBoxesAndMarksFollowProgressNodeColoursAndTheOptions) {
     EXPECT_EQ(InColumn(0, 1), kWhite);
     EXPECT_EQ(InColumn(2, 1), kGreen);
     EXPECT_EQ(InColumn(3, 1), kCell) << "weekend background, no bar";
@@ -95,28 +105,11 @@ TEST_F(CGrafikRender, BarsRunFromStartDayToDueDayInProgressOrNodeColours) {
     chart.SetOptions({kDatePrefixNone, false, false, false});
     Redraw();
     EXPECT_EQ(InColumn(0, 5), kRed) << "overdue";
-
     Node("Erledigt")->m_crColor = 0x0000FF;
     chart.SetOptions({kDatePrefixNone, false, true, false});
     Redraw();
     EXPECT_EQ(InColumn(1, 1), kRed) << "\"Balken\": the node's colour";
     EXPECT_EQ(InColumn(7, 4), kBlack);
-}
-
-TEST_F(CGrafikRender, ExpandMarkerShowsMinusOrPlus) {
-    const QRect marker = chart.Layout().MarkerRect(0, chart.Layout().RowTop(0));
-    const QPoint upperArm = marker.center() - QPoint(0, marker.width() / 2 - 2);
-    EXPECT_EQ(At(marker.center()), kBlack);
-    EXPECT_NE(At(upperArm), kBlack);
-    EXPECT_EQ(At(chart.Layout().MarkerRect(1, chart.Layout().RowTop(1)).center()), kWhite) << "no children";
-    First()->m_bExpanded = 0;
-    RecomputeVisibility(First());
-    Redraw();
-    EXPECT_EQ(At(upperArm), kBlack);
-    EXPECT_EQ(InBox(1, 50), kWhite) << "the children's rows are gone";
-}
-
-TEST_F(CGrafikRender, CostModeClockMarkAndResponsibleMark) {
     Node("Erledigt")->m_fCostPlanned = 10.0f;
     Node("Erledigt")->m_fCostNeeded = 5.0f;
     Node("Erledigt")->m_bClockedIn = 1;

@@ -46,7 +46,6 @@ TEST_F(ClockOutFixture, DiscardingStopsTheClockAndAnAcceptedEntryAddsItsHoursAnd
     EXPECT_FALSE(task->m_bClockedIn);
     EXPECT_TRUE(task->m_pHours.empty());
     EXPECT_FALSE(doc.IsModified());
-
     task->m_bClockedIn = 1;
     OnNextModal<CClockOutDlg>([this](CClockOutDlg& dialog) {
         Find<QTimeEdit>(dialog, "begin")->setTime(QTime(22, 0));
@@ -83,7 +82,6 @@ TEST_F(ClockOutFixture, TheNodeDialogHandsBackHistoriesOnlyOnOk) {
     EXPECT_EQ(doc.m_strRemarkHistory[0], "alt");
     EXPECT_EQ(doc.m_pBackupFirst, nullptr) << "Cancel takes no undo copy";
     EXPECT_FALSE(doc.IsModified());
-
     addEntryAnd(ClickOk);
     EXPECT_TRUE(EditNodeOfDocument(nullptr, doc, *task, prompter));
     EXPECT_EQ(doc.m_strRemarkHistory[0], "neu");
@@ -110,7 +108,6 @@ TEST(Presets, TwoWordsAreStoredJoinedAndComeBackSorted) {
     ClickOk(dialog);
     EXPECT_EQ(testsupport::ReadFile(file), "Anna\rMax#~*Muster\rZeta\r");
     EXPECT_EQ(testsupport::ReadFile(dir.PathOf("Bearbeiter.bak")), "Zeta\r");
-
     CAssigneeDlg again(file, prompter);
     QListWidget* list = Find<QListWidget>(again, "presets");
     ASSERT_EQ(list->count(), 3);

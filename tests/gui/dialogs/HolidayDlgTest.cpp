@@ -80,7 +80,6 @@ TEST_F(HolidayDlgTest, AddedEntriesInTheChosenColourAreWrittenOnOk) {
     EXPECT_EQ(Find<QTreeWidget>(dialog, "entries")->currentItem()->text(2), "24.12.2023") << "the new row";
     ClickOk(dialog);
     ASSERT_EQ(dialog.result(), QDialog::Accepted);
-
     const std::vector<CHoliday> written = LoadHolidays(file);
     ASSERT_EQ(written.size(), 5u);
     EXPECT_EQ(written[0].name, "Tag der Arbeit");
@@ -94,7 +93,6 @@ TEST_F(HolidayDlgTest, TakingBackFillsTheInputAndCancelWritesNothing) {
     QPushButton& takeBack = *Find<QPushButton>(dialog, "takeBack");
     takeBack.click();
     EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Kein Eintrag ausgewählt!"});
-
     list.setCurrentItem(list.topLevelItem(0));
     takeBack.click();
     EXPECT_EQ(Find<QDateEdit>(dialog, "date")->date(), QDate(2024, 1, 5));
@@ -103,13 +101,11 @@ TEST_F(HolidayDlgTest, TakingBackFillsTheInputAndCancelWritesNothing) {
     dialog.show();
     EXPECT_EQ(FaceOf(*Find<QPushButton>(dialog, "colour")), QColor(0, 0, 255)) << "the entry's colour";
     EXPECT_EQ(list.topLevelItemCount(), 2);
-
     // A cancelled colour choice keeps the colour.
     OnNextModal<QColorDialog>([](QColorDialog& chooser) { chooser.reject(); });
     Find<QPushButton>(dialog, "colour")->click();
     Add(dialog, QDate(2024, 1, 5), "Urlaub", false);
     EXPECT_EQ(dialog.Entries()[0].color, 0xFF0000);
-
     ClickCancel(dialog);
     EXPECT_EQ(testsupport::ReadFile(file), original);
 }

@@ -51,7 +51,6 @@ TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
     EXPECT_EQ(linkAskedWith, std::vector<QString>{"Erste"}) << "the selected text is offered as the target";
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha Erste Zeile") << "cancelled: nothing changes";
     EXPECT_FALSE(doc.IsModified());
-
     linkAnswer = "www.example.com";
     Click(CNotePane::kHyperlinkButton);
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha [www.example.com] Zeile");
@@ -60,7 +59,6 @@ TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
     EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 21)));
     EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 22)));
     EXPECT_TRUE(pane->EditorHasFocus());
-
     QTest::keyClicks(&Editor(), "!");
     EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 23))) << "typing on after the link is plain text";
     Run(cmd::EditUndo);
@@ -81,7 +79,6 @@ TEST_F(NoteHyperlinks, InsertedThroughTheDialogWhoseOkNeedsATarget) {
     });
     Run(cmd::InsertHyperlink);
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Text [https://www.example.com/a b]");
-
     CHyperlinkDlg dialog(nullptr,
                          [&](QWidget*) { return ++chosen == 1 ? QString() : QString("/tmp/Plan.odt"); });
     auto* ok = ButtonOfRole(dialog, QDialogButtonBox::AcceptRole);
@@ -113,7 +110,6 @@ TEST_F(NoteHyperlinks, DoubleClickOpensAWebAddressOrAFileBesideTheProject) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
     ASSERT_TRUE(doc.OnSaveDocument(QFile::encodeName(dir.filePath("P.VT5")).toStdString()));
-
     // Shown with one backslash: RTF escapes it.
     ShowText("Siehe [www.example.com/plan] [Anhang\\\\Plan.txt] [Fehlt.txt] hier");
     DoubleClickAt(12);
@@ -165,7 +161,6 @@ TEST_F(NoteLinkTargets, AProgramStartsInItsFolderOnlyAfterTheUserAgreedADocument
     EXPECT_TRUE(opener.started.empty()) << "the script prompter answers No";
     ASSERT_EQ(prompter.asked().size(), 1u);
     EXPECT_EQ(prompter.asked()[0].buttons, PromptButtons::YesNo);
-
     prompter.Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes);
     Open("werkzeug");
     const std::pair<QString, QString> inItsFolder{dir.filePath("werkzeug"), dir.path()};
@@ -174,7 +169,6 @@ TEST_F(NoteLinkTargets, AProgramStartsInItsFolderOnlyAfterTheUserAgreedADocument
     Open("werkzeug");
     EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("werkzeug"))})
         << "what cannot be started goes to the desktop";
-
     Open("Plan.txt");
     EXPECT_EQ(opener.opened.size(), 2u);
     EXPECT_EQ(prompter.asked().size(), 3u) << "a document opens without a question";

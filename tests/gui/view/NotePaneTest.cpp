@@ -23,13 +23,11 @@ TEST_F(NotePane, ShowsEachNodesNoteAndKeepsEditsWhenSwitching) {
     EXPECT_TRUE(doc.IsModified());
     EXPECT_TRUE(SavedFormatAt(a, 0, 7).bold) << "the formats of the edited note are kept too";
     EXPECT_FALSE(SavedFormatAt(a, 0, 0).bold);
-
     Caret(0);
     Editor().insertPlainText("Neu ");
     pane->ShowNode(b);
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Neu Alpha! Erste Zeile\nZweite") << "saved before switching";
     EXPECT_EQ(Editor().toPlainText(), "Beta");
-
     // A note changed behind the pane's back shows anew; an unchanged one is not read again.
     b->m_strNote = "{\\rtf1 Anders\\par}";
     pane->ShowNode(b);
@@ -72,7 +70,6 @@ TEST_F(NotePane, EffectsFlipOnAUniformSelectionAreSetOnAMixedOneAndWaitForTyping
     EXPECT_EQ(zeile.halfPoints, 20) << "a toggle touches its own effect only";
     EXPECT_EQ(Saved(a).paragraphs[1], rtf::ReadRtf(kNoteA).paragraphs[1]) << "outside the selection";
     EXPECT_EQ(a->m_timeChanged, CTime(kNow));
-
     pane->ShowNode(b);
     Focus();
     QTest::keyClick(&Editor(), Qt::Key_End);
@@ -92,7 +89,6 @@ TEST_F(NotePane, ButtonsKeysAndTheContextMenuShowAndToggleTheSelection) {
     EXPECT_FALSE(menu->actions()[1]->isChecked());
     menu->actions()[0]->trigger();
     EXPECT_FALSE(SavedFormatAt(a, 0, 6).bold);
-
     Select(0, 5);
     EXPECT_FALSE(bold->isChecked());
     Click(CNotePane::kBoldButton);
@@ -114,18 +110,7 @@ TEST_F(NotePane, SizeStepsBelowOnePointAreKeptWhileTheScreenClamps) {
     EXPECT_EQ(SavedFormatAt(b, 0, 0).halfPoints, 10) << "and back up from below zero";
 }
 
-TEST_F(NotePane, AlignmentChangesTheParagraphsOfTheSelection) {
-    pane->ShowNode(a);
-    Caret(2);
-    Click(CNotePane::kAlignRightButton);
-    EXPECT_EQ(Saved(a).paragraphs[0].alignment, rtf::Alignment::Right);
-    EXPECT_EQ(Saved(a).paragraphs[1].alignment, rtf::Alignment::Centre);
-    Select(3, 20);
-    Click(CNotePane::kAlignLeftButton);
-    EXPECT_EQ(Saved(a).paragraphs[1].alignment, rtf::Alignment::Left);
-}
-
-TEST_F(NotePane, ColourAndFontDialogsStartFromTheSelectionAndCancelChangesNothing) {
+TEST_F(NotePane, ColourFontAndAlignmentApplyToTheSelectionAndCancelChangesNothing) {
     pane->ShowNode(a);
     Select(0, 5);
     Click(CNotePane::kColourButton);
@@ -137,7 +122,6 @@ TEST_F(NotePane, ColourAndFontDialogsStartFromTheSelectionAndCancelChangesNothin
     EXPECT_TRUE(fontAskedWith[0].bold());
     EXPECT_EQ(a->m_strNote, kNoteA);
     EXPECT_FALSE(doc.IsModified());
-
     colourAnswer = 0x0080FF; // COLORREF: red 255, green 128
     Select(0, 5);
     Click(CNotePane::kColourButton);
@@ -153,6 +137,13 @@ TEST_F(NotePane, ColourAndFontDialogsStartFromTheSelectionAndCancelChangesNothin
     EXPECT_EQ(erste.halfPoints, 30);
     EXPECT_TRUE(erste.italic && !erste.bold);
     EXPECT_EQ(SavedFormatAt(a, 0, 0).face, "Arial");
+    Caret(2);
+    Click(CNotePane::kAlignRightButton);
+    EXPECT_EQ(Saved(a).paragraphs[0].alignment, rtf::Alignment::Right);
+    EXPECT_EQ(Saved(a).paragraphs[1].alignment, rtf::Alignment::Centre);
+    Select(3, 20);
+    Click(CNotePane::kAlignLeftButton);
+    EXPECT_EQ(Saved(a).paragraphs[1].alignment, rtf::Alignment::Left);
 }
 
 TEST_F(NotePane, ToolbarRowReadOnlyAndNoNode) {
@@ -163,11 +154,9 @@ TEST_F(NotePane, ToolbarRowReadOnlyAndNoNode) {
         EXPECT_FALSE(button->isEnabled()) << "no node shown yet";
     }
     EXPECT_TRUE(Editor().isReadOnly());
-
     pane->ShowNode(a);
     pane->SetToolbarVisible(false);
     EXPECT_FALSE(pane->findChild<QWidget*>("noteButtons")->isVisible());
-
     pane->SetReadOnly(true);
     Focus();
     QTest::keyClicks(&Editor(), "x");
@@ -185,7 +174,6 @@ TEST_F(NotePane, EditCommandsBelongToThePaneOnlyWhileItHasTheFocus) {
     for (int id : {cmd::EditUndo, cmd::EditCopy, cmd::EditCut, cmd::EditPaste})
         EXPECT_FALSE(pane->OnUpdateCommand(id, state) || pane->OnCommand(id)) << id;
     EXPECT_FALSE(pane->OnCommand(CNotePane::kBoldButton)) << "the buttons are no commands of the router";
-
     Focus();
     EXPECT_FALSE(Query(cmd::EditCopy).enabled);
     Select(0, 6);
@@ -196,7 +184,6 @@ TEST_F(NotePane, EditCommandsBelongToThePaneOnlyWhileItHasTheFocus) {
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Erste ZeileAlpha \nZweite");
     Run(cmd::EditUndo);
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Erste Zeile\nZweite") << "undo inside the note";
-
     pane->ShowNode(b);
     Focus();
     EXPECT_FALSE(Query(cmd::EditUndo).enabled) << "another note starts a new history";

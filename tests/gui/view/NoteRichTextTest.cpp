@@ -55,7 +55,6 @@ TEST(NoteRichText, EveryFormatAndParagraphComesBack) {
     const rtf::Document note = RichNote();
     ASSERT_EQ(note.paragraphs.back().end, rtf::ParagraphBreak::None);
     EXPECT_EQ(RoundTrip(note), note);
-
     // Empty notes: none at all, and the default note's one empty paragraph.
     EXPECT_EQ(RoundTrip(rtf::Document()), rtf::Document());
     rtf::DocumentBuilder empty;
@@ -72,7 +71,6 @@ TEST(NoteRichText, ShownAsQtDrawsIt) {
     const QTextBlock first = document.firstBlock();
     EXPECT_EQ(first.blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
     EXPECT_EQ(first.text(), QString::fromUtf8("Fett schräg\tmit Tab\u2028und Zeile"));
-
     const QTextBlock third = first.next().next();
     const QTextCharFormat tiny = third.begin().fragment().charFormat();
     EXPECT_EQ(tiny.fontPointSize(), 1.0) << "sizes below 1 pt show as 1 pt";
@@ -81,15 +79,12 @@ TEST(NoteRichText, ShownAsQtDrawsIt) {
     EXPECT_FALSE(tiny.hasProperty(QTextFormat::ForegroundBrush)) << "automatic colour";
 }
 
-TEST(NoteRichText, SizeShownByOtherMeansWins) {
+TEST(NoteRichText, ASizeSetByOtherMeansWinsAndPastedObjectsAreDropped) {
     QTextCharFormat format;
     notetext::SetHalfPoints(format, -4);
     format.setFontPointSize(15.5); // the font dialog or pasted text changed it
     EXPECT_EQ(notetext::HalfPointsOf(format), 31);
     EXPECT_EQ(notetext::HalfPointsOf(QTextCharFormat()), rtf::kDefaultHalfPoints);
-}
-
-TEST(NoteRichText, PastedObjectsAreDropped) {
     QTextDocument document;
     QTextCursor cursor(&document);
     cursor.insertText("Bild:");

@@ -87,7 +87,6 @@ TEST_F(ViewCommands, ZoomStaysInsideItsRangeInEachModeAndWidthHasNoBound) {
     EXPECT_EQ(view.MindMapZoom(), CVeltoView::kMinZoom);
     Run(cmd::WidthDown, 40);
     EXPECT_EQ(view.GetLayout().chartWidth1, 200 - 400);
-
     doc.m_view.zoom = 5; // from a file, outside the range: it only steps back towards it
     CVeltoView& fromFile = MakeView();
     fromFile.Redraw();
@@ -108,7 +107,6 @@ TEST_F(ViewCommands, NewAndDeleteAreUndoableAndTheirQuestionsAndRefusalsAreShown
     ASSERT_TRUE(Query(cmd::EditUndo).enabled);
     Run(cmd::EditUndo);
     EXPECT_EQ(Outline(), before);
-
     Select("t1");
     doc.SetModifiedFlag(false);
     Run(cmd::DeleteNode); // the script answers No
@@ -119,7 +117,6 @@ TEST_F(ViewCommands, NewAndDeleteAreUndoableAndTheirQuestionsAndRefusalsAreShown
     EXPECT_TRUE(doc.IsModified());
     Run(cmd::EditUndo);
     EXPECT_EQ(Outline(), before);
-
     Select("N");
     Run(cmd::NewNode);
     EXPECT_EQ(prompter.texts(),
@@ -204,7 +201,6 @@ TEST_F(ViewCommands, FormatTogglesDoneAndColourStampTheNodeAndMarkTheDocument) {
     answer = 0x00FF00;
     EXPECT_TRUE(changes(cmd::NodeColor));
     EXPECT_EQ(node->m_crColor, 0x00FF00);
-
     for (int id : {cmd::NodeBold, cmd::NodeItalic, cmd::NodeUnderline, cmd::NodeStrikeOut, cmd::NodeDone}) {
         EXPECT_FALSE(Query(id).checked) << id;
         EXPECT_TRUE(changes(id)) << id;
@@ -220,7 +216,6 @@ TEST_F(ViewCommands, DoneAndTheClockAreForTasksOnly) {
     Select("P");
     for (int id : {cmd::NodeDone, cmd::ClockIn, cmd::ClockOut})
         EXPECT_FALSE(Query(id).enabled) << id;
-
     Select("t2");
     CProjectNode* task = Node("t2");
     Run(cmd::NodeDone);
@@ -229,7 +224,6 @@ TEST_F(ViewCommands, DoneAndTheClockAreForTasksOnly) {
     Run(cmd::NodeDone);
     EXPECT_FALSE(task->m_bDone);
     EXPECT_EQ(task->m_timeDone, doneAt) << "undone keeps the time it was done";
-
     doc.SetModifiedFlag(false);
     EXPECT_FALSE(Query(cmd::ClockOut).enabled);
     const CTime before = CTime::GetCurrentTime();
@@ -273,7 +267,6 @@ TEST_F(ViewCommands, ATaskGetsTheFullContextMenuAndOtherNodesTheShortOne) {
     EXPECT_FALSE(menu->actions().last()->isEnabled()) << "not clocked in";
     menu->actions()[2]->trigger();
     EXPECT_TRUE(Node("t1")->m_bBold) << menu->actions()[2]->text().toStdString();
-
     Select("M");
     menu.reset(view.CreateNodeMenu(nullptr));
     EXPECT_EQ(menu->objectName(), "menu154");
@@ -311,7 +304,6 @@ TEST_F(ViewCommands, TheNoteFollowsTheSelectionAndWhatWasTypedReachesTheUndoCopy
     EXPECT_EQ(view.NotePane().ShownNode(), Node("P"));
     EXPECT_TRUE(NoteHas(Node("t1"), "Angebot einholen")) << "saved on leaving";
     EXPECT_TRUE(doc.IsModified());
-
     Type("Kosten klären");
     Run(cmd::NewNode); // takes the undo copy first
     QCoreApplication::sendPostedEvents();
