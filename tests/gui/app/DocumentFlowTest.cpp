@@ -6,6 +6,7 @@
 #include "dialogs/CClockOutDlg.h"
 #include "dialogs/CRestoreDlg.h"
 #include "gui/dialogs/DialogTestSupport.h"
+#include "support/TempDir.h"
 #include "view/CNotePane.h"
 #include "view/CVeltoView.h"
 
@@ -15,12 +16,9 @@
 #include <QTimeEdit>
 #include <QTreeWidget>
 
-namespace {
-QByteArray Contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+static QByteArray Contents(const QString& path) {
+    return QByteArray::fromStdString(testsupport::ReadFile(path.toStdString()));
 }
-} // namespace
 
 using DocumentFlow = ShellTest;
 

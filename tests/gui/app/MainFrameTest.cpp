@@ -2,6 +2,7 @@
 #include "ShellTestSupport.h"
 
 #include "base/CommandIds.h"
+#include "support/TempDir.h"
 #include "view/CVeltoView.h"
 
 #include <QDragEnterEvent>
@@ -205,10 +206,8 @@ TEST_F(MainFrame, ConverterAndManualAreLookedForBesideTheProgram) {
     EXPECT_NE(desktop.prompter.asked()[1].text.find("Velto.pdf"), std::string::npos);
     const QDir program(desktop.ProgramDir());
     QDir().mkpath(program.path());
-    for (const char* name : {"VT4_VT5", "Velto.pdf"}) {
-        QFile file(program.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
+    for (const char* name : {"VT4_VT5", "Velto.pdf"})
+        testsupport::WriteFile(program.filePath(name).toStdString(), "");
     runBoth();
     EXPECT_EQ(desktop.started, QStringList({program.filePath("VT4_VT5")}));
     EXPECT_EQ(desktop.opened, QStringList({program.filePath("Velto.pdf")}));

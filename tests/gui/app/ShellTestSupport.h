@@ -23,7 +23,6 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <ostream>
 #include <vector>
@@ -46,23 +45,6 @@ inline QMenu* TopMenu(const QMenuBar* bar, const QString& title) {
             return top->menu();
     return nullptr;
 }
-// Every command entry of the menu bar, sub-menus included, each menu updated as if it opened.
-inline std::vector<QAction*> AllMenuActions(const QMenuBar* bar) {
-    std::vector<QAction*> out;
-    std::function<void(QMenu*)> walk = [&](QMenu* menu) {
-        emit menu->aboutToShow();
-        for (QAction* action : menu->actions()) {
-            if (action->menu())
-                walk(action->menu());
-            else if (!action->isSeparator())
-                out.push_back(action);
-        }
-    };
-    for (QAction* top : bar->actions())
-        walk(top->menu());
-    return out;
-}
-
 class FakeDesktop : public Desktop {
 public:
     explicit FakeDesktop(QString programDir) : m_programDir(std::move(programDir)) {}

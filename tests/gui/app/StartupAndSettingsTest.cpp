@@ -4,6 +4,7 @@
 #include "app/CVeltoApp.h"
 #include "app/CommandLine.h"
 #include "base/CommandIds.h"
+#include "support/TempDir.h"
 #include "view/CVeltoView.h"
 
 #include <QFileInfo>
@@ -13,11 +14,9 @@ using Startup = ShellTest;
 TEST_F(Startup, ANumberStoredAsTextCountsAsMissingAndAHandEditedTextWithCommasReadsAsWritten) {
     Store({{"SchriftGroesse", "zwoelf"}});
     EXPECT_EQ(settings.Open().Get(setting::NoteFontSize), 12);
-    QFile conf(m_dir.filePath("config/kolvarin/Velto5.conf"));
-    ASSERT_TRUE(QDir().mkpath(QFileInfo(conf).absolutePath()));
-    ASSERT_TRUE(conf.open(QIODevice::WriteOnly));
-    conf.write("[General]\nDatei1=/daten/Projekte, alt/Plan.VT5\n");
-    conf.close();
+    ASSERT_TRUE(QDir().mkpath(m_dir.filePath("config/kolvarin")));
+    testsupport::WriteFile(m_dir.filePath("config/kolvarin/Velto5.conf").toStdString(),
+                           "[General]\nDatei1=/daten/Projekte, alt/Plan.VT5\n");
     EXPECT_EQ(settings.Open().Get(setting::StartFile1), "/daten/Projekte, alt/Plan.VT5");
 }
 
@@ -47,12 +46,9 @@ TEST_F(Startup, NothingNamedStartsWithANewProject) {
 }
 
 TEST_F(Startup, ABrokenFileOnTheCommandLineIsNamedAndLeavesAnEmptyFrame) {
-    QFile broken(ProjectPath("Kaputt.VT5"));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("\x01\x02\x03", 3); // ends in the middle of the header
-    broken.close();
+    testsupport::WriteFile(ProjectPath("Kaputt.VT5").toStdString(), "\x01\x02\x03"); // ends in the header
     CVeltoApp app(desktop);
-    app.Start({broken.fileName()});
+    app.Start({ProjectPath("Kaputt.VT5")});
     EXPECT_TRUE(app.MainFrame().Children().isEmpty());
     ASSERT_EQ(desktop.prompter.asked().size(), 1u);
     EXPECT_NE(desktop.prompter.asked()[0].text.find("Kaputt.VT5"), std::string::npos);

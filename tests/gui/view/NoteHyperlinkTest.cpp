@@ -4,6 +4,7 @@
 #include "dialogs/CHyperlinkDlg.h"
 #include "gui/dialogs/DialogTestSupport.h"
 #include "gui/view/NoteTestSupport.h"
+#include "support/TempDir.h"
 
 #include <QDir>
 #include <QFile>
@@ -106,9 +107,7 @@ TEST_F(NoteHyperlinks, TypedClosingBracketFormatsTheLinkAndSaves) {
 TEST_F(NoteHyperlinks, DoubleClickOpensAWebAddressOrAFileBesideTheProject) {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid() && QDir(dir.path()).mkpath("Anhang"));
-    QFile file(dir.filePath("Anhang/Plan.txt"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
+    testsupport::WriteFile(dir.filePath("Anhang/Plan.txt").toStdString(), "");
     ASSERT_TRUE(doc.OnSaveDocument(QFile::encodeName(dir.filePath("P.VT5")).toStdString()));
     // Shown with one backslash: RTF escapes it.
     ShowText("Siehe [www.example.com/plan] [Anhang\\\\Plan.txt] [Fehlt.txt] hier");
@@ -130,10 +129,8 @@ class NoteLinkTargets : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dir.isValid());
-        for (const char* name : {"Plan.txt", "werkzeug"}) {
-            QFile file(dir.filePath(name));
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        }
+        for (const char* name : {"Plan.txt", "werkzeug"})
+            testsupport::WriteFile(dir.filePath(name).toStdString(), "");
         QFile::setPermissions(dir.filePath("werkzeug"),
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
