@@ -79,7 +79,7 @@ TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressKindBoldTextAndTheExpandM
     EXPECT_EQ(InBox(1, 50), kWhite) << "the children's rows are gone";
 }
 
-TEST_F(CGrafikRender, WeekendsHolidaysAndTodayAreMarkedInTheirColumns) {
+TEST_F(CGrafikRender, TheCalendarMarksWeekendsHolidaysAndTodayAndReachesAYearBackAndAhead) {
     // A yearly holiday on Monday 16 March, and one on Tuesday 17 March of another year only.
     chart.SetHolidays({Holiday(16, 3, 2001, 0xC0C0FF, true), Holiday(17, 3, 2025, 0xC0C0FF, false)});
     Redraw();
@@ -91,6 +91,19 @@ TEST_F(CGrafikRender, WeekendsHolidaysAndTodayAreMarkedInTheirColumns) {
     const ChartLayout l = chart.Layout();
     EXPECT_EQ(At(QPoint(l.DayX(0) + l.DayWidth() / 2, l.RowTop(9))), kRed);
     EXPECT_NE(At(QPoint(l.DayX(1) + l.DayWidth() / 2, l.RowTop(9))), kRed);
+    Node("Muster")->m_timeStart = Day(-365);
+    Node("Muster")->m_timeDue = Day(-365, 23, 59, 59);
+    chart.SetCalendarPos(0);
+    Redraw();
+    EXPECT_EQ(InColumn(0, 5), kRed) << "a year-old open task";
+    EXPECT_NE(InColumn(1, 5), kRed);
+    Node("Muster")->m_timeStart = Day(365);
+    Node("Muster")->m_timeDue = Day(365, 23, 59, 59);
+    chart.SetCalendarPos(730);
+    Redraw();
+    EXPECT_EQ(InColumn(0, 5), kCell);
+    chart.OnJumpToToday();
+    EXPECT_EQ(chart.CalendarPos(), 365);
 }
 
 TEST_F(CGrafikRender, BarsCostBoxesAndMarksFollowProgressNodeColoursAndTheOptions) {
@@ -124,22 +137,6 @@ TEST_F(CGrafikRender, BarsCostBoxesAndMarksFollowProgressNodeColoursAndTheOption
     EXPECT_NE(At(l.ClockMark(l.RowTop(2)).center()), kBlack);
     EXPECT_EQ(At(l.ResponsibleMark(l.RowTop(2)).center()), QColor(230, 230, 0));
     EXPECT_NE(At(l.ResponsibleMark(l.RowTop(1)).center()), QColor(230, 230, 0));
-}
-
-TEST_F(CGrafikRender, CalendarEndsShowAYearBackAndAYearAhead) {
-    Node("Muster")->m_timeStart = Day(-365);
-    Node("Muster")->m_timeDue = Day(-365, 23, 59, 59);
-    chart.SetCalendarPos(0);
-    Redraw();
-    EXPECT_EQ(InColumn(0, 5), kRed) << "a year-old open task";
-    EXPECT_NE(InColumn(1, 5), kRed);
-    Node("Muster")->m_timeStart = Day(365);
-    Node("Muster")->m_timeDue = Day(365, 23, 59, 59);
-    chart.SetCalendarPos(730);
-    Redraw();
-    EXPECT_EQ(InColumn(0, 5), kCell);
-    chart.OnJumpToToday();
-    EXPECT_EQ(chart.CalendarPos(), 365);
 }
 
 TEST_F(CGrafikRender, ATreeTallerThanTheWindowStopsAtTheBottomOfTheRowArea) {

@@ -50,15 +50,6 @@ protected:
     ScriptedPrompter prompter;
 };
 
-TEST_F(HolidayDlgTest, TheListShowsTheFileLatestFirstWithTheKeyAndColourHidden) {
-    CHolidayDlg dialog(file, prompter);
-    const QTreeWidget& list = *Find<QTreeWidget>(dialog, "entries");
-    EXPECT_EQ(Column(list, 2), QStringList({"05.01.2024", "24.12.2023", "01.05.2023"}));
-    EXPECT_EQ(Column(list, 3), QStringList({"Urlaub", "Heilig Abend", " "}));
-    EXPECT_EQ(Column(list, 4), QStringList({"NEIN", "JA", "JA"}));
-    EXPECT_TRUE(list.isColumnHidden(0) && list.isColumnHidden(1));
-}
-
 TEST_F(HolidayDlgTest, AddedEntriesInTheChosenColourAreWrittenOnOk) {
     CHolidayDlg dialog(file, prompter);
     dialog.show();
@@ -87,9 +78,13 @@ TEST_F(HolidayDlgTest, AddedEntriesInTheChosenColourAreWrittenOnOk) {
     EXPECT_TRUE(prompter.asked().empty());
 }
 
-TEST_F(HolidayDlgTest, TakingBackFillsTheInputAndCancelWritesNothing) {
+TEST_F(HolidayDlgTest, TheListShowsTheFileLatestFirstTakingBackFillsTheInputAndCancelWritesNothing) {
     CHolidayDlg dialog(file, prompter);
     QTreeWidget& list = *Find<QTreeWidget>(dialog, "entries");
+    EXPECT_EQ(Column(list, 2), QStringList({"05.01.2024", "24.12.2023", "01.05.2023"}));
+    EXPECT_EQ(Column(list, 3), QStringList({"Urlaub", "Heilig Abend", " "}));
+    EXPECT_EQ(Column(list, 4), QStringList({"NEIN", "JA", "JA"}));
+    EXPECT_TRUE(list.isColumnHidden(0) && list.isColumnHidden(1)) << "the key and the colour";
     QPushButton& takeBack = *Find<QPushButton>(dialog, "takeBack");
     takeBack.click();
     EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Kein Eintrag ausgewählt!"});

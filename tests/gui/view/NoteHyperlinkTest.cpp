@@ -45,7 +45,7 @@ protected:
     std::vector<std::string> Told() const { return prompter.texts(); }
 };
 
-TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
+TEST_F(NoteHyperlinks, InsertedOrTypedLinksFormatOnlyTheTarget) {
     ShowText("Alpha Erste Zeile");
     Select(6, 11);
     Click(CNotePane::kHyperlinkButton);
@@ -65,6 +65,16 @@ TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
     Run(cmd::EditUndo);
     Run(cmd::EditUndo);
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha Erste Zeile") << "the insertion is one undo step";
+    ShowText("Siehe ");
+    Focus();
+    QTest::keyClick(&Editor(), Qt::Key_End);
+    QTest::keyClicks(&Editor(), "[C:\\Daten\\Plan.doc");
+    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 8)));
+    TypeClosingBracket();
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Siehe [C:\\Daten\\Plan.doc]") << "saved on key-up";
+    EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 7)));
+    EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 23)));
+    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 24))) << "the bracket itself stays plain";
 }
 
 TEST_F(NoteHyperlinks, InsertedThroughTheDialogWhoseOkNeedsATarget) {
@@ -89,19 +99,6 @@ TEST_F(NoteHyperlinks, InsertedThroughTheDialogWhoseOkNeedsATarget) {
     Find<QPushButton>(dialog, "file1031")->click();
     EXPECT_EQ(dialog.Target(), QDir::toNativeSeparators("/tmp/Plan.odt"));
     EXPECT_TRUE(ok->isEnabled());
-}
-
-TEST_F(NoteHyperlinks, TypedClosingBracketFormatsTheLinkAndSaves) {
-    ShowText("Siehe ");
-    Focus();
-    QTest::keyClick(&Editor(), Qt::Key_End);
-    QTest::keyClicks(&Editor(), "[C:\\Daten\\Plan.doc");
-    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 8)));
-    TypeClosingBracket();
-    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Siehe [C:\\Daten\\Plan.doc]") << "saved on key-up";
-    EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 7)));
-    EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 23)));
-    EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 24))) << "the bracket itself stays plain";
 }
 
 TEST_F(NoteHyperlinks, DoubleClickOpensAWebAddressOrAFileBesideTheProject) {
