@@ -9,11 +9,9 @@
 #include "gui/dialogs/DialogTestSupport.h"
 #include "view/ViewContext.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 
 namespace {

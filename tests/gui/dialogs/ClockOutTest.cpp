@@ -1,23 +1,15 @@
-// Clocking out, the data file dialogs, and what the document gets back from the node dialog.
-#include "dialogs/CAssigneeDlg.h"
+// Clocking out, and what the document gets back from the node dialog.
 #include "dialogs/CClockOutDlg.h"
-#include "dialogs/CHolidayDlg.h"
 #include "dialogs/CNodeEditDlg.h"
 #include "dialogs/NodeDialogs.h"
 
 #include "document/CVeltoDoc.h"
-#include "files/AssigneeFile.h"
 #include "gui/dialogs/DialogTestSupport.h"
 #include "support/ScriptedPrompter.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
-#include <QTest>
 #include <QTimeEdit>
-#include <sys/stat.h>
 
 namespace {
 
@@ -87,51 +79,6 @@ TEST_F(ClockOutFixture, TheNodeDialogHandsBackHistoriesOnlyOnOk) {
     EXPECT_EQ(doc.m_strRemarkHistory[0], "neu");
     EXPECT_NE(doc.m_pBackupFirst, nullptr);
     EXPECT_TRUE(doc.IsModified());
-}
-
-TEST(Presets, AddedByButtonOrEnterWrittenOnOkAndTakenBackIntoTheEdit) {
-    testsupport::TempDir dir;
-    const std::string file = dir.PathOf("Bearbeiter.dat");
-    ScriptedPrompter prompter;
-    CAssigneeDlg dialog(file, prompter);
-    QLineEdit* preset = Find<QLineEdit>(dialog, "preset");
-    preset->setText("Max Muster");
-    Find<QPushButton>(dialog, "add")->click();
-    dialog.show();
-    QApplication::setActiveWindow(&dialog);
-    preset->setFocus();
-    QTest::keyClicks(preset, "Anna");
-    QTest::keyClick(preset, Qt::Key_Return);
-    EXPECT_TRUE(dialog.isVisible()) << "Enter adds rather than closing the dialog";
-    ClickOk(dialog);
-    EXPECT_EQ(testsupport::ReadFile(file), "Anna\rMax#~*Muster\r");
-    CAssigneeDlg again(file, prompter);
-    QListWidget* list = Find<QListWidget>(again, "presets");
-    ASSERT_EQ(list->count(), 2);
-    list->setCurrentRow(1);
-    Find<QPushButton>(again, "takeBack")->click();
-    EXPECT_EQ(Find<QLineEdit>(again, "preset")->text(), "Max Muster");
-    EXPECT_EQ(list->count(), 1);
-    ClickCancel(again);
-    EXPECT_EQ(testsupport::ReadFile(file), "Anna\rMax#~*Muster\r") << "Cancel writes nothing";
-}
-
-TEST(DataFileDialogs, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
-    testsupport::TempDir dir;
-    const std::string fifo =
-        dir.PathOf("Daten.dat"); // cannot be read as a data file, but a save would replace it
-    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
-    ScriptedPrompter prompter;
-    CHolidayDlg holidays(fifo, prompter);
-    CAssigneeDlg presets(fifo, prompter);
-    for (QDialog* dialog : std::initializer_list<QDialog*>{&holidays, &presets}) {
-        dialog->show();
-        EXPECT_NE(Find<QLabel>(*dialog, "unreadable")->text().toStdString().find(fifo), std::string::npos);
-        EXPECT_FALSE(ButtonOfRole(*dialog, QDialogButtonBox::AcceptRole)->isEnabled());
-        dialog->accept();
-        EXPECT_TRUE(dialog->isVisible());
-    }
-    EXPECT_TRUE(std::filesystem::is_fifo(fifo));
 }
 
 } // namespace

@@ -1,4 +1,6 @@
-// "Feiertage, Urlaub, ...": the list from the file, adding, taking back, and what OK writes.
+// The data file dialogs ("Feiertage, Urlaub, ...", the presets): the list from the file, adding,
+// taking back, what OK writes, and files that cannot be read or written.
+#include "dialogs/CAssigneeDlg.h"
 #include "dialogs/CHolidayDlg.h"
 
 #include "files/HolidayFile.h"
@@ -10,9 +12,11 @@
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
+#include <sys/stat.h>
 
 namespace {
 
@@ -114,6 +118,51 @@ TEST_F(HolidayDlgTest, AFileThatCannotBeWrittenKeepsTheDialogOpen) {
     EXPECT_EQ(prompter.asked().size(), 1u);
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(dialog.Entries().size(), 1u);
+}
+
+TEST(Presets, AddedByButtonOrEnterWrittenOnOkAndTakenBackIntoTheEdit) {
+    testsupport::TempDir dir;
+    const std::string file = dir.PathOf("Bearbeiter.dat");
+    ScriptedPrompter prompter;
+    CAssigneeDlg dialog(file, prompter);
+    QLineEdit* preset = Find<QLineEdit>(dialog, "preset");
+    preset->setText("Max Muster");
+    Find<QPushButton>(dialog, "add")->click();
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    preset->setFocus();
+    QTest::keyClicks(preset, "Anna");
+    QTest::keyClick(preset, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible()) << "Enter adds rather than closing the dialog";
+    ClickOk(dialog);
+    EXPECT_EQ(testsupport::ReadFile(file), "Anna\rMax#~*Muster\r");
+    CAssigneeDlg again(file, prompter);
+    QListWidget* list = Find<QListWidget>(again, "presets");
+    ASSERT_EQ(list->count(), 2);
+    list->setCurrentRow(1);
+    Find<QPushButton>(again, "takeBack")->click();
+    EXPECT_EQ(Find<QLineEdit>(again, "preset")->text(), "Max Muster");
+    EXPECT_EQ(list->count(), 1);
+    ClickCancel(again);
+    EXPECT_EQ(testsupport::ReadFile(file), "Anna\rMax#~*Muster\r") << "Cancel writes nothing";
+}
+
+TEST(DataFileDialogs, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
+    testsupport::TempDir dir;
+    const std::string fifo =
+        dir.PathOf("Daten.dat"); // cannot be read as a data file, but a save would replace it
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    ScriptedPrompter prompter;
+    CHolidayDlg holidays(fifo, prompter);
+    CAssigneeDlg presets(fifo, prompter);
+    for (QDialog* dialog : std::initializer_list<QDialog*>{&holidays, &presets}) {
+        dialog->show();
+        EXPECT_NE(Find<QLabel>(*dialog, "unreadable")->text().toStdString().find(fifo), std::string::npos);
+        EXPECT_FALSE(ButtonOfRole(*dialog, QDialogButtonBox::AcceptRole)->isEnabled());
+        dialog->accept();
+        EXPECT_TRUE(dialog->isVisible());
+    }
+    EXPECT_TRUE(std::filesystem::is_fifo(fifo));
 }
 
 } // namespace
