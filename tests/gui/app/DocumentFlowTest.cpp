@@ -1,21 +1,24 @@
-// Opening, saving and closing projects through the shell, locked and read-only ones included.
+// Opening, saving, closing and restoring projects through the shell, locked and read-only ones included.
 #include "ShellTestSupport.h"
 
 #include "app/WindowPlacement.h"
 #include "base/CommandIds.h"
+#include "dialogs/CClockOutDlg.h"
+#include "dialogs/CRestoreDlg.h"
+#include "gui/dialogs/DialogTestSupport.h"
+#include "support/TempDir.h"
 #include "view/CNotePane.h"
 #include "view/CVeltoView.h"
 
-#include <QCloseEvent>
 #include <QFileInfo>
+#include <QPushButton>
 #include <QTextEdit>
+#include <QTimeEdit>
+#include <QTreeWidget>
 
-namespace {
-QByteArray Contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+static QByteArray Contents(const QString& path) {
+    return QByteArray::fromStdString(testsupport::ReadFile(path.toStdString()));
 }
-} // namespace
 
 using DocumentFlow = ShellTest;
 
@@ -29,7 +32,6 @@ TEST_F(DocumentFlow, ALockedFileOpensReadOnlyInASecondInstanceAndSavesUnderANewN
     ASSERT_EQ(desktop.prompter.asked().size(), 1u);
     EXPECT_EQ(desktop.prompter.asked()[0].caption, "Datei wird bearbeitet.");
     EXPECT_TRUE(readOnly->windowTitle().startsWith(QString::fromUtf8("Geteilt.VT5 - SCHREIBGESCHÜTZT")));
-
     desktop.ChooseFiles({ProjectPath("Kopie")});
     theirs.Router().Execute(cmd::FileSaveAs);
     EXPECT_EQ(desktop.suggestions.value(0), path);
@@ -40,31 +42,20 @@ TEST_F(DocumentFlow, ALockedFileOpensReadOnlyInASecondInstanceAndSavesUnderANewN
     EXPECT_TRUE(QFileInfo::exists(ProjectPath("Geteilt.~~~"))) << "the other instance's lock stays";
 }
 
-TEST_F(DocumentFlow, DecliningReadOnlyOpensNothingButKeepsTheFileInTheRecentList) {
-    const QString path = WriteProject("Gesperrt.VT5");
-    ASSERT_TRUE(MakeFrame().Documents().OpenDocumentFile(path));
-    CMainFrame& theirs = MakeFrame();
-    desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::No);
-    EXPECT_EQ(theirs.Documents().OpenDocumentFile(path), nullptr);
-    EXPECT_TRUE(QFileInfo::exists(ProjectPath("Gesperrt.~~~")));
-    EXPECT_EQ(recent->Files().value(0), path) << "declined, not gone: stays in the list";
-    EXPECT_TRUE(theirs.Children().isEmpty());
-}
-
-TEST_F(DocumentFlow, ANewProjectIsSavedUnderTheChosenName) {
+TEST_F(DocumentFlow, ANewProjectIsSavedUnderTheChosenNameWithTheNoteStillBeingTyped) {
     CMainFrame& frame = MakeFrame();
     CChildFrame* child = frame.Documents().NewDocument();
     ASSERT_TRUE(child);
-    desktop.ChooseFiles({QString()}); // cancelled
+    child->GetView().NotePane().Editor()->insertPlainText(QStringLiteral("Noch nicht gespeichert"));
+    EXPECT_FALSE(child->GetDocument().IsModified()) << "no key let go, no focus lost yet";
+    desktop.ChooseFiles({QString(), ProjectPath("Neu.vt5")}); // cancelled, then chosen
     frame.Router().Execute(cmd::FileSave);
     EXPECT_EQ(child->GetDocument().GetPathName(), "");
     EXPECT_EQ(desktop.suggestions.value(0), "Unbenannt.VT5");
-
-    desktop.ChooseFiles({ProjectPath("Neu.vt5")});
     frame.Router().Execute(cmd::FileSave);
-    EXPECT_TRUE(QFileInfo::exists(ProjectPath("Neu.vt5")));
     EXPECT_FALSE(QFileInfo::exists(ProjectPath("Neu.vt5.VT5")));
     EXPECT_EQ(child->windowTitle(), "Neu.vt5[*]");
+    EXPECT_TRUE(Contents(ProjectPath("Neu.vt5")).contains("Noch nicht gespeichert"));
 }
 
 TEST_F(DocumentFlow, TheSaveQuestionOnCloseHonoursEachAnswer) {
@@ -83,11 +74,9 @@ TEST_F(DocumentFlow, TheSaveQuestionOnCloseHonoursEachAnswer) {
     EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>{"Änderungen in Frage.VT5 speichern?"});
     EXPECT_TRUE(child->close());
     EXPECT_EQ(Contents(path), original);
-
     ASSERT_TRUE(frame.Documents().OpenDocumentFile(path));
     frame.Router().Execute(cmd::FileClose);
     EXPECT_EQ(desktop.prompter.asked().size(), 2u) << "an unmodified project closes without a question";
-
     desktop.prompter.Answer(PromptAnswer::Yes);
     EXPECT_TRUE(openModified()->close());
     EXPECT_NE(Contents(path), original);
@@ -96,36 +85,34 @@ TEST_F(DocumentFlow, TheSaveQuestionOnCloseHonoursEachAnswer) {
 
 TEST_F(DocumentFlow, ExitAsksForEveryModifiedProjectAndCancelKeepsThemAll) {
     CMainFrame& frame = MakeFrame();
-    CChildFrame* first = frame.Documents().NewDocument();
-    CChildFrame* second = frame.Documents().NewDocument();
-    first->GetDocument().SetModifiedFlag();
-    second->GetDocument().SetModifiedFlag();
-
+    for (int i = 0; i < 2; ++i)
+        frame.Documents().NewDocument()->GetDocument().SetModifiedFlag();
     desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::Cancel);
     EXPECT_FALSE(frame.close());
     EXPECT_EQ(frame.Children().size(), 2);
-
     desktop.prompter.Answer(PromptAnswer::No).Answer(PromptAnswer::No);
     EXPECT_TRUE(frame.close());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(frame.Children().isEmpty());
-    EXPECT_TRUE(QSettings("kolvarin", "Velto5").contains("Max")); // the placement was kept on the way out
+    EXPECT_TRUE(Stored("Max").isValid()) << "the placement was kept on the way out";
 }
 
-TEST_F(DocumentFlow, AProjectWithARunningClockStaysOpenWhenClosed) {
+TEST_F(DocumentFlow, ClosingAProjectWithARunningClockClocksOutThroughTheDialogAndKeepsItOpen) {
     CMainFrame& frame = MakeFrame();
     CChildFrame* child = frame.Documents().NewDocument();
-    CVeltoDoc& doc = child->GetDocument();
-    int clockedOut = 0;
-    doc.SetClockOutHandler([&](CProjectNode& node) {
-        node.m_bClockedIn = 0;
-        ++clockedOut;
+    CProjectNode* task = child->GetDocument().m_pFirstNode;
+    task->m_nKind = kKindTask;
+    ASSERT_TRUE(frame.Router().Execute(cmd::ClockIn));
+    OnNextModal<CClockOutDlg>([](CClockOutDlg& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Ausstempeln: Projektname");
+        Find<QTimeEdit>(dialog, "begin")->setTime(QTime(8, 0));
+        Find<QTimeEdit>(dialog, "end")->setTime(QTime(9, 30));
+        ClickOk(dialog);
     });
-    doc.m_pFirstNode->m_bClockedIn = 1;
-    EXPECT_FALSE(child->close());
-    EXPECT_EQ(clockedOut, 1);
+    EXPECT_FALSE(child->close()) << "stays open so that the new hours can be saved";
+    EXPECT_FALSE(task->m_bClockedIn);
+    EXPECT_FALSE(task->m_pHours.empty());
     EXPECT_EQ(frame.Children().size(), 1);
-    EXPECT_TRUE(doc.IsModified());
 }
 
 TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
@@ -140,10 +127,8 @@ TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
     const ProjectViewValues& saved = child->GetDocument().m_view;
     EXPECT_EQ(saved.chartWidth2, 180);
     EXPECT_EQ(saved.maximized, 1u);
-    EXPECT_EQ(saved.windowRect,
-              (StoredRect{30, 40, 430, 340})); // the normal rectangle, not the maximized one
+    EXPECT_EQ(saved.windowRect, (StoredRect{30, 40, 430, 340})) << "the normal rectangle";
     child->close();
-
     CChildFrame* reopened = frame.Documents().OpenDocumentFile(path);
     ASSERT_TRUE(reopened);
     EXPECT_TRUE(reopened->isMaximized());
@@ -152,13 +137,54 @@ TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
     EXPECT_EQ(reopened->GetView().MindMapZoom(), 33);
 }
 
-TEST_F(DocumentFlow, SavingTakesTheNoteThatIsStillBeingTyped) {
-    const QString path = ProjectPath("Notiz.VT5");
-    CChildFrame* child = MakeFrame().Documents().NewDocument();
-    child->GetView().NotePane().Editor()->insertPlainText(QStringLiteral("Noch nicht gespeichert"));
-    EXPECT_FALSE(child->GetDocument().IsModified()) << "no key let go, no focus lost yet";
-    desktop.ChooseFiles({path});
-    ASSERT_TRUE(child->Commands().SaveAs());
-    child->close();
-    EXPECT_TRUE(Contents(path).contains("Noch nicht gespeichert"));
+TEST_F(DocumentFlow, RestoreIsOfferedForAProjectWithAFileAndOpensOneBackupReadOnlyOrRestoresAnother) {
+    const QString path = WriteProject("Plan.VT5");
+    CMainFrame& frame = MakeFrame();
+    frame.Documents().NewDocument();
+    EXPECT_FALSE(frame.Router().Query(cmd::FileRestoreBackup).enabled) << "never saved, no backups";
+    CChildFrame* child = frame.Documents().OpenDocumentFile(path);
+    ASSERT_TRUE(child);
+    CVeltoDoc& doc = child->GetDocument();
+    // Plan.BK0 then holds "Erster", Plan.BK1 the new project, and Plan.BK2 is damaged.
+    for (const char* title : {"Erster", "Zweiter"}) {
+        doc.m_pFirstNode->m_strTitle = title;
+        doc.m_pFirstNode->m_strNote = std::string("{\\rtf1 Notiz ") + title + "\\par}";
+        doc.SetModifiedFlag();
+        frame.Router().Execute(cmd::FileSave);
+    }
+    doc.UpdateAllViews();
+    QCoreApplication::processEvents();
+    QTextEdit* note = child->GetView().NotePane().Editor();
+    ASSERT_TRUE(note->toPlainText().contains("Notiz Zweiter"));
+    QFile::copy(path, ProjectPath("Plan.BK2"));
+    QFile::resize(ProjectPath("Plan.BK2"), 20);
+    OnNextModal<CRestoreDlg>([](CRestoreDlg& dialog) {
+        auto* list = Find<QTreeWidget>(dialog, "states");
+        ASSERT_EQ(list->topLevelItemCount(), 3);
+        list->setCurrentItem(list->topLevelItem(2)); // the damaged one
+        EXPECT_FALSE(Find<QPushButton>(dialog, "open")->isEnabled());
+        EXPECT_FALSE(Find<QPushButton>(dialog, "restore")->isEnabled());
+        list->setCurrentItem(list->topLevelItem(0));
+        Find<QPushButton>(dialog, "open")->click();
+    });
+    frame.Router().Execute(cmd::FileRestoreBackup);
+    ASSERT_EQ(frame.Children().size(), 3);
+    CChildFrame* opened = frame.ActiveChild();
+    EXPECT_EQ(opened->GetDocument().m_pFirstNode->m_strTitle, "Erster");
+    EXPECT_TRUE(opened->windowTitle().startsWith(QString::fromUtf8("Plan.BK0 - SCHREIBGESCHÜTZT")));
+    opened->close();
+    desktop.prompter.Answer(PromptAnswer::Yes);
+    OnNextModal<CRestoreDlg>([](CRestoreDlg& dialog) {
+        auto* list = Find<QTreeWidget>(dialog, "states");
+        list->setCurrentItem(list->topLevelItem(1));
+        Find<QPushButton>(dialog, "restore")->click();
+    });
+    frame.Router().Execute(cmd::FileRestoreBackup);
+    EXPECT_EQ(desktop.prompter.asked().back().text.rfind("Soll der Stand vom ", 0), 0u);
+    EXPECT_EQ(doc.m_pFirstNode->m_strTitle, "Projektname");
+    EXPECT_FALSE(doc.IsModified());
+    // The view shows the restored list, not the freed one.
+    QCoreApplication::processEvents();
+    EXPECT_EQ(child->GetView().NotePane().ShownNode(), doc.m_pFirstNode);
+    EXPECT_FALSE(note->toPlainText().contains("Notiz"));
 }

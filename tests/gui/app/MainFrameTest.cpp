@@ -2,6 +2,7 @@
 #include "ShellTestSupport.h"
 
 #include "base/CommandIds.h"
+#include "support/TempDir.h"
 #include "view/CVeltoView.h"
 
 #include <QDragEnterEvent>
@@ -15,19 +16,19 @@
 #include <set>
 
 namespace {
-std::set<int> MenuIds(const QMenu* menu) {
+QStringList MenuTitles(const QMenuBar* bar) {
+    QStringList titles;
+    for (QAction* action : bar->actions())
+        titles << action->text();
+    return titles;
+}
+
+std::set<int> Ids(const QList<QAction*>& actions) {
     std::set<int> ids;
-    for (QAction* action : menu->actions())
+    for (QAction* action : actions)
         if (!action->isSeparator())
             ids.insert(action->data().toInt());
     return ids;
-}
-
-bool ToolbarHas(const QToolBar& bar, int id) {
-    for (QAction* action : bar.actions())
-        if (action->data().toInt() == id)
-            return true;
-    return false;
 }
 } // namespace
 
@@ -37,35 +38,31 @@ TEST_F(MainFrame, TheMenuSetFollowsTheProjectsAndTheMode) {
     CMainFrame& frame = MakeFrame();
     const QStringList withoutProject{"&Datei", "&Ansicht", "E&xtras", "&?"};
     EXPECT_EQ(MenuTitles(frame.menuBar()), withoutProject);
-
     CChildFrame* first = frame.Documents().NewDocument();
     CChildFrame* second = frame.Documents().NewDocument();
     ASSERT_TRUE(first && second);
     EXPECT_EQ(MenuTitles(frame.menuBar()),
               QStringList({"&Datei", "&Bearbeiten", "&Ansicht", "E&xtras", "&Fenster", "&?"}));
+    const auto viewMenu = [&] { return Ids(TopMenu(frame.menuBar(), "&Ansicht")->actions()); };
     using namespace cmd;
     const std::set<int> timeline{MindMapMode, ZoomOut,     ZoomIn,    WidthDown,
                                  WidthUp,     CollapseAll, ExpandAll, ToggleCosts};
-    const std::set<int> view = MenuIds(TopMenu(frame.menuBar(), "&Ansicht"));
+    const std::set<int> view = viewMenu();
     EXPECT_TRUE(std::includes(view.begin(), view.end(), timeline.begin(), timeline.end()));
-    EXPECT_TRUE(ToolbarHas(frame.ToolBar(), MindMapMode));
-
+    EXPECT_TRUE(Ids(frame.ToolBar().actions()).contains(MindMapMode));
     ASSERT_TRUE(frame.Router().Execute(MindMapMode));
     EXPECT_TRUE(first->GetView().ShowsMindMap() && second->GetView().ShowsMindMap());
-    const std::set<int> mindMap = MenuIds(TopMenu(frame.menuBar(), "&Ansicht"));
+    const std::set<int> mindMap = viewMenu();
     EXPECT_TRUE(mindMap.contains(TimelineMode) && mindMap.contains(ZoomIn));
     EXPECT_FALSE(mindMap.contains(MindMapMode) || mindMap.contains(WidthDown));
-    EXPECT_TRUE(ToolbarHas(frame.ToolBar(), TimelineMode));
-    EXPECT_FALSE(ToolbarHas(frame.ToolBar(), MindMapMode));
-
+    EXPECT_TRUE(Ids(frame.ToolBar().actions()).contains(TimelineMode));
+    EXPECT_FALSE(Ids(frame.ToolBar().actions()).contains(MindMapMode));
     ASSERT_TRUE(frame.Router().Execute(TimelineMode));
     EXPECT_FALSE(first->GetView().ShowsMindMap() || second->GetView().ShowsMindMap());
-    EXPECT_EQ(MenuIds(TopMenu(frame.menuBar(), "&Ansicht")), view);
-
-    for (CChildFrame* child : {first, second}) {
+    EXPECT_EQ(viewMenu(), view);
+    for (CChildFrame* child : {first, second})
         child->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     frame.OnIdle();
     EXPECT_EQ(MenuTitles(frame.menuBar()), withoutProject);
 }
@@ -77,49 +74,43 @@ TEST_F(MainFrame, TheWindowMenuListsTheProjectsAndActivatesTheChosenOne) {
     QMenu* windows = TopMenu(frame.menuBar(), "&Fenster");
     ASSERT_TRUE(windows);
     emit windows->aboutToShow();
-    QAction* entry = nullptr;
-    for (QAction* action : windows->actions())
-        if (action->text() == "&1 Eins.VT5")
-            entry = action;
-    ASSERT_TRUE(entry);
-    EXPECT_FALSE(entry->isChecked());
-    entry->trigger();
+    const QList<QAction*> entries = windows->actions();
+    const auto entry = std::find_if(entries.begin(), entries.end(),
+                                    [](QAction* action) { return action->text() == "&1 Eins.VT5"; });
+    ASSERT_NE(entry, entries.end());
+    (*entry)->trigger();
     EXPECT_EQ(frame.ActiveChild(), one);
 }
 
-// ---- Placement ----
-
-TEST_F(MainFrame, PlacementBarsAndNoteFlagSurviveARestart) {
+TEST_F(MainFrame, PlacementMaximizedStateBarsAndNoteFlagSurviveARestart) {
     {
         CMainFrame& frame = MakeFrame();
+        CommandRouter& router = frame.Router();
+        EXPECT_TRUE(router.Query(cmd::NoteToolbar).checked);
         frame.setGeometry(40, 50, 700, 500);
-        frame.Router().Execute(cmd::ViewStatusBar);
-        frame.Router().Execute(cmd::NoteToolbar);
+        for (int id : {cmd::ViewToolbar, cmd::ViewStatusBar, cmd::NoteToolbar}) {
+            router.Execute(id);
+            EXPECT_FALSE(router.Query(id).checked) << id;
+        }
+        EXPECT_TRUE(frame.ToolBar().isHidden());
+        router.Execute(cmd::ViewToolbar);
         frame.SavePlacement();
     }
-    QSettings stored("kolvarin", "Velto5");
-    EXPECT_EQ(stored.value("Right").toInt(), 740);
-    EXPECT_EQ(stored.value("Bottom").toInt(), 550);
-    EXPECT_EQ(stored.value("Max").toInt(), 0);
-
+    EXPECT_EQ(Stored("Right").toInt(), 740);
+    EXPECT_EQ(Stored("Bottom").toInt(), 550);
+    EXPECT_EQ(Stored("Max").toInt(), 0);
     CMainFrame again(desktop, settings, *recent);
     EXPECT_EQ(again.geometry(), QRect(40, 50, 700, 500));
     EXPECT_TRUE(again.statusBar()->isHidden());
     EXPECT_FALSE(again.ToolBar().isHidden());
     EXPECT_FALSE(again.State().noteToolbar);
-    EXPECT_TRUE(desktop.prompter.asked().empty());
-}
-
-TEST_F(MainFrame, AMaximizedFrameKeepsTheStoredNormalRectangle) {
-    Store({{"Left", 10}, {"Top", 20}, {"Right", 610}, {"Bottom", 420}});
-    CMainFrame& frame = MakeFrame();
-    frame.showMaximized();
-    ASSERT_TRUE(frame.isMaximized());
-    frame.SavePlacement();
-    QSettings stored("kolvarin", "Velto5");
-    EXPECT_EQ(stored.value("Max").toInt(), 1);
-    EXPECT_EQ(stored.value("Bottom").toInt(), 420);
+    again.showMaximized();
+    ASSERT_TRUE(again.isMaximized());
+    again.SavePlacement();
+    EXPECT_EQ(Stored("Max").toInt(), 1);
+    EXPECT_EQ(Stored("Bottom").toInt(), 550) << "the normal rectangle is kept";
     EXPECT_TRUE(CMainFrame(desktop, settings, *recent).WasMaximized());
+    EXPECT_TRUE(desktop.prompter.asked().empty());
 }
 
 TEST_F(MainFrame, NewProjectsTakeTheNoteFontFromTheSettings) {
@@ -130,19 +121,6 @@ TEST_F(MainFrame, NewProjectsTakeTheNoteFontFromTheSettings) {
                                                   "ans"); // Windows-1252 in the model
     EXPECT_EQ(child->GetDocument().m_nNoteFontSize, 14);
 }
-
-TEST_F(MainFrame, AnUnusableSettingsStoreIsReportedAndTheDefaultsApply) {
-    UseUnusableSettingsFolder();
-    CMainFrame& frame = MakeFrame();
-    EXPECT_EQ(desktop.prompter.texts(), std::vector<std::string>{"Regestry Error"});
-    frame.SavePlacement();
-    EXPECT_EQ(desktop.prompter.texts().size(), 2u);
-    CChildFrame* child = frame.Documents().NewDocument();
-    ASSERT_TRUE(child);
-    EXPECT_EQ(child->GetDocument().m_strNoteFont, "Arial");
-}
-
-// ---- Opening files ----
 
 TEST_F(MainFrame, AFileThatIsOpenAlreadyIsActivatedNotOpenedTwice) {
     const QString path = WriteProject("Doppelt.VT5");
@@ -156,20 +134,6 @@ TEST_F(MainFrame, AFileThatIsOpenAlreadyIsActivatedNotOpenedTwice) {
     EXPECT_TRUE(desktop.prompter.asked().empty()) << "no lock question from our own lock";
 }
 
-TEST_F(MainFrame, AMissingOrBrokenFileIsNamedAndNothingOpens) {
-    QFile broken(ProjectPath("Kaputt.VT5"));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("\x01\x02\x03", 3); // ends in the middle of the header
-    broken.close();
-    CMainFrame& frame = MakeFrame();
-    for (const char* name : {"Fehlt.VT5", "Kaputt.VT5"}) {
-        EXPECT_EQ(frame.Documents().OpenDocumentFile(ProjectPath(name)), nullptr) << name;
-        ASSERT_FALSE(desktop.prompter.asked().empty()) << name;
-        EXPECT_NE(desktop.prompter.asked().back().text.find(name), std::string::npos);
-    }
-    EXPECT_TRUE(frame.Children().isEmpty());
-}
-
 TEST_F(MainFrame, TheOpenCommandAndADropOpenTheChosenFiles) {
     const QString chosen = WriteProject("Gewaehlt.vt5"), dropped = WriteProject("Gezogen.VT5");
     CMainFrame& frame = MakeFrame();
@@ -179,7 +143,6 @@ TEST_F(MainFrame, TheOpenCommandAndADropOpenTheChosenFiles) {
     frame.Router().Execute(cmd::FileOpen);
     ASSERT_EQ(frame.Children().size(), 1);
     EXPECT_EQ(frame.ActiveChild()->GetDocument().GetTitle(), "Gewaehlt.vt5");
-
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(dropped), QUrl("https://example.org/x.VT5")});
     QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -191,8 +154,6 @@ TEST_F(MainFrame, TheOpenCommandAndADropOpenTheChosenFiles) {
     EXPECT_EQ(frame.ActiveChild()->GetDocument().GetTitle(), "Gezogen.VT5");
 }
 
-// ---- Recent files ----
-
 TEST_F(MainFrame, TheRecentListKeepsTheFourLastFilesNewestFirst) {
     CMainFrame& frame = MakeFrame();
     QStringList paths;
@@ -203,7 +164,6 @@ TEST_F(MainFrame, TheRecentListKeepsTheFourLastFilesNewestFirst) {
     EXPECT_EQ(recent->Files(), QStringList({paths[4], paths[3], paths[2], paths[1]}));
     frame.Documents().OpenDocumentFile(paths[2]); // open already: activated, and moved to the top
     EXPECT_EQ(recent->Files()[0], paths[2]);
-
     QSettings stored("Local AppWizard-Generated Applications", "Velto");
     stored.beginGroup("Recent File List");
     EXPECT_EQ(stored.value("File1").toString(), paths[2]);
@@ -211,7 +171,7 @@ TEST_F(MainFrame, TheRecentListKeepsTheFourLastFilesNewestFirst) {
     EXPECT_EQ(RecentFileList().Files(), recent->Files());
 }
 
-TEST_F(MainFrame, ARecentFileIsOpenedFromTheMenuAndDroppedWhenItIsGone) {
+TEST_F(MainFrame, ARecentFileIsOpenedFromTheMenuDroppedWhenGoneAndKeptWhenDeclined) {
     const QString kept = WriteProject("Bleibt.VT5"), gone = WriteProject("Weg.VT5");
     recent->Add(kept);
     recent->Add(gone);
@@ -220,36 +180,35 @@ TEST_F(MainFrame, ARecentFileIsOpenedFromTheMenuAndDroppedWhenItIsGone) {
     frame.OnIdle();
     EXPECT_TRUE(frame.Action(cmd::FileMru1 + 1)->isEnabled());
     EXPECT_FALSE(frame.Action(cmd::FileMru1 + 2)->isEnabled());
-
     emit frame.menuBar()->actions().first()->menu()->aboutToShow();
     EXPECT_EQ(frame.Action(cmd::FileMru1)->text(), "&1 " + QDir::toNativeSeparators(gone));
     EXPECT_FALSE(frame.Action(cmd::FileMru1 + 2)->isVisible());
-
     frame.Router().Execute(cmd::FileMru1); // the newest: gone
     EXPECT_EQ(recent->Files(), QStringList({kept}));
     frame.Router().Execute(cmd::FileMru1);
     ASSERT_EQ(frame.Children().size(), 1);
     EXPECT_EQ(frame.ActiveChild()->GetDocument().GetTitle(), "Bleibt.VT5");
+    CMainFrame& theirs = MakeFrame();       // another instance, which finds the file locked
+    theirs.Router().Execute(cmd::FileMru1); // the script declines to open it read-only
+    EXPECT_TRUE(theirs.Children().isEmpty());
+    EXPECT_EQ(recent->Files(), QStringList({kept}));
 }
-
-// ---- Beside the program ----
 
 TEST_F(MainFrame, ConverterAndManualAreLookedForBesideTheProgram) {
     CMainFrame& frame = MakeFrame();
-    frame.Router().Execute(cmd::ImportVt4);
-    frame.Router().Execute(cmd::Manual);
+    const auto runBoth = [&] {
+        frame.Router().Execute(cmd::ImportVt4);
+        frame.Router().Execute(cmd::Manual);
+    };
+    runBoth();
     ASSERT_EQ(desktop.prompter.asked().size(), 2u);
     EXPECT_NE(desktop.prompter.asked()[0].text.find("VT4_VT5"), std::string::npos);
     EXPECT_NE(desktop.prompter.asked()[1].text.find("Velto.pdf"), std::string::npos);
-
     const QDir program(desktop.ProgramDir());
     QDir().mkpath(program.path());
-    for (const char* name : {"VT4_VT5", "Velto.pdf"}) {
-        QFile file(program.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-    frame.Router().Execute(cmd::ImportVt4);
-    frame.Router().Execute(cmd::Manual);
+    for (const char* name : {"VT4_VT5", "Velto.pdf"})
+        testsupport::WriteFile(program.filePath(name).toStdString(), "");
+    runBoth();
     EXPECT_EQ(desktop.started, QStringList({program.filePath("VT4_VT5")}));
     EXPECT_EQ(desktop.opened, QStringList({program.filePath("Velto.pdf")}));
     EXPECT_EQ(desktop.prompter.asked().size(), 2u);

@@ -23,7 +23,6 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <ostream>
 #include <vector>
@@ -40,35 +39,12 @@ inline QStringList MenuTexts(const QMenu& menu) {
         texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
     return texts;
 }
-inline QStringList MenuTitles(const QMenuBar* bar) {
-    QStringList titles;
-    for (QAction* action : bar->actions())
-        titles << action->text();
-    return titles;
-}
 inline QMenu* TopMenu(const QMenuBar* bar, const QString& title) {
     for (QAction* top : bar->actions())
         if (top->text() == title)
             return top->menu();
     return nullptr;
 }
-// Every command entry of the menu bar, sub-menus included, each menu updated as if it opened.
-inline std::vector<QAction*> AllMenuActions(const QMenuBar* bar) {
-    std::vector<QAction*> out;
-    std::function<void(QMenu*)> walk = [&](QMenu* menu) {
-        emit menu->aboutToShow();
-        for (QAction* action : menu->actions()) {
-            if (action->menu())
-                walk(action->menu());
-            else if (!action->isSeparator())
-                out.push_back(action);
-        }
-    };
-    for (QAction* top : bar->actions())
-        walk(top->menu());
-    return out;
-}
-
 class FakeDesktop : public Desktop {
 public:
     explicit FakeDesktop(QString programDir) : m_programDir(std::move(programDir)) {}
@@ -128,7 +104,6 @@ protected:
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder);
     }
-
     // A settings folder whose place is taken by a file can be neither read nor written.
     void UseUnusableSettingsFolder() {
         QFile blocker(TempPath("blocked"));
@@ -166,6 +141,7 @@ protected:
         for (const auto& [key, value] : values)
             stored.setValue(key, value);
     }
+    static QVariant Stored(const char* key) { return QSettings("kolvarin", "Velto5").value(key); }
 
     static void CloseWithoutQuestions(CMainFrame& frame) {
         for (CChildFrame* child : frame.Children())

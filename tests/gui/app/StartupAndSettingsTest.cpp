@@ -4,6 +4,7 @@
 #include "app/CVeltoApp.h"
 #include "app/CommandLine.h"
 #include "base/CommandIds.h"
+#include "support/TempDir.h"
 #include "view/CVeltoView.h"
 
 #include <QFileInfo>
@@ -13,11 +14,9 @@ using Startup = ShellTest;
 TEST_F(Startup, ANumberStoredAsTextCountsAsMissingAndAHandEditedTextWithCommasReadsAsWritten) {
     Store({{"SchriftGroesse", "zwoelf"}});
     EXPECT_EQ(settings.Open().Get(setting::NoteFontSize), 12);
-    QFile conf(m_dir.filePath("config/kolvarin/Velto5.conf"));
-    ASSERT_TRUE(QDir().mkpath(QFileInfo(conf).absolutePath()));
-    ASSERT_TRUE(conf.open(QIODevice::WriteOnly));
-    conf.write("[General]\nDatei1=/daten/Projekte, alt/Plan.VT5\n");
-    conf.close();
+    ASSERT_TRUE(QDir().mkpath(m_dir.filePath("config/kolvarin")));
+    testsupport::WriteFile(m_dir.filePath("config/kolvarin/Velto5.conf").toStdString(),
+                           "[General]\nDatei1=/daten/Projekte, alt/Plan.VT5\n");
     EXPECT_EQ(settings.Open().Get(setting::StartFile1), "/daten/Projekte, alt/Plan.VT5");
 }
 
@@ -46,11 +45,13 @@ TEST_F(Startup, NothingNamedStartsWithANewProject) {
     CloseWithoutQuestions(app.MainFrame());
 }
 
-TEST_F(Startup, AFileThatFailsOnTheCommandLineLeavesAnEmptyFrame) {
+TEST_F(Startup, ABrokenFileOnTheCommandLineIsNamedAndLeavesAnEmptyFrame) {
+    testsupport::WriteFile(ProjectPath("Kaputt.VT5").toStdString(), "\x01\x02\x03"); // ends in the header
     CVeltoApp app(desktop);
-    app.Start({ProjectPath("Gibtsnicht.VT5")});
+    app.Start({ProjectPath("Kaputt.VT5")});
     EXPECT_TRUE(app.MainFrame().Children().isEmpty());
-    EXPECT_EQ(desktop.prompter.asked().size(), 1u);
+    ASSERT_EQ(desktop.prompter.asked().size(), 1u);
+    EXPECT_NE(desktop.prompter.asked()[0].text.find("Kaputt.VT5"), std::string::npos);
 }
 
 TEST(CommandLine, FilesOptionsAndErrors) {

@@ -1,5 +1,9 @@
+// The chart under mouse, keys, scroll bars and the clipboard.
 #include "ChartTestSupport.h"
+#include "outline/NodeClipboard.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -36,7 +40,7 @@ protected:
     QScrollBar* RowScrollBar() { return chart.findChild<QScrollBar*>(QStringLiteral("scrollBar131")); }
 };
 
-TEST_F(CGrafikInteraction, ClickSelectsDoubleClickEdits) {
+TEST_F(CGrafikInteraction, ClickSelectsDoubleClickEditsAndTheMarkerCollapsesAndExpandsAProject) {
     Press(chart, RowPoint(3));
     EXPECT_EQ(Selected(), "B");
     EXPECT_EQ(chart.DragMode(), CGrafik::Drag::Pressed);
@@ -46,11 +50,24 @@ TEST_F(CGrafikInteraction, ClickSelectsDoubleClickEdits) {
     Click(chart, RowPoint(9));
     EXPECT_EQ(Selected(), "B") << "header and empty rows select nothing";
     EXPECT_TRUE(host.requests.empty());
-
     DoubleClick(chart, RowPoint(5));
     EXPECT_EQ(Selected(), "T");
     EXPECT_EQ(host.requests, std::vector<std::string>{"edit"});
     EXPECT_FALSE(chart.ClickPending());
+    Select("b1");
+    const ChartLayout l = chart.Layout();
+    const QPoint marker = l.MarkerSlot(1, l.RowTop(1)).center();
+    Click(chart, marker);
+    EXPECT_EQ(Node("A")->m_bExpanded, 0);
+    EXPECT_EQ(Node("b1")->m_bVisible, 0);
+    EXPECT_EQ(Selected(), "A") << "the selection does not stay on a hidden row";
+    Click(chart, RowPoint(2));
+    EXPECT_EQ(Selected(), "T") << "the row below the collapsed node";
+    Click(chart, marker);
+    EXPECT_EQ(Node("A")->m_bExpanded, 1);
+    EXPECT_EQ(Node("b1")->m_bVisible, 1);
+    Click(chart, l.MarkerSlot(1, l.RowTop(5)).center());
+    EXPECT_EQ(Node("T")->m_bExpanded, 1) << "no children, no marker: a plain click";
 }
 
 TEST_F(CGrafikInteraction, UpAndDownWalkTheShownRowsAndScrollThemIntoView) {
@@ -64,7 +81,6 @@ TEST_F(CGrafikInteraction, UpAndDownWalkTheShownRowsAndScrollThemIntoView) {
     EXPECT_EQ(Selected(), "a1");
     Key(chart, Qt::Key_Left);
     EXPECT_EQ(Selected(), "a1") << "other keys are not the chart's";
-
     AppendCopies(Node("N"), 30);
     Select("R");
     for (int i = 0; i < 15; ++i)
@@ -80,7 +96,6 @@ TEST_F(CGrafikInteraction, DividersAreGrabbedNearThemAndFollowTheMouseWithinThei
     Press(chart, QPoint(280, RowPoint(2).y()));
     EXPECT_EQ(chart.DragMode(), CGrafik::Drag::Pressed) << "a row click instead";
     Release(chart, QPoint(280, RowPoint(2).y()));
-
     Drag(QPoint(300, 150), {QPoint(400, 150), QPoint(10, 150)});
     EXPECT_EQ(chart.ChartWidth1(), 400) << "the line stopped at the last allowed place";
     EXPECT_EQ(chart.cursor().shape(), Qt::ArrowCursor);
@@ -97,10 +112,8 @@ TEST_F(CGrafikInteraction, DraggingARowMovesItsSubtreeBeforeTheRowBelowTheLine) 
     EXPECT_TRUE(host.doc.IsModified());
     EXPECT_EQ(Selected(), "B");
     EXPECT_EQ(chart.DragMode(), CGrafik::Drag::None);
-    DragRow(6, LowerHalfOf(2)); // N to the line below b1: before A, at A's level
-    EXPECT_EQ(Outline(First()), "0:R 1:B 2:b1 1:N 1:A 2:a1 1:T");
     DragRow(1, LowerHalfOf(9)); // B below the last row: the root's last child
-    EXPECT_EQ(Outline(First()), "0:R 1:N 1:A 2:a1 1:T 1:B 2:b1");
+    EXPECT_EQ(Outline(First()), "0:R 1:A 2:a1 1:T 1:N 1:B 2:b1");
 }
 
 TEST_F(CGrafikInteraction, RefusedDropsSayWhyAndTakeNoUndoCopy) {
@@ -118,23 +131,6 @@ TEST_F(CGrafikInteraction, RefusedDropsSayWhyAndTakeNoUndoCopy) {
                                         "Der erste Knoten kann nicht verschoben werden!"}));
 }
 
-TEST_F(CGrafikInteraction, TheMarkerCollapsesAndExpandsAProjectNode) {
-    Select("b1");
-    const ChartLayout l = chart.Layout();
-    const QPoint marker = l.MarkerSlot(1, l.RowTop(1)).center();
-    Click(chart, marker);
-    EXPECT_EQ(Node("A")->m_bExpanded, 0);
-    EXPECT_EQ(Node("b1")->m_bVisible, 0);
-    EXPECT_EQ(Selected(), "A") << "the selection does not stay on a hidden row";
-    Click(chart, RowPoint(2));
-    EXPECT_EQ(Selected(), "T") << "the row below the collapsed node";
-    Click(chart, marker);
-    EXPECT_EQ(Node("A")->m_bExpanded, 1);
-    EXPECT_EQ(Node("b1")->m_bVisible, 1);
-    Click(chart, l.MarkerSlot(1, l.RowTop(5)).center());
-    EXPECT_EQ(Node("T")->m_bExpanded, 1) << "no children, no marker: a plain click";
-}
-
 TEST_F(CGrafikInteraction, ScrollHandlerScrollBarAndWheelClampToTheShownRows) {
     chart.OnVScroll(CGrafik::ScrollCode::PageDown);
     EXPECT_EQ(chart.FirstRow(), 6);
@@ -150,7 +146,6 @@ TEST_F(CGrafikInteraction, ScrollHandlerScrollBarAndWheelClampToTheShownRows) {
                      Qt::ShiftModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&chart, &days);
     EXPECT_EQ(chart.CalendarPos(), CGrafik::kCalendarToday + QApplication::wheelScrollLines());
-
     First()->m_bExpanded = 0;
     RecomputeVisibility(First());
     host.doc.UpdateAllViews();
@@ -174,6 +169,55 @@ TEST_F(CGrafikInteraction, HoldingANodeAboveOrBelowTheRowsScrolls) {
     EXPECT_EQ(chart.FirstRow(), 1);
     Release(chart, QPoint(from.x(), 20));
     EXPECT_EQ(Outline(First()).substr(0, 16), "0:R 1:A 2:a1 2:B") << "no line was allowed there: no drop";
+}
+
+class CGrafikClipboard : public ChartFixture {
+protected:
+    void SetUp() override {
+        NodeClipboard::Instance().Clear();
+        Load({{0, kKindProject, "R"},
+              {1, kKindProject, "A"},
+              {2, kKindProject, "B"},
+              {3, kKindTask,
+               "Gr\xF6\xDF"
+               "e \x80"},
+              {1, kKindTask, "T"}});
+    }
+    void TearDown() override { NodeClipboard::Instance().Clear(); }
+    QString SystemClipboard() { return QGuiApplication::clipboard()->text(); }
+};
+
+TEST_F(CGrafikClipboard, ACutTakesTheUndoCopyAndIsPastedOnce) {
+    Select("B");
+    chart.OnEditCut();
+    EXPECT_EQ(Outline(First()), "0:R 1:A 1:T");
+    EXPECT_EQ(host.requests, std::vector<std::string>{"undo copy"});
+    EXPECT_TRUE(host.doc.IsModified());
+    EXPECT_EQ(SystemClipboard(), QString::fromUtf8("B\n\tGröße €"));
+    Select("T");
+    chart.OnEditPaste();
+    EXPECT_EQ(Outline(First()), "0:R 1:A 1:B 2:Gr\xF6\xDF"
+                                "e \x80 1:T");
+    chart.OnEditPaste();
+    EXPECT_EQ(host.prompter.texts(), std::vector<std::string>{"Zwischenablage ist leer!"});
+    EXPECT_EQ(host.requests.size(), 2u) << "no undo copy for a paste that does nothing";
+}
+
+TEST_F(CGrafikClipboard, ACopyChangesNothingTheFirstNodeIsNeverCutAndAFocusedNotePaneTakesThePaste) {
+    const std::string before = Outline(First());
+    chart.OnEditCut(); // the root is selected
+    EXPECT_EQ(host.prompter.texts(),
+              std::vector<std::string>{"Erster Knoten kann nicht ausgeschnitten werden!"});
+    EXPECT_TRUE(NodeClipboard::Instance().IsEmpty());
+    Select("A");
+    chart.OnEditCopy();
+    EXPECT_EQ(SystemClipboard(), QString::fromUtf8("A\n\tB\n\t\tGröße €"));
+    host.notePaneFocused = true;
+    chart.OnEditPaste();
+    EXPECT_EQ(host.notePastes, 1);
+    EXPECT_TRUE(host.requests.empty());
+    EXPECT_FALSE(host.doc.IsModified());
+    EXPECT_EQ(Outline(First()), before);
 }
 
 } // namespace

@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressBoxesAndKindSquares) {
+TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressKindBoldTextAndTheExpandMarker) {
     const int top = chart.Layout().RowTop(2);
     EXPECT_EQ(At(QPoint(2, top + 10)), kBlack);
     EXPECT_EQ(At(QPoint(400, top)), kBlack) << "the frame runs across the calendar";
@@ -65,48 +65,8 @@ TEST_F(CGrafikRender, RowsShowTheSelectionFrameProgressBoxesAndKindSquares) {
     EXPECT_EQ(InBox(0, 60), kWhite);
     EXPECT_EQ(InSquare(3), kYellow);
     EXPECT_EQ(InSquare(4), kBlue);
-}
-
-TEST_F(CGrafikRender, WeekendsHolidaysAndTodayAreMarkedInTheirColumns) {
-    // A yearly holiday on Monday 16 March, and one on Tuesday 17 March of another year only.
-    chart.SetHolidays({Holiday(16, 3, 2001, 0xC0C0FF, true), Holiday(17, 3, 2025, 0xC0C0FF, false)});
-    Redraw();
-    EXPECT_EQ(InColumn(2, 9), kWhite);
-    EXPECT_EQ(InColumn(3, 9), kCell);
-    EXPECT_EQ(InColumn(4, 9), kCell);
-    EXPECT_EQ(InColumn(5, 9), QColor(255, 192, 192)) << "a yearly holiday, in its colour";
-    EXPECT_EQ(InColumn(6, 9), kWhite) << "a dated holiday of another year";
-    const ChartLayout l = chart.Layout();
-    EXPECT_EQ(At(QPoint(l.DayX(0) + l.DayWidth() / 2, l.RowTop(9))), kRed);
-    EXPECT_NE(At(QPoint(l.DayX(1) + l.DayWidth() / 2, l.RowTop(9))), kRed);
-}
-
-TEST_F(CGrafikRender, BarsRunFromStartDayToDueDayInProgressOrNodeColours) {
-    EXPECT_EQ(InColumn(0, 1), kWhite);
-    EXPECT_EQ(InColumn(2, 1), kGreen);
-    EXPECT_EQ(InColumn(3, 1), kCell) << "weekend background, no bar";
-    EXPECT_EQ(InColumn(6, 3), kYellow);
-    EXPECT_EQ(InColumn(7, 4), kBlue);
-    EXPECT_EQ(InColumn(9, 5), kCell) << "an open task's bar is grey";
-    Node("Muster")->m_timeStart = Day(0, 0, 0, 0);
-    Node("Muster")->m_timeDue = Day(0, 0, 0, 1);
-    chart.SetOptions({kDatePrefixNone, false, false, false});
-    Redraw();
-    EXPECT_EQ(InColumn(0, 5), kRed) << "overdue";
-
-    Node("Erledigt")->m_crColor = 0x0000FF;
-    chart.SetOptions({kDatePrefixNone, false, true, false});
-    Redraw();
-    EXPECT_EQ(InColumn(1, 1), kRed) << "\"Balken\": the node's colour";
-    EXPECT_EQ(InColumn(7, 4), kBlack);
-}
-
-TEST_F(CGrafikRender, BoldRowsCarryMoreInkThanNormalOnes) {
     EXPECT_GT(Ink(6), 20);
-    EXPECT_GT(Ink(5), Ink(6) * 5 / 4);
-}
-
-TEST_F(CGrafikRender, ExpandMarkerShowsMinusOrPlus) {
+    EXPECT_GT(Ink(5), Ink(6) * 5 / 4) << "a bold row carries more ink";
     const QRect marker = chart.Layout().MarkerRect(0, chart.Layout().RowTop(0));
     const QPoint upperArm = marker.center() - QPoint(0, marker.width() / 2 - 2);
     EXPECT_EQ(At(marker.center()), kBlack);
@@ -119,7 +79,50 @@ TEST_F(CGrafikRender, ExpandMarkerShowsMinusOrPlus) {
     EXPECT_EQ(InBox(1, 50), kWhite) << "the children's rows are gone";
 }
 
-TEST_F(CGrafikRender, CostModeClockMarkAndResponsibleMark) {
+TEST_F(CGrafikRender, TheCalendarMarksWeekendsHolidaysAndTodayAndReachesAYearBackAndAhead) {
+    // A yearly holiday on Monday 16 March, and one on Tuesday 17 March of another year only.
+    chart.SetHolidays({Holiday(16, 3, 2001, 0xC0C0FF, true), Holiday(17, 3, 2025, 0xC0C0FF, false)});
+    Redraw();
+    EXPECT_EQ(InColumn(2, 9), kWhite);
+    EXPECT_EQ(InColumn(3, 9), kCell);
+    EXPECT_EQ(InColumn(4, 9), kCell);
+    EXPECT_EQ(InColumn(5, 9), QColor(255, 192, 192)) << "a yearly holiday, in its colour";
+    EXPECT_EQ(InColumn(6, 9), kWhite) << "a dated holiday of another year";
+    const ChartLayout l = chart.Layout();
+    EXPECT_EQ(At(QPoint(l.DayX(0) + l.DayWidth() / 2, l.RowTop(9))), kRed);
+    EXPECT_NE(At(QPoint(l.DayX(1) + l.DayWidth() / 2, l.RowTop(9))), kRed);
+    Node("Muster")->m_timeStart = Day(-365);
+    Node("Muster")->m_timeDue = Day(-365, 23, 59, 59);
+    chart.SetCalendarPos(0);
+    Redraw();
+    EXPECT_EQ(InColumn(0, 5), kRed) << "a year-old open task";
+    EXPECT_NE(InColumn(1, 5), kRed);
+    Node("Muster")->m_timeStart = Day(365);
+    Node("Muster")->m_timeDue = Day(365, 23, 59, 59);
+    chart.SetCalendarPos(730);
+    Redraw();
+    EXPECT_EQ(InColumn(0, 5), kCell);
+    chart.OnJumpToToday();
+    EXPECT_EQ(chart.CalendarPos(), 365);
+}
+
+TEST_F(CGrafikRender, BarsCostBoxesAndMarksFollowProgressNodeColoursAndTheOptions) {
+    EXPECT_EQ(InColumn(0, 1), kWhite);
+    EXPECT_EQ(InColumn(2, 1), kGreen);
+    EXPECT_EQ(InColumn(3, 1), kCell) << "weekend background, no bar";
+    EXPECT_EQ(InColumn(6, 3), kYellow);
+    EXPECT_EQ(InColumn(7, 4), kBlue);
+    EXPECT_EQ(InColumn(9, 5), kCell) << "an open task's bar is grey";
+    Node("Muster")->m_timeStart = Day(0, 0, 0, 0);
+    Node("Muster")->m_timeDue = Day(0, 0, 0, 1);
+    chart.SetOptions({kDatePrefixNone, false, false, false});
+    Redraw();
+    EXPECT_EQ(InColumn(0, 5), kRed) << "overdue";
+    Node("Erledigt")->m_crColor = 0x0000FF;
+    chart.SetOptions({kDatePrefixNone, false, true, false});
+    Redraw();
+    EXPECT_EQ(InColumn(1, 1), kRed) << "\"Balken\": the node's colour";
+    EXPECT_EQ(InColumn(7, 4), kBlack);
     Node("Erledigt")->m_fCostPlanned = 10.0f;
     Node("Erledigt")->m_fCostNeeded = 5.0f;
     Node("Erledigt")->m_bClockedIn = 1;
@@ -134,22 +137,6 @@ TEST_F(CGrafikRender, CostModeClockMarkAndResponsibleMark) {
     EXPECT_NE(At(l.ClockMark(l.RowTop(2)).center()), kBlack);
     EXPECT_EQ(At(l.ResponsibleMark(l.RowTop(2)).center()), QColor(230, 230, 0));
     EXPECT_NE(At(l.ResponsibleMark(l.RowTop(1)).center()), QColor(230, 230, 0));
-}
-
-TEST_F(CGrafikRender, CalendarEndsShowAYearBackAndAYearAhead) {
-    Node("Muster")->m_timeStart = Day(-365);
-    Node("Muster")->m_timeDue = Day(-365, 23, 59, 59);
-    chart.SetCalendarPos(0);
-    Redraw();
-    EXPECT_EQ(InColumn(0, 5), kRed) << "a year-old open task";
-    EXPECT_NE(InColumn(1, 5), kRed);
-    Node("Muster")->m_timeStart = Day(365);
-    Node("Muster")->m_timeDue = Day(365, 23, 59, 59);
-    chart.SetCalendarPos(730);
-    Redraw();
-    EXPECT_EQ(InColumn(0, 5), kCell);
-    chart.OnJumpToToday();
-    EXPECT_EQ(chart.CalendarPos(), 365);
 }
 
 TEST_F(CGrafikRender, ATreeTallerThanTheWindowStopsAtTheBottomOfTheRowArea) {

@@ -1,6 +1,9 @@
+// The geometry of the chart and the text of its rows.
 #include "chart/ChartLayout.h"
+#include "ChartTestSupport.h"
+#include "chart/ChartText.h"
 
-#include <gtest/gtest.h>
+using namespace charttest;
 
 namespace {
 
@@ -10,7 +13,7 @@ ChartLayout Standard() {
     return ChartLayout(QSize(800, 400), 20, 300, 100);
 }
 
-TEST(ChartLayout, RowsStartBelowTheHeaderAndEndAboveTheScrollBar) {
+TEST(ChartLayout, RowsLieBetweenTheHeaderAndTheScrollBarAndADropLineSnapsIntoTheGapBelowARow) {
     const ChartLayout l = Standard();
     EXPECT_EQ(l.RowTop(3), 40 + 3 * 22);
     EXPECT_FALSE(l.ShownRowAt(39));
@@ -21,34 +24,6 @@ TEST(ChartLayout, RowsStartBelowTheHeaderAndEndAboveTheScrollBar) {
     EXPECT_FALSE(l.ShownRowAt(285));
     EXPECT_EQ(l.ShownRowCapacity(), 12) << "the 12th row starts at 282 and is cut";
     EXPECT_EQ(l.FullyShownRows(), 11);
-}
-
-TEST(ChartLayout, DividersAreGrabbedStrictlyWithinTheFontSizeAndDraggedWithinBounds) {
-    const ChartLayout l = Standard();
-    for (int at : {281, 319})
-        EXPECT_TRUE(l.NearVerticalDivider(at) && l.NearHorizontalDivider(at)) << at;
-    for (int at : {280, 320})
-        EXPECT_FALSE(l.NearVerticalDivider(at) || l.NearHorizontalDivider(at)) << at;
-    for (int at : {20, 380})
-        EXPECT_TRUE(l.HorizontalDragAllowed(at)) << at;
-    for (int at : {19, 381})
-        EXPECT_FALSE(l.HorizontalDragAllowed(at)) << at;
-    EXPECT_TRUE(l.VerticalDragAllowed(20) && l.VerticalDragAllowed(765));
-    EXPECT_FALSE(l.VerticalDragAllowed(766)) << "the vertical scroll bar's 15 pixels stay free";
-}
-
-TEST(ChartLayout, StoredWidthsBeyondTheWindowAreClampedForDrawingOnly) {
-    EXPECT_EQ(ChartLayout(QSize(800, 400), 20, -70, 100).VerticalDividerX(), 0);
-    EXPECT_EQ(ChartLayout(QSize(800, 400), 20, 5000, 100).VisibleDays(), 0);
-    EXPECT_EQ(ChartLayout(QSize(800, 400), 20, 300, 5000).HorizontalDividerY(), 20);
-    EXPECT_EQ(ChartLayout(QSize(800, 400), 20, 300, 0).HorizontalDividerY(), 380);
-    const ChartLayout tiny(QSize(10, 10), 20, 300, 100);
-    EXPECT_EQ(tiny.ShownRowCapacity(), 0);
-    EXPECT_FALSE(tiny.ShownRowAt(5));
-}
-
-TEST(ChartLayout, SnappedRowLineLandsInTheGapBelowTheRowUnderTheMouse) {
-    const ChartLayout l = Standard();
     for (int row = 0; row < 8; ++row) {
         for (int y = l.RowTop(row) + 4; y < l.RowTop(row + 1); ++y) {
             ASSERT_EQ(l.SnapRowLine(y), l.RowTop(row) + 21) << "y " << y;
@@ -61,7 +36,28 @@ TEST(ChartLayout, SnappedRowLineLandsInTheGapBelowTheRowUnderTheMouse) {
     EXPECT_FALSE(l.RowLineAllowed(286));
 }
 
-TEST(ChartLayout, RowPartsStayApartAndOutOfTheDividerGrabZone) {
+TEST(ChartLayout, DividersAreGrabbedStrictlyWithinTheFontSizeDraggedWithinBoundsAndClampedForDrawing) {
+    const ChartLayout l = Standard();
+    for (int at : {281, 319})
+        EXPECT_TRUE(l.NearVerticalDivider(at) && l.NearHorizontalDivider(at)) << at;
+    for (int at : {280, 320})
+        EXPECT_FALSE(l.NearVerticalDivider(at) || l.NearHorizontalDivider(at)) << at;
+    for (int at : {20, 380})
+        EXPECT_TRUE(l.HorizontalDragAllowed(at)) << at;
+    for (int at : {19, 381})
+        EXPECT_FALSE(l.HorizontalDragAllowed(at)) << at;
+    EXPECT_TRUE(l.VerticalDragAllowed(20) && l.VerticalDragAllowed(765));
+    EXPECT_FALSE(l.VerticalDragAllowed(766)) << "the vertical scroll bar's 15 pixels stay free";
+    EXPECT_EQ(ChartLayout(QSize(800, 400), 20, -70, 100).VerticalDividerX(), 0);
+    EXPECT_EQ(ChartLayout(QSize(800, 400), 20, 5000, 100).VisibleDays(), 0);
+    EXPECT_EQ(ChartLayout(QSize(800, 400), 20, 300, 5000).HorizontalDividerY(), 20);
+    EXPECT_EQ(ChartLayout(QSize(800, 400), 20, 300, 0).HorizontalDividerY(), 380);
+    const ChartLayout tiny(QSize(10, 10), 20, 300, 100);
+    EXPECT_EQ(tiny.ShownRowCapacity(), 0);
+    EXPECT_FALSE(tiny.ShownRowAt(5));
+}
+
+TEST(ChartLayout, RowPartsStayApartAndBarsCoverWholeDayColumns) {
     const ChartLayout l = Standard();
     const QRect box = l.IndicatorBox(40);
     EXPECT_EQ(box.size(), QSize(40, 20));
@@ -72,10 +68,6 @@ TEST(ChartLayout, RowPartsStayApartAndOutOfTheDividerGrabZone) {
     EXPECT_TRUE(l.MarkerSlot(2, 40).contains(l.MarkerRect(2, 40)));
     EXPECT_EQ(l.IndentX(-3), 5) << "damaged levels neither indent leftwards nor overflow";
     EXPECT_EQ(l.IndentX(INT32_MAX), l.IndentX(ChartLayout::kMaxIndentLevel));
-}
-
-TEST(ChartLayout, BarsCoverWholeDayColumnsInsetFromTheRowEdges) {
-    const ChartLayout l = Standard();
     EXPECT_EQ(l.DayOffsetAt(l.DayX(6) - 1), 5);
     EXPECT_FALSE(l.DayOffsetAt(l.CalendarRight()));
     const QRect bar = l.BarRect(40, 2, 4);
@@ -85,6 +77,21 @@ TEST(ChartLayout, BarsCoverWholeDayColumnsInsetFromTheRowEdges) {
     EXPECT_EQ(bar.top(), 42);
     EXPECT_EQ(bar.bottom(), 57);
     EXPECT_EQ(l.BarRect(40, 4, 2), bar) << "a due date before the start still spans both days";
+}
+
+TEST(ChartText, RowTextCarriesTheDatePrefixAndTheResponsibleShortCode) {
+    CProjectNode* node = BuildList({{0, kKindTask, "Titel", 249, 254}}); // 15.11. to 20.11.2026
+    EXPECT_EQ(ChartRowText(*node, kDatePrefixNone, true), "Titel");
+    EXPECT_EQ(ChartRowText(*node, kDatePrefixStart, false), "15.11.2026: Titel");
+    EXPECT_EQ(ChartRowText(*node, kDatePrefixDue, false), "20.11.26: Titel");
+    EXPECT_EQ(ChartRowText(*node, kDatePrefixBoth, false), "15.11.26-20.11.26: Titel");
+    EXPECT_EQ(ChartRowText(*node, 7, false), "Titel");
+    node->m_strResponsible = "Anna M\xFCller \xAB\xBB AM";
+    EXPECT_EQ(ChartRowText(*node, kDatePrefixDue, true), "20.11.26: [AM] Titel");
+    EXPECT_EQ(ChartRowText(*node, kDatePrefixNone, false), "Titel");
+    EXPECT_EQ(ResponsibleShortCode("Ohne Trenner"), "Ohne Trenner");
+    EXPECT_EQ(ResponsibleShortCode("A \xAB\xBB B \xAB\xBB C"), "C");
+    FreeNodeList(node);
 }
 
 } // namespace

@@ -1,15 +1,17 @@
-// "Knoten bearbeiten" driven as a user would; the rules it applies are tested in core.
+// "Knoten bearbeiten" and its entry lists driven as a user would; the rules they apply are tested in core.
 #include "dialogs/CNodeEditDlg.h"
 
 #include "dialogs/CNewResponsibleDlg.h"
 #include "dialogs/CReminderDlg.h"
 #include "dialogs/CResponsibleDlg.h"
 #include "dialogs/CTextFormatDlg.h"
+#include "files/AssigneeFile.h"
 #include "gui/dialogs/DialogTestSupport.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -29,34 +31,20 @@ TEST_F(NodeDialog, EachKindShowsItsOwnControls) {
     auto shown = [&](const char* name) { return Find<QWidget>(*dialog, name)->isVisible(); };
     EXPECT_TRUE(shown("start") && shown("due") && shown("done") && shown("planned") && shown("entries"));
     const int taskHeight = dialog->height();
-
     Find<QRadioButton>(*dialog, "kindProject")->click();
     EXPECT_TRUE(shown("title") && shown("responsible"));
     EXPECT_FALSE(shown("start") || shown("due") || shown("alarm") || shown("entries"));
     EXPECT_LT(dialog->height(), taskHeight) << "hidden controls leave no gaps";
-
     Find<QRadioButton>(*dialog, "kindMilestone")->click();
     EXPECT_TRUE(shown("due"));
     EXPECT_FALSE(shown("start") || shown("responsible") || shown("planned"));
-
     Find<QRadioButton>(*dialog, "kindNote")->click();
     EXPECT_TRUE(shown("title") && shown("kindNote"));
     EXPECT_FALSE(shown("due") || shown("responsible") || shown("textFormat"));
 }
 
-TEST_F(NodeDialog, TheTaskFitsA1024x768ScreenAndKeepsItsWidthInEveryListMode) {
-    auto dialog = Open("T");
-    const int width = dialog->minimumSizeHint().width();
-    for (const char* mode : {"modeCalculated", "modeNeeded", "modeHours"}) {
-        Find<QRadioButton>(*dialog, mode)->click();
-        EXPECT_EQ(dialog->minimumSizeHint().width(), width) << mode;
-        EXPECT_LE(width, 1000) << "room left for the window frame";
-        EXPECT_LE(dialog->minimumSizeHint().height(), 680) << mode;
-    }
-}
-
-TEST_F(NodeDialog, AProjectWithChildrenIsRefusedAfterTheUndoCopyAndStaysAProject) {
-    auto dialog = Open("R");
+TEST_F(NodeDialog, ARefusedOkTakesTheUndoCopyAndKeepsTheDialogOpenWithItsInput) {
+    auto dialog = Open("R"); // a project with children
     Find<QLineEdit>(*dialog, "title")->setText("Umbenannt");
     Find<QRadioButton>(*dialog, "kindTask")->click();
     ClickOk(*dialog);
@@ -64,33 +52,12 @@ TEST_F(NodeDialog, AProjectWithChildrenIsRefusedAfterTheUndoCopyAndStaysAProject
     EXPECT_EQ(prompter.asked()[0].caption, "Knoten Wandlung nicht möglich");
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_TRUE(Find<QRadioButton>(*dialog, "kindProject")->isChecked());
-    EXPECT_EQ(Find<QLineEdit>(*dialog, "title")->text(), "Umbenannt") << "the input stays";
+    EXPECT_EQ(Find<QLineEdit>(*dialog, "title")->text(), "Umbenannt");
     EXPECT_EQ(tree["R"]->m_strTitle, "R");
-    EXPECT_EQ(undoCopies, 1) << "a refused OK has taken its undo copy";
-
-    auto childless = Open("P");
-    Find<QRadioButton>(*childless, "kindTask")->click();
-    ClickOk(*childless);
-    EXPECT_EQ(tree["P"]->m_nKind, kKindTask);
+    EXPECT_EQ(undoCopies, 1);
 }
 
-TEST_F(NodeDialog, ImplausibleDatesAreRefusedAndPlausibleOnesWritten) {
-    auto dialog = Open("T");
-    Find<QDateEdit>(*dialog, "start")->setDate(QDate(2024, 5, 6));
-    Find<QDateEdit>(*dialog, "due")->setDate(QDate(2024, 5, 5));
-    ClickOk(*dialog);
-    ASSERT_EQ(prompter.asked().size(), 1u);
-    EXPECT_EQ(prompter.asked()[0].caption, "Zeiteingaben nicht plausibel");
-    EXPECT_TRUE(dialog->isVisible());
-
-    Find<QDateEdit>(*dialog, "due")->setDate(QDate(2024, 5, 7));
-    ClickOk(*dialog);
-    EXPECT_EQ(dialog->result(), QDialog::Accepted);
-    EXPECT_EQ(tree["T"]->m_timeStart.Format("%d.%m.%Y"), "06.05.2024");
-    EXPECT_EQ(tree["T"]->m_timeDue.Format("%d.%m.%Y"), "07.05.2024");
-}
-
-TEST_F(NodeDialog, CancelChangesNothingAndEveryOkStampsTheChange) {
+TEST_F(NodeDialog, CancelChangesNothingAndEveryOkWritesTheInputAndStampsTheChange) {
     CProjectNode& task = *tree["T"];
     task.m_timeChanged = CTime(1000);
     auto cancelled = Open("T");
@@ -100,10 +67,20 @@ TEST_F(NodeDialog, CancelChangesNothingAndEveryOkStampsTheChange) {
     EXPECT_EQ(task.m_strTitle, "T");
     EXPECT_TRUE(task.m_pCosts.empty()) << "not even the automatic cost entries";
     EXPECT_EQ(task.m_timeChanged, CTime(1000));
-
+    task.m_timeDone = CTime(1000);
     const CTime before = CTime::GetCurrentTime();
-    ClickOk(*Open("T"));
-    EXPECT_GE(task.m_timeChanged, before) << "the stamp moves even when nothing was edited";
+    auto dialog = Open("T");
+    Find<QDateEdit>(*dialog, "start")->setDate(QDate(2024, 5, 6));
+    Find<QDateEdit>(*dialog, "due")->setDate(QDate(2024, 5, 7));
+    Find<QCheckBox>(*dialog, "done")->click();
+    Find<QCheckBox>(*dialog, "done")->click();
+    ClickOk(*dialog);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(task.m_timeStart.Format("%d.%m.%Y"), "06.05.2024");
+    EXPECT_EQ(task.m_timeDue.Format("%d.%m.%Y"), "07.05.2024");
+    EXPECT_GE(task.m_timeChanged, before);
+    EXPECT_FALSE(task.m_bDone);
+    EXPECT_GE(task.m_timeDone, before) << "the done stamp is the time of the last click";
     EXPECT_EQ(undoCopies, 1);
 }
 
@@ -119,20 +96,6 @@ TEST_F(NodeDialog, StepButtonsAndArrowKeysStepEachFieldByItsMark) {
     rate->SetText("2.2");
     rate->PlusButton()->click();
     EXPECT_EQ(rate->Text(), "2.50") << "the rate in halves";
-    StepEdit* quantity = Find<StepEdit>(*dialog, "quantity");
-    quantity->MinusButton()->click();
-    EXPECT_EQ(quantity->Text(), "0.50");
-}
-
-TEST_F(NodeDialog, TheDoneStampIsTheTimeOfTheLastClick) {
-    tree["T"]->m_timeDone = CTime(1000);
-    auto dialog = Open("T");
-    const CTime before = CTime::GetCurrentTime();
-    Find<QCheckBox>(*dialog, "done")->click();
-    Find<QCheckBox>(*dialog, "done")->click();
-    ClickOk(*dialog);
-    EXPECT_FALSE(tree["T"]->m_bDone);
-    EXPECT_GE(tree["T"]->m_timeDone, before);
 }
 
 TEST_F(NodeDialog, TextFormatReachesTheNodeOnlyThroughOk) {
@@ -163,7 +126,6 @@ TEST_F(NodeDialog, TheReminderChosenReachesTheNodeAndOffClearsIt) {
     Find<QPushButton>(*dialog, "alarm")->click();
     ClickOk(*dialog);
     EXPECT_EQ(tree["T"]->m_timeReminder.Format("%d.%m.%Y %H:%M"), "05.05.2024 10:15");
-
     auto again = Open("T");
     // Escape (or closing the window) leaves the reminder as it was.
     OnNextModal<CReminderDlg>([](CReminderDlg& reminder) { QTest::keyClick(&reminder, Qt::Key_Escape); });
@@ -174,23 +136,7 @@ TEST_F(NodeDialog, TheReminderChosenReachesTheNodeAndOffClearsIt) {
     EXPECT_TRUE(tree["T"]->m_timeReminder.IsNull()) << "\"Erinnerung aus\" switches it off";
 }
 
-TEST_F(NodeDialog, ChoosingNobodyClearsTheResponsiblePerson) {
-    tree["T"]->m_strResponsible = "Eva";
-    auto dialog = Open("T");
-    EXPECT_EQ(Find<QLabel>(*dialog, "responsibleName")->text(), "Eva");
-    OnNextModal<CResponsibleDlg>([](CResponsibleDlg& choice) {
-        QListWidget* list = Find<QListWidget>(choice, "persons");
-        EXPECT_EQ(list->currentRow(), 1) << "the current person starts selected";
-        list->setCurrentRow(0); // "--- Keiner ---"
-        ClickOk(choice);
-    });
-    Find<QPushButton>(*dialog, "responsible")->click();
-    EXPECT_EQ(Find<QLabel>(*dialog, "responsibleName")->text(), "");
-    ClickOk(*dialog);
-    EXPECT_EQ(tree["T"]->m_strResponsible, "");
-}
-
-TEST_F(NodeDialog, ANewResponsiblePersonIsChosenAtOnce) {
+TEST_F(NodeDialog, ANewResponsiblePersonIsChosenAtOnceAndNobodyClearsIt) {
     auto dialog = Open("P");
     OnNextModal<CResponsibleDlg>([](CResponsibleDlg& choice) {
         OnNextModal<CNewResponsibleDlg>([](CNewResponsibleDlg& add) {
@@ -205,37 +151,131 @@ TEST_F(NodeDialog, ANewResponsiblePersonIsChosenAtOnce) {
     EXPECT_EQ(Find<QLabel>(*dialog, "responsibleName")->text(), "Jürgen «» JÜ");
     ClickOk(*dialog);
     EXPECT_EQ(tree["P"]->m_strResponsible, "J\xFCrgen \xAB\xBB J\xDC");
+    dialog = Open("P");
+    OnNextModal<CResponsibleDlg>([](CResponsibleDlg& choice) {
+        QListWidget* list = Find<QListWidget>(choice, "persons");
+        EXPECT_EQ(list->currentRow(), 1) << "the current person starts selected";
+        list->setCurrentRow(0); // "--- Keiner ---"
+        ClickOk(choice);
+    });
+    Find<QPushButton>(*dialog, "responsible")->click();
+    EXPECT_EQ(Find<QLabel>(*dialog, "responsibleName")->text(), "");
+    ClickOk(*dialog);
+    EXPECT_EQ(tree["P"]->m_strResponsible, "");
 }
 
-TEST_F(NodeDialog, TabFollowsTheLayoutAndEnterInTheInputRowAddsTheEntry) {
-    auto dialog = Open("T");
-    QApplication::setActiveWindow(dialog.get());
-    Find<QLineEdit>(*dialog, "title")->setFocus();
-    // The named control that holds the focus; Tab through the sections of a date counts once.
-    QStringList visited;
-    for (int i = 0; i < 60 && !visited.contains("entries"); ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QWidget* w = QApplication::focusWidget();
-        while (w && (w->objectName().isEmpty() || w->objectName().startsWith("qt_")))
-            w = w->parentWidget();
-        if (w && (visited.isEmpty() || visited.back() != w->objectName()))
-            visited << w->objectName();
-    }
-    const QStringList expected{"kindProject", "responsible", "start",         "due",      "done",
-                               "textFormat",  "alarm",       "planned",       "needed",   "rate",
-                               "modeHours",   "entryDay",    "entryBegin",    "entryEnd", "entryAssignee",
-                               "entryRemark", "addEntry",    "takeBackEntry", "entries"};
-    EXPECT_EQ(visited, expected) << "one stop for each radio group, none on + and -";
+struct EntryList : NodeDialogFixture {
+    CProjectNode& task = *tree["T"];
+    std::unique_ptr<CNodeEditDlg> dialog;
 
-    Find<QTimeEdit>(*dialog, "entryBegin")->setTime(QTime(8, 0));
-    Find<QTimeEdit>(*dialog, "entryEnd")->setTime(QTime(9, 0));
-    QComboBox* remark = Find<QComboBox>(*dialog, "entryRemark");
-    remark->setFocus();
-    remark->setCurrentText("Montage");
-    QTest::keyClick(remark, Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible()) << "Enter while typing an entry does not close the dialog";
-    EXPECT_EQ(Find<QTreeWidget>(*dialog, "entries")->topLevelItemCount(), 1);
-    EXPECT_EQ(Find<QLineEdit>(*dialog, "needed")->text(), "1.00");
+    void SetUp() override {
+        task.m_fHourlyRate = 50.0f;
+        task.m_fHoursPlanned = 8.0f;
+    }
+    void Open() { dialog = NodeDialogFixture::Open("T"); }
+    template <typename T> T* Get(const char* name) { return Find<T>(*dialog, name); }
+    QTreeWidget* List() { return Get<QTreeWidget>("entries"); }
+    QString Cell(int row, int column) { return List()->topLevelItem(row)->text(column); }
+    void TakeBack(int row) {
+        List()->setCurrentItem(List()->topLevelItem(row));
+        Get<QPushButton>("takeBackEntry")->click();
+    }
+    void AddHours(QDate day, QTime begin, QTime end, const char* assignee = "Anna", const char* remark = "") {
+        Get<QDateEdit>("entryDay")->setDate(day);
+        Get<QTimeEdit>("entryBegin")->setTime(begin);
+        Get<QTimeEdit>("entryEnd")->setTime(end);
+        Get<QComboBox>("entryAssignee")->setCurrentText(assignee);
+        Get<QComboBox>("entryRemark")->setCurrentText(remark);
+        Get<QPushButton>("addEntry")->click();
+    }
+    void AddCost(const char* price, const char* quantity, bool income) {
+        Get<StepEdit>("unitPrice")->SetText(price);
+        Get<StepEdit>("quantity")->SetText(quantity);
+        Get<QRadioButton>(income ? "income" : "expense")->setChecked(true);
+        Get<QPushButton>("addEntry")->click();
+    }
+};
+
+TEST_F(EntryList, HoursFillTheListNewestDayFirstAndReachTheNodeOnOk) {
+    Open();
+    AddHours(QDate(2024, 5, 5), QTime(8, 0), QTime(8, 1));
+    AddHours(QDate(2024, 5, 7), QTime(13, 0), QTime(14, 30), "Bert");
+    AddHours(QDate(2024, 5, 5), QTime(22, 0), QTime(1, 0));
+    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Startzeit größer gleich Endzeit!"});
+    ASSERT_EQ(List()->topLevelItemCount(), 2);
+    EXPECT_EQ(Cell(0, 1), "07.05.2024");
+    EXPECT_EQ(Get<QLineEdit>("needed")->text(), "1.52");
+    ClickOk(*dialog);
+    EXPECT_NEAR(task.m_fHoursNeeded, 1.52f, 1e-6);
+    ASSERT_EQ(task.m_pHours.size(), 2u);
+    EXPECT_EQ(task.m_pHours.front().m_str1, "Anna") << "entries are kept in the order they were added";
+}
+
+TEST_F(EntryList, EnterInTheInputRowAddsTheEntryInsteadOfClosing) {
+    Open();
+    QApplication::setActiveWindow(dialog.get());
+    Get<QTimeEdit>("entryBegin")->setTime(QTime(8, 0));
+    Get<QTimeEdit>("entryEnd")->setTime(QTime(9, 0));
+    Get<QComboBox>("entryRemark")->setFocus();
+    QTest::keyClick(Get<QComboBox>("entryRemark"), Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(List()->topLevelItemCount(), 1);
+    EXPECT_EQ(Get<QLineEdit>("needed")->text(), "1.00");
+}
+
+TEST_F(EntryList, TakingBackHoursRefillsTheInputRowAndTheSum) {
+    Open();
+    Get<QPushButton>("takeBackEntry")->click();
+    EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Kein Eintrag ausgewählt!"});
+    AddHours(QDate(2024, 5, 5), QTime(8, 0), QTime(9, 0), "Anna", "x");
+    AddHours(QDate(2024, 5, 6), QTime(10, 0), QTime(11, 0), "Anna", "y");
+    TakeBack(1);
+    EXPECT_EQ(List()->topLevelItemCount(), 1);
+    EXPECT_EQ(Get<QLineEdit>("needed")->text(), "1.00");
+    EXPECT_EQ(Get<QTimeEdit>("entryBegin")->time(), QTime(8, 0));
+    EXPECT_EQ(Get<QComboBox>("entryRemark")->currentText(), "x");
+    QApplication::setActiveWindow(dialog.get());
+    List()->setFocus();
+    List()->setCurrentItem(List()->topLevelItem(0));
+    QTest::keyClick(List(), Qt::Key_Delete);
+    EXPECT_EQ(List()->topLevelItemCount(), 0) << "the Delete key takes back too";
+}
+
+TEST_F(EntryList, CombosOfferThePresetFileAndAnAddedEntryJoinsTheRecentTexts) {
+    ASSERT_TRUE(SaveAssignees(dir.PathOf("Bearbeiter.dat"), {"Zeta", "Max Muster"}));
+    Open();
+    EXPECT_EQ(Get<QComboBox>("entryRemark")->itemText(1), "Zeta");
+    AddHours(QDate(2024, 5, 5), QTime(8, 0), QTime(9, 0), "Bert", "Abbau");
+    EXPECT_EQ(dialog->Histories().remark[0], "Abbau");
+}
+
+TEST_F(EntryList, BothCostListsWithTheirAutomaticEntriesReachTheNodeOnOk) {
+    Open();
+    Get<QRadioButton>("modeCalculated")->click();
+    EXPECT_EQ(Get<QGroupBox>("listGroup")->title(), "Kalkulierte Kosten");
+    ASSERT_EQ(List()->topLevelItemCount(), 1);
+    EXPECT_EQ(Cell(0, 7), "-400.00");
+    Get<StepEdit>("rate")->SetText("60");
+    EXPECT_EQ(Cell(0, 7), "-480.00") << "the automatic entry follows the rate";
+    AddCost("19.99", "3", true);
+    EXPECT_EQ(Cell(0, 7), "59.97");
+    TakeBack(1);
+    EXPECT_EQ(prompter.texts(),
+              std::vector<std::string>{"Dieser Eintrag wurde automatisch generiert und ist nicht löschbar!"});
+    TakeBack(0);
+    EXPECT_EQ(Get<StepEdit>("unitPrice")->Text(), "19.99") << "the input row is refilled";
+    EXPECT_TRUE(Get<QRadioButton>("income")->isChecked());
+    ASSERT_EQ(List()->topLevelItemCount(), 1);
+    Get<QPushButton>("addEntry")->click();
+    Get<QLineEdit>("needed")->setText("2");
+    Get<QRadioButton>("modeNeeded")->click();
+    EXPECT_EQ(Cell(0, 6), "Benötigte Stunden");
+    AddCost("7", "2", false);
+    ClickOk(*dialog);
+    EXPECT_EQ(task.m_pCosts.size(), 2u);
+    EXPECT_EQ(task.m_pCosts2.size(), 2u);
+    EXPECT_NEAR(task.m_fCostPlanned, -480.0f + 59.97f, 1e-3);
+    EXPECT_FLOAT_EQ(task.m_fCostNeeded, -120.0f - 14.0f);
 }
 
 } // namespace

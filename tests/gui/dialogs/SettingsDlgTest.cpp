@@ -9,11 +9,9 @@
 #include "gui/dialogs/DialogTestSupport.h"
 #include "view/ViewContext.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 
 namespace {
@@ -32,14 +30,18 @@ QLineEdit& StartFile(const CSettingsDlg& dialog, int number) {
     return *Find<QLineEdit>(dialog, QStringLiteral("startFile%1").arg(number).toLatin1().constData());
 }
 
-TEST_F(SettingsDlg, WithNothingStoredItShowsTheDefaultsAndOkCreatesEveryValue) {
+TEST_F(SettingsDlg, WithNothingStoredItShowsTheDefaultsCancelWritesNothingAndOkEveryValue) {
+    CSettingsDlg cancelled(settings, desktop);
+    SetChecked(cancelled, "dueDate", true);
+    StartFile(cancelled, 1).setText(ProjectPath("Eins.VT5"));
+    ClickCancel(cancelled);
+    EXPECT_TRUE(QSettings("kolvarin", "Velto5").allKeys().isEmpty());
     CSettingsDlg dialog(settings, desktop);
     EXPECT_EQ(Find<QComboBox>(dialog, "fontName")->currentText(), "Arial");
     EXPECT_EQ(Find<QSpinBox>(dialog, "fontSize")->value(), 12);
     for (const char* box : {"startDate", "dueDate", "responsible", "barInNodeColour", "sortByDue"})
         EXPECT_FALSE(Checked(dialog, box)) << box;
     EXPECT_TRUE(Checked(dialog, "sortByStart")) << "a missing value sorts by the start date, so it says so";
-
     ClickOk(dialog);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     QStringList keys = QSettings("kolvarin", "Velto5").allKeys();
@@ -69,7 +71,6 @@ TEST_F(SettingsDlg, StoredValuesAreShownAndTheEditedOnesWrittenBack) {
     EXPECT_TRUE(Checked(dialog, "responsible"));
     EXPECT_TRUE(Checked(dialog, "sortByDue"));
     EXPECT_TRUE(Checked(dialog, "barInNodeColour"));
-
     desktop.ChooseFiles({ProjectPath("Zwei.VT5"), ""});
     Find<QPushButton>(dialog, "browse2")->click();
     Find<QPushButton>(dialog, "browse1")->click(); // cancelled: the file stays
@@ -79,7 +80,6 @@ TEST_F(SettingsDlg, StoredValuesAreShownAndTheEditedOnesWrittenBack) {
     SetChecked(dialog, "sortByStart", true);
     Find<QSpinBox>(dialog, "fontSize")->setValue(150);
     ClickOk(dialog);
-
     const SettingsSession stored = settings.Open();
     EXPECT_EQ(stored.Get(setting::StartFile1), first);
     EXPECT_EQ(stored.Get(setting::StartFile2), ProjectPath("Zwei.VT5"));
@@ -140,14 +140,6 @@ TEST_F(SettingsDlg, OddStoredValuesReadInTheDialogAsTheChartAndTheSortReadThem) 
     EXPECT_EQ(store("SchriftGroesse", 3).first.noteFontSize, 6);
 }
 
-TEST_F(SettingsDlg, CancelWritesNothing) {
-    CSettingsDlg dialog(settings, desktop);
-    SetChecked(dialog, "dueDate", true);
-    StartFile(dialog, 1).setText(ProjectPath("Eins.VT5"));
-    ClickCancel(dialog);
-    EXPECT_TRUE(QSettings("kolvarin", "Velto5").allKeys().isEmpty());
-}
-
 TEST_F(SettingsDlg, AnUnusableStoreIsReportedOnOpeningAndOnOk) {
     UseUnusableSettingsFolder();
     CSettingsDlg dialog(settings, desktop);
@@ -184,7 +176,6 @@ TEST_F(SettingsDlg, TheMenuCommandsOpenTheDialogsWithAndWithoutAProject) {
     ExpectOpensAndCancel<CSettingsDlg>(frame, cmd::SettingsNoDoc);
     ExpectOpensAndCancel<CHolidayDlg>(frame, cmd::HolidaysNoDoc);
     ExpectOpensAndCancel<CAssigneeDlg>(frame, cmd::Assignees);
-
     ASSERT_TRUE(frame.Documents().NewDocument());
     ExpectOpensAndCancel<CSettingsDlg>(frame, cmd::Settings);
     OnNextModal<CHolidayDlg>([](CHolidayDlg& dialog) { ClickOk(dialog); });

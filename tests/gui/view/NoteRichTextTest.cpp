@@ -5,6 +5,7 @@
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
+#include "support/TempDir.h"
 #include "support/TestEnvironment.h"
 
 #include <QTextBlock>
@@ -12,9 +13,7 @@
 #include <QTextDocument>
 
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace {
 
@@ -56,7 +55,6 @@ TEST(NoteRichText, EveryFormatAndParagraphComesBack) {
     const rtf::Document note = RichNote();
     ASSERT_EQ(note.paragraphs.back().end, rtf::ParagraphBreak::None);
     EXPECT_EQ(RoundTrip(note), note);
-
     // Empty notes: none at all, and the default note's one empty paragraph.
     EXPECT_EQ(RoundTrip(rtf::Document()), rtf::Document());
     rtf::DocumentBuilder empty;
@@ -73,7 +71,6 @@ TEST(NoteRichText, ShownAsQtDrawsIt) {
     const QTextBlock first = document.firstBlock();
     EXPECT_EQ(first.blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
     EXPECT_EQ(first.text(), QString::fromUtf8("Fett schräg\tmit Tab\u2028und Zeile"));
-
     const QTextBlock third = first.next().next();
     const QTextCharFormat tiny = third.begin().fragment().charFormat();
     EXPECT_EQ(tiny.fontPointSize(), 1.0) << "sizes below 1 pt show as 1 pt";
@@ -82,15 +79,12 @@ TEST(NoteRichText, ShownAsQtDrawsIt) {
     EXPECT_FALSE(tiny.hasProperty(QTextFormat::ForegroundBrush)) << "automatic colour";
 }
 
-TEST(NoteRichText, SizeShownByOtherMeansWins) {
+TEST(NoteRichText, ASizeSetByOtherMeansWinsAndPastedObjectsAreDropped) {
     QTextCharFormat format;
     notetext::SetHalfPoints(format, -4);
     format.setFontPointSize(15.5); // the font dialog or pasted text changed it
     EXPECT_EQ(notetext::HalfPointsOf(format), 31);
     EXPECT_EQ(notetext::HalfPointsOf(QTextCharFormat()), rtf::kDefaultHalfPoints);
-}
-
-TEST(NoteRichText, PastedObjectsAreDropped) {
     QTextDocument document;
     QTextCursor cursor(&document);
     cursor.insertText("Bild:");
@@ -98,13 +92,6 @@ TEST(NoteRichText, PastedObjectsAreDropped) {
     cursor.insertText("Ende");
     const rtf::Document note = notetext::TakeNote(document);
     EXPECT_EQ(rtf::PlainText(rtf::WriteRtf(note)), "Bild:Ende");
-}
-
-std::string Slurp(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    return content.str();
 }
 
 // Any text the reader can make of real files, also the corners (control characters, symbol fonts,
@@ -117,7 +104,7 @@ TEST(NoteRichText, CorpusNotesSurviveThePane) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(files)) {
         if (entry.path().extension() != ".rtf")
             continue;
-        const rtf::Document note = rtf::ReadRtf(Slurp(entry.path()));
+        const rtf::Document note = rtf::ReadRtf(testsupport::ReadFile(entry.path().string()));
         EXPECT_EQ(rtf::WriteRtf(RoundTrip(note)), rtf::WriteRtf(note)) << entry.path();
         ++checked;
     }

@@ -106,7 +106,6 @@ protected:
         cursor.setPosition(to, QTextCursor::KeepAnchor);
         Editor().setTextCursor(cursor);
     }
-    void SelectAll() { Editor().selectAll(); }
     void Caret(int at) { Select(at, at); }
     bool Run(int id) { return pane->OnCommand(id); }
     void Click(int buttonId) {

@@ -1,4 +1,6 @@
-// "Feiertage, Urlaub, ...": the list from the file, adding, taking back, and what OK writes.
+// The data file dialogs ("Feiertage, Urlaub, ...", the presets): the list from the file, adding,
+// taking back, what OK writes, and files that cannot be read or written.
+#include "dialogs/CAssigneeDlg.h"
 #include "dialogs/CHolidayDlg.h"
 
 #include "files/HolidayFile.h"
@@ -10,6 +12,7 @@
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
@@ -51,15 +54,6 @@ protected:
     ScriptedPrompter prompter;
 };
 
-TEST_F(HolidayDlgTest, TheListShowsTheFileLatestFirstWithTheKeyAndColourHidden) {
-    CHolidayDlg dialog(file, prompter);
-    const QTreeWidget& list = *Find<QTreeWidget>(dialog, "entries");
-    EXPECT_EQ(Column(list, 2), QStringList({"05.01.2024", "24.12.2023", "01.05.2023"}));
-    EXPECT_EQ(Column(list, 3), QStringList({"Urlaub", "Heilig Abend", " "}));
-    EXPECT_EQ(Column(list, 4), QStringList({"NEIN", "JA", "JA"}));
-    EXPECT_TRUE(list.isColumnHidden(0) && list.isColumnHidden(1));
-}
-
 TEST_F(HolidayDlgTest, AddedEntriesInTheChosenColourAreWrittenOnOk) {
     CHolidayDlg dialog(file, prompter);
     dialog.show();
@@ -81,7 +75,6 @@ TEST_F(HolidayDlgTest, AddedEntriesInTheChosenColourAreWrittenOnOk) {
     EXPECT_EQ(Find<QTreeWidget>(dialog, "entries")->currentItem()->text(2), "24.12.2023") << "the new row";
     ClickOk(dialog);
     ASSERT_EQ(dialog.result(), QDialog::Accepted);
-
     const std::vector<CHoliday> written = LoadHolidays(file);
     ASSERT_EQ(written.size(), 5u);
     EXPECT_EQ(written[0].name, "Tag der Arbeit");
@@ -89,13 +82,16 @@ TEST_F(HolidayDlgTest, AddedEntriesInTheChosenColourAreWrittenOnOk) {
     EXPECT_TRUE(prompter.asked().empty());
 }
 
-TEST_F(HolidayDlgTest, TakingBackFillsTheInputAndCancelWritesNothing) {
+TEST_F(HolidayDlgTest, TheListShowsTheFileLatestFirstTakingBackFillsTheInputAndCancelWritesNothing) {
     CHolidayDlg dialog(file, prompter);
     QTreeWidget& list = *Find<QTreeWidget>(dialog, "entries");
+    EXPECT_EQ(Column(list, 2), QStringList({"05.01.2024", "24.12.2023", "01.05.2023"}));
+    EXPECT_EQ(Column(list, 3), QStringList({"Urlaub", "Heilig Abend", " "}));
+    EXPECT_EQ(Column(list, 4), QStringList({"NEIN", "JA", "JA"}));
+    EXPECT_TRUE(list.isColumnHidden(0) && list.isColumnHidden(1)) << "the key and the colour";
     QPushButton& takeBack = *Find<QPushButton>(dialog, "takeBack");
     takeBack.click();
     EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Kein Eintrag ausgewählt!"});
-
     list.setCurrentItem(list.topLevelItem(0));
     takeBack.click();
     EXPECT_EQ(Find<QDateEdit>(dialog, "date")->date(), QDate(2024, 1, 5));
@@ -104,13 +100,11 @@ TEST_F(HolidayDlgTest, TakingBackFillsTheInputAndCancelWritesNothing) {
     dialog.show();
     EXPECT_EQ(FaceOf(*Find<QPushButton>(dialog, "colour")), QColor(0, 0, 255)) << "the entry's colour";
     EXPECT_EQ(list.topLevelItemCount(), 2);
-
     // A cancelled colour choice keeps the colour.
     OnNextModal<QColorDialog>([](QColorDialog& chooser) { chooser.reject(); });
     Find<QPushButton>(dialog, "colour")->click();
     Add(dialog, QDate(2024, 1, 5), "Urlaub", false);
     EXPECT_EQ(dialog.Entries()[0].color, 0xFF0000);
-
     ClickCancel(dialog);
     EXPECT_EQ(testsupport::ReadFile(file), original);
 }
@@ -126,16 +120,48 @@ TEST_F(HolidayDlgTest, AFileThatCannotBeWrittenKeepsTheDialogOpen) {
     EXPECT_EQ(dialog.Entries().size(), 1u);
 }
 
-TEST_F(HolidayDlgTest, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
-    // A FIFO cannot be read as a data file, but a save would replace it.
-    const std::string fifo = dir.PathOf("Feiertage.fifo");
-    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
-    CHolidayDlg dialog(fifo, prompter);
+TEST(Presets, AddedByButtonOrEnterWrittenOnOkAndTakenBackIntoTheEdit) {
+    testsupport::TempDir dir;
+    const std::string file = dir.PathOf("Bearbeiter.dat");
+    ScriptedPrompter prompter;
+    CAssigneeDlg dialog(file, prompter);
+    QLineEdit* preset = Find<QLineEdit>(dialog, "preset");
+    preset->setText("Max Muster");
+    Find<QPushButton>(dialog, "add")->click();
     dialog.show();
-    EXPECT_NE(Find<QLabel>(dialog, "unreadable")->text().toStdString().find(fifo), std::string::npos);
-    EXPECT_FALSE(ButtonOfRole(dialog, QDialogButtonBox::AcceptRole)->isEnabled());
-    dialog.accept();
-    EXPECT_TRUE(dialog.isVisible());
+    QApplication::setActiveWindow(&dialog);
+    preset->setFocus();
+    QTest::keyClicks(preset, "Anna");
+    QTest::keyClick(preset, Qt::Key_Return);
+    EXPECT_TRUE(dialog.isVisible()) << "Enter adds rather than closing the dialog";
+    ClickOk(dialog);
+    EXPECT_EQ(testsupport::ReadFile(file), "Anna\rMax#~*Muster\r");
+    CAssigneeDlg again(file, prompter);
+    QListWidget* list = Find<QListWidget>(again, "presets");
+    ASSERT_EQ(list->count(), 2);
+    list->setCurrentRow(1);
+    Find<QPushButton>(again, "takeBack")->click();
+    EXPECT_EQ(Find<QLineEdit>(again, "preset")->text(), "Max Muster");
+    EXPECT_EQ(list->count(), 1);
+    ClickCancel(again);
+    EXPECT_EQ(testsupport::ReadFile(file), "Anna\rMax#~*Muster\r") << "Cancel writes nothing";
+}
+
+TEST(DataFileDialogs, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
+    testsupport::TempDir dir;
+    const std::string fifo =
+        dir.PathOf("Daten.dat"); // cannot be read as a data file, but a save would replace it
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    ScriptedPrompter prompter;
+    CHolidayDlg holidays(fifo, prompter);
+    CAssigneeDlg presets(fifo, prompter);
+    for (QDialog* dialog : std::initializer_list<QDialog*>{&holidays, &presets}) {
+        dialog->show();
+        EXPECT_NE(Find<QLabel>(*dialog, "unreadable")->text().toStdString().find(fifo), std::string::npos);
+        EXPECT_FALSE(ButtonOfRole(*dialog, QDialogButtonBox::AcceptRole)->isEnabled());
+        dialog->accept();
+        EXPECT_TRUE(dialog->isVisible());
+    }
     EXPECT_TRUE(std::filesystem::is_fifo(fifo));
 }
 
