@@ -9,6 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <random>
 
+namespace velto {
+
 using namespace clitest;
 using nlohmann::json;
 
@@ -323,3 +325,5 @@ TEST_F(CliTest, RtfTextAndRewriteReadTheNoteAsTheProgramDoes) {
         EXPECT_NE(Run({command, Dir()}).err.find("ist ein Ordner"), std::string::npos);
     }
 }
+
+} // namespace velto

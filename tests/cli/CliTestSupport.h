@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace clitest {
+namespace velto::clitest {
 
 namespace fs = std::filesystem;
 
@@ -38,4 +38,4 @@ protected:
     }
 };
 
-} // namespace clitest
+} // namespace velto::clitest

@@ -8,6 +8,8 @@
 #include <tuple>
 #include <unistd.h>
 
+namespace velto {
+
 using namespace doctest;
 
 namespace {
@@ -240,3 +242,5 @@ TEST_F(DocSaveTest, ViewsAreToldOnceAndNotAfterTheyLeft) {
 }
 
 } // namespace
+
+} // namespace velto

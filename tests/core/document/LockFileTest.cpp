@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <tuple>
 
+namespace velto {
+
 using namespace doctest;
 using namespace std::string_literals;
 
@@ -139,3 +141,5 @@ TEST_F(WholeFileTest, WriteWithoutProgressCountsAsFullDisk) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -10,6 +10,8 @@
 #include <cstring>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 using namespace filebytes;
 
 namespace {
@@ -455,3 +457,5 @@ TEST(ProjectFileEntries, AnHoursHeavyProjectKeepsEveryEntryThroughARoundTrip) {
 }
 
 } // namespace
+
+} // namespace velto

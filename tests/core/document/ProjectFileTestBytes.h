@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace filebytes {
+namespace velto::filebytes {
 
 struct Bytes {
     std::vector<uint8_t> data;
@@ -97,4 +97,4 @@ inline Bytes File(std::initializer_list<Bytes> nodes, uint32_t zoom = 20) {
     return b;
 }
 
-} // namespace filebytes
+} // namespace velto::filebytes

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+namespace velto {
+
 using namespace doctest;
 
 namespace {
@@ -73,3 +75,5 @@ TEST_F(ProjectStatesTest, AFileThatCannotBeOpenedIsListedAsDamaged) {
 }
 
 } // namespace
+
+} // namespace velto

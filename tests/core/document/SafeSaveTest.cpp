@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <sys/stat.h>
 
+namespace velto {
+
 using namespace doctest;
 using Outcome = SaveResult::Outcome;
 
@@ -147,3 +149,5 @@ TEST_F(SafeSaveTest, RepairPutsBackupsInOrderAndDropsOnlyASixth) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace velto {
+
 using namespace doctest;
 
 namespace {
@@ -220,3 +222,5 @@ TEST_F(SaveCrashTest, OfTwoEditorsSavingAtOnceExactlyOneWrites) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 using testsupport::TempDir;
 using testsupport::WriteFile;
 
@@ -51,3 +53,5 @@ TEST(AssigneeFile, SavedPresetsComeBackAndContentMeansAtLeastOneByte) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <optional>
 
+namespace velto {
+
 using testsupport::ReadFile;
 using testsupport::TempDir;
 using testsupport::WriteFile;
@@ -76,3 +78,5 @@ TEST(DataDir, EnsureCreatesTheMissingParents) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 using doctest::Op;
@@ -100,3 +102,5 @@ TEST(DataFilePaths, TheBackupReplacesTheExtensionOfTheFileNameOnly) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <tuple>
 
+namespace velto {
+
 using testsupport::ReadFile;
 using testsupport::TempDir;
 using testsupport::WriteFile;
@@ -136,3 +138,5 @@ TEST(HolidayFile, AFailedWriteLeavesTheOldFilesAlone) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 CHoliday Entry(int day, int month, int year, std::string name = "x") {
@@ -50,3 +52,5 @@ TEST(HolidayList, KeepsTheLatestDayFirstAndDaysInTheirListedOrder) {
 }
 
 } // namespace
+
+} // namespace velto

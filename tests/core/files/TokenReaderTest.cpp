@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 TEST(TokenReader, ANumberOrTokenThatRunsIntoTheEndSetsTheEndFlag) {
@@ -22,3 +24,5 @@ TEST(TokenReader, ANumberOrTokenThatRunsIntoTheEndSetsTheEndFlag) {
 }
 
 } // namespace
+
+} // namespace velto

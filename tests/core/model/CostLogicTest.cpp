@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 const CTime kNow = CalendarDay{2024, 5, 6}.At(10, 30, 0);
@@ -120,3 +122,5 @@ TEST(CostRemove, TheFirstMatchingEntryAfterTheAutomaticOneGoes) {
 }
 
 } // namespace
+
+} // namespace velto

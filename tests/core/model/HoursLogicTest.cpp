@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace velto {
+
 namespace {
 
 const CalendarDay kMay5{2024, 5, 5}; // a Sunday
@@ -141,3 +143,5 @@ TEST(History, ChoicesSkipEmptyTextsAndASingleBlank) {
 }
 
 } // namespace
+
+} // namespace velto

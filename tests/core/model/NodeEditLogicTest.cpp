@@ -7,6 +7,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 TEST(Steps, QuarterStepsGoToTheNextMark) {
@@ -180,3 +182,5 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsAllThreeListsAndStampsTheChange)
 }
 
 } // namespace
+
+} // namespace velto

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -57,3 +59,5 @@ TEST(Responsible, ANewPersonIsStoredWithTheGuillemetSeparator) {
 }
 
 } // namespace
+
+} // namespace velto

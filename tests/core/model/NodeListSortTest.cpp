@@ -9,6 +9,8 @@
 #include <random>
 #include <vector>
 
+namespace velto {
+
 namespace {
 
 uint32_t Key(const CProjectNode* node, bool byDue) {
@@ -160,3 +162,5 @@ TEST(NodeListSort, MatchesTheStepByStepSortOnRandomOutlinesSoundAndMalformed) {
 }
 
 } // namespace
+
+} // namespace velto

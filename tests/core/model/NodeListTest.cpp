@@ -8,6 +8,8 @@
 #include <climits>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 const std::string kNote = "{\\rtf1 default}";
@@ -329,3 +331,5 @@ TEST(NodeListQuery, WithoutASelectionNothingIsCreatedOrDeleted) {
 }
 
 } // namespace
+
+} // namespace velto

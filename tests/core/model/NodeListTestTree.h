@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 struct NodeSpec {
     int level;
     std::string title;
@@ -88,3 +90,5 @@ inline ::testing::AssertionResult LinksAreSound(const CProjectNode* first) {
     }
     return ::testing::AssertionSuccess();
 }
+
+} // namespace velto

@@ -1,6 +1,8 @@
 #include "outline/ChartCalendar.h"
 #include "core/outline/OutlineTestSupport.h"
 
+namespace velto {
+
 using namespace chartcal;
 using charttest::Holiday;
 
@@ -47,3 +49,5 @@ TEST(ChartCalendar, YearlyHolidaysRecurDatedOnesDoNotAndDamagedOnesAreIgnored) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -1,6 +1,8 @@
 #include "outline/ChartEdits.h"
 #include "core/outline/OutlineTestSupport.h"
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -76,3 +78,5 @@ TEST_F(ChartEditsTest, CopiesAreDeepAndCarryNoRunningClock) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -1,6 +1,8 @@
 #include "outline/ChartRows.h"
 #include "core/outline/OutlineTestSupport.h"
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -68,3 +70,5 @@ TEST(ChartRows, DamagedLevelsNeitherCrashNorMiscount) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 using rtf::LinkRange;
 
 TEST(DefaultNote, TemplateCarriesTheFaceName) {
@@ -95,3 +97,5 @@ TEST(PlainTextCache, ParsesEachNoteOnceAndStaysBounded) {
     cache.Clear();
     EXPECT_EQ(cache.Size(), 0u);
 }
+
+} // namespace velto

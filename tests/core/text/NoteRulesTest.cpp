@@ -7,6 +7,8 @@
 
 #include <limits>
 
+namespace velto {
+
 using rtf::LinkKind;
 
 TEST(NoteSize, StepsInWholePointsWithoutBounds) {
@@ -101,3 +103,5 @@ TEST(NoteLinkTarget, LocalPathOfAFileUrl) {
     EXPECT_EQ(rtf::LocalPathOf("file://server/share/a%zz"), "//server/share/a%zz");
     EXPECT_EQ(rtf::LocalPathOf("Anhang\\Plan%41.txt"), "Anhang\\Plan%41.txt") << "a path stays as written";
 }
+
+} // namespace velto

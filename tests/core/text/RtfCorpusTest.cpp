@@ -14,6 +14,8 @@
 #include <set>
 #include <sstream>
 
+namespace velto {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -163,3 +165,5 @@ TEST(RtfCorpus, PlainTextAgreesWithAnotherWordProcessor) {
     ASSERT_GT(richEdit, 0);
     EXPECT_GE(othersAgreeing * 10, others * 9);
 }
+
+} // namespace velto

@@ -6,6 +6,8 @@
 #include <climits>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 using rtf::Alignment;
 using rtf::ParagraphBreak;
 using rtf::PlainText;
@@ -341,3 +343,5 @@ TEST(RtfReaderPlainText, EqualsTheJoinedParagraphs) {
         EXPECT_EQ(PlainText(rtf), rtftest::Joined(ReadRtf(rtf))) << rtf;
     }
 }
+
+} // namespace velto

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace velto {
+
 using rtf::Alignment;
 using rtf::CharFormat;
 using rtf::Document;
@@ -176,3 +178,5 @@ TEST(RtfWriterRoundTrip, WhatTheReaderReadsFromRichEditOutput) {
               (std::vector<std::string>{"Siehe [C:\\a.doc], fett und ä€.", "Punkt"}));
     EXPECT_EQ(ReadRtf(WriteRtf(document)), document);
 }
+
+} // namespace velto

@@ -14,6 +14,8 @@
 
 #include <set>
 
+namespace velto {
+
 namespace {
 // A target that knows a fixed set of commands and records what it ran.
 class RecordingTarget : public CommandTarget {
@@ -205,3 +207,5 @@ TEST_F(ShellRouting, TheStatusPaneShowsTheNodeInfoOfTheActiveProject) {
     frame.OnIdle();
     EXPECT_TRUE(frame.StatusPane().text().startsWith("Erstellt: "));
 }
+
+} // namespace velto

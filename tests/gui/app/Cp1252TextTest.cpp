@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 TEST(Cp1252Text, EveryByteSurvivesTheRoundTrip) {
     std::string all;
     for (int byte = 0; byte < 256; ++byte)
@@ -20,3 +22,5 @@ TEST(Cp1252Text, CharactersWithoutAByteAreRefusedOrReplaced) {
     EXPECT_EQ(ToCp1252Lossy(QString::fromUtf8("x😀y")), "x?y");
     EXPECT_EQ(ToCp1252Lossy(QString(QChar(0xD800))), "?"); // a lone surrogate
 }
+
+} // namespace velto

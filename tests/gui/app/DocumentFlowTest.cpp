@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QTextEdit>
 
+namespace velto {
+
 namespace {
 QByteArray Contents(const QString& path) {
     QFile file(path);
@@ -162,3 +164,5 @@ TEST_F(DocumentFlow, SavingTakesTheNoteThatIsStillBeingTyped) {
     child->close();
     EXPECT_TRUE(Contents(path).contains("Noch nicht gespeichert"));
 }
+
+} // namespace velto

@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <set>
 
+namespace velto {
+
 namespace {
 std::set<int> MenuIds(const QMenu* menu) {
     std::set<int> ids;
@@ -254,3 +256,5 @@ TEST_F(MainFrame, ConverterAndManualAreLookedForBesideTheProgram) {
     EXPECT_EQ(desktop.opened, QStringList({program.filePath("Velto.pdf")}));
     EXPECT_EQ(desktop.prompter.asked().size(), 2u);
 }
+
+} // namespace velto

@@ -5,6 +5,8 @@
 
 #include <climits>
 
+namespace velto {
+
 TEST(MainFramePlacement, TheStoredRectangleIsUsedWhenItLiesOnTheVirtualScreen) {
     const QRect screen(-1920, 0, 3840, 1080); // a second monitor left of the first
     EXPECT_EQ(MainFramePlacement(StoredRect{-1900, 10, -1000, 700}, screen), QRect(-1900, 10, 900, 690));
@@ -64,3 +66,5 @@ TEST(StoredRect, RightAndBottomAreOnePastTheLastPixel) {
     EXPECT_EQ(ToStoredRect(rect), (StoredRect{5, 6, 105, 56}));
     EXPECT_EQ(FromStoredRect(ToStoredRect(rect)), rect);
 }
+
+} // namespace velto

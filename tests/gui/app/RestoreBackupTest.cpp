@@ -11,6 +11,8 @@
 #include <QTextEdit>
 #include <QTreeWidget>
 
+namespace velto {
+
 using RestoreBackup = ShellTest;
 
 TEST_F(RestoreBackup, OpensOneBackupReadOnlyAndRestoresAnother) {
@@ -73,3 +75,5 @@ TEST_F(RestoreBackup, IsOfferedOnlyForAProjectWithAFile) {
     frame.Documents().OpenDocumentFile(path);
     EXPECT_TRUE(frame.Router().Query(cmd::FileRestoreBackup).enabled);
 }
+
+} // namespace velto

@@ -28,6 +28,8 @@
 #include <ostream>
 #include <vector>
 
+namespace velto {
+
 // Readable QStrings in failure messages.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
@@ -180,3 +182,5 @@ protected:
     std::unique_ptr<RecentFileList> recent; // made once the settings folder is set
     std::vector<std::unique_ptr<CMainFrame>> m_frames;
 };
+
+} // namespace velto

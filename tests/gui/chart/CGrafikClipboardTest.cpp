@@ -5,6 +5,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -75,3 +77,5 @@ TEST_F(CGrafikClipboard, TheFirstNodeCannotBeCutAndPasteDefersToAFocusedNotePane
 }
 
 } // namespace
+
+} // namespace velto

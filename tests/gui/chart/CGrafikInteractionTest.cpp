@@ -3,6 +3,8 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -177,3 +179,5 @@ TEST_F(CGrafikInteraction, HoldingANodeAboveOrBelowTheRowsScrolls) {
 }
 
 } // namespace
+
+} // namespace velto

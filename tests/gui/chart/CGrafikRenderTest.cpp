@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -196,3 +198,5 @@ TEST(CGrafikEmpty, ADocumentWithoutNodesIsReportedAndNothingIsDrawn) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 // 800 x 400 at zoom 20: vertical divider at 300, horizontal divider at 300 (note area 100 high),
@@ -88,3 +90,5 @@ TEST(ChartLayout, BarsCoverWholeDayColumnsInsetFromTheRowEdges) {
 }
 
 } // namespace
+
+} // namespace velto

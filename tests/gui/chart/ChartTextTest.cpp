@@ -1,6 +1,8 @@
 #include "chart/ChartText.h"
 #include "ChartTestSupport.h"
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -21,3 +23,5 @@ TEST(ChartText, RowTextCarriesTheDatePrefixAndTheResponsibleShortCode) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -18,6 +18,8 @@
 #include <QTimeEdit>
 #include <sys/stat.h>
 
+namespace velto {
+
 namespace {
 
 struct ClockOutFixture : ::testing::Test {
@@ -136,3 +138,5 @@ TEST(Presets, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
 }
 
 } // namespace
+
+} // namespace velto

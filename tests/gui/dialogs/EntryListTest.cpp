@@ -14,6 +14,8 @@
 #include <QTimeEdit>
 #include <QTreeWidget>
 
+namespace velto {
+
 namespace {
 
 struct EntryList : NodeDialogFixture {
@@ -135,3 +137,5 @@ TEST_F(EntryList, TheAutomaticEntryCannotBeTakenBackButOthersCan) {
 }
 
 } // namespace
+
+} // namespace velto

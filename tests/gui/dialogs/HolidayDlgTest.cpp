@@ -15,6 +15,8 @@
 #include <QTreeWidget>
 #include <sys/stat.h>
 
+namespace velto {
+
 namespace {
 
 // What the list shows in one column, top to bottom.
@@ -140,3 +142,5 @@ TEST_F(HolidayDlgTest, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -20,6 +20,8 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
+namespace velto {
+
 namespace {
 
 using NodeDialog = NodeDialogFixture;
@@ -239,3 +241,5 @@ TEST_F(NodeDialog, TabFollowsTheLayoutAndEnterInTheInputRowAddsTheEntry) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -16,6 +16,8 @@
 #include <QRadioButton>
 #include <QSpinBox>
 
+namespace velto {
+
 namespace {
 
 using SettingsDlg = ShellTest;
@@ -195,3 +197,5 @@ TEST_F(SettingsDlg, TheMenuCommandsOpenTheDialogsWithAndWithoutAProject) {
 }
 
 } // namespace
+
+} // namespace velto

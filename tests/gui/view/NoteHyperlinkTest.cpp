@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+namespace velto {
+
 using namespace notetest;
 
 namespace {
@@ -208,3 +210,5 @@ TEST(HyperlinkDialog, TargetTypedOrPickedAndOkOnlyWithATarget) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 
+namespace velto {
+
 using namespace notetest;
 
 namespace {
@@ -243,3 +245,5 @@ TEST_F(NotePane, ContextMenuShowsAndTogglesTheEffectsOfTheSelection) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -16,6 +16,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+namespace velto {
+
 namespace {
 
 rtf::CharFormat Format(std::string face, int halfPoints) {
@@ -125,3 +127,5 @@ TEST(NoteRichText, CorpusNotesSurviveThePane) {
 }
 
 } // namespace
+
+} // namespace velto

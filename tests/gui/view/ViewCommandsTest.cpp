@@ -18,6 +18,8 @@
 #include <QTimeEdit>
 #include <QTimer>
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -364,3 +366,5 @@ TEST_F(ViewCommands, TheNoteCommandsAreThePanesWhileAProjectIsOpen) {
 }
 
 } // namespace
+
+} // namespace velto
