@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <string_view>
 
+using namespace velto;
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const auto presets = ParseAssignees(std::string_view(reinterpret_cast<const char*>(data), size));
     // One byte and one separator at the least per preset.

@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <string_view>
 
+using namespace velto;
+
 namespace {
 
 bool Same(const CHoliday& a, const CHoliday& b) {

@@ -9,6 +9,8 @@
 #include <cstring>
 #include <span>
 
+using namespace velto;
+
 namespace {
 
 ReadResult ReadStreamed(std::span<const uint8_t> bytes, ProjectContent& content) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+using namespace velto;
+
 namespace {
 
 std::string Joined(const rtf::Document& document) {

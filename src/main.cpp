@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+using namespace velto;
+
 namespace {
 QStringList RawArguments(int argc, char** argv) {
     QStringList args;

@@ -6,6 +6,8 @@
 #include <random>
 #include <string>
 
+namespace velto {
+
 namespace {
 
 constexpr int kNodes = 100000;
@@ -96,3 +98,5 @@ void BM_RefreshUndoCopy(benchmark::State& state) {
 BENCHMARK(BM_RefreshUndoCopy)->Unit(benchmark::kMillisecond);
 
 } // namespace
+
+} // namespace velto

@@ -22,6 +22,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace velto {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -391,3 +393,5 @@ struct FreshProcessChild {
 } const kFreshProcessChild;
 
 } // namespace
+
+} // namespace velto

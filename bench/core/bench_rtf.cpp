@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -147,3 +149,5 @@ BENCHMARK(BM_RtfParse_GeneratedNote1MB)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfWrite_GeneratedNote1MB)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfSearchPass100kNotes_Parse)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfSearchPass100kNotes_Cached)->Unit(benchmark::kMillisecond);
+
+} // namespace velto

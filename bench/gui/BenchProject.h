@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace bench {
+namespace velto::bench {
 
 class SilentPrompter : public Prompter {
 public:
@@ -66,4 +66,4 @@ inline CProjectNode* BuildProject(int count, bool withContent = false) {
     return root;
 }
 
-} // namespace bench
+} // namespace velto::bench

@@ -6,6 +6,8 @@
 
 #include <benchmark/benchmark.h>
 
+namespace velto {
+
 namespace {
 
 using bench::BuildProject;
@@ -57,3 +59,5 @@ void BM_RedrawAfterDocumentChange(benchmark::State& state) {
 BENCHMARK(BM_RedrawAfterDocumentChange)->Arg(100)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 } // namespace
+
+} // namespace velto

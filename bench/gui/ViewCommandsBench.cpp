@@ -13,6 +13,8 @@
 
 #include <memory>
 
+namespace velto {
+
 namespace {
 
 constexpr int kNodes = 100000;
@@ -106,3 +108,5 @@ void BM_UndoCopy(benchmark::State& state) {
 BENCHMARK(BM_UndoCopy)->Unit(benchmark::kMillisecond);
 
 } // namespace
+
+} // namespace velto

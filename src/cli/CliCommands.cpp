@@ -7,6 +7,8 @@
 
 #include <string_view>
 
+namespace velto {
+
 namespace {
 
 using OneFile = int (*)(const std::string& path, std::ostream& out, std::ostream& err);
@@ -64,3 +66,5 @@ int RunCommandLine(const std::vector<std::string>& words, std::ostream& out, std
     err << "velto-cli: falscher Aufruf\n" << kUsage;
     return kExitUsage;
 }
+
+} // namespace velto

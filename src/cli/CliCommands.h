@@ -5,4 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 int RunCommandLine(const std::vector<std::string>& words, std::ostream& out, std::ostream& err);
+
+} // namespace velto

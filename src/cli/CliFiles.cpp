@@ -4,6 +4,8 @@
 #include "io/FileRead.h"
 #include "io/SafeWrite.h"
 
+namespace velto {
+
 namespace {
 
 PosixFileSystem files; // holds no state: one serves every command
@@ -32,3 +34,5 @@ bool WriteOutput(const std::string& path, const ContentProducer& produce, std::s
         error = "Die Datei \"" + path + "\" kann nicht geschrieben werden: " + FileErrorReason(saved) + ".";
     return saved == 0;
 }
+
+} // namespace velto

@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace velto {
+
 // The whole input file.
 bool ReadInput(const std::string& path, std::string& bytes, std::string& error);
 // The project at path, read as the program opens it; false only when it cannot be opened; errors
@@ -16,3 +18,5 @@ bool ReadProjectInput(const std::string& path, ProjectContent& content, ReadResu
                       std::string& error);
 // Writes the file at path with the bytes produce hands over.
 bool WriteOutput(const std::string& path, const ContentProducer& produce, std::string& error);
+
+} // namespace velto

@@ -1,4 +1,7 @@
 #pragma once
+
+namespace velto {
+
 // The exit statuses of velto-cli.
 
 inline constexpr int kExitOk = 0;
@@ -7,3 +10,5 @@ inline constexpr int kExitUsage = 1;
 inline constexpr int kExitFileError = 2;
 // The project opened as the one-node replacement document ("Falsches Dateiformat!").
 inline constexpr int kExitWrongFormat = 3;
+
+} // namespace velto

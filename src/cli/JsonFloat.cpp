@@ -8,7 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
-namespace jsonfloat {
+namespace velto::jsonfloat {
 namespace {
 
 constexpr uint32_t kDefaultNaN = 0x7FC00000;
@@ -104,4 +104,4 @@ ParseError Parse(const nlohmann::json& value, float& out) {
     return ParseError::None;
 }
 
-} // namespace jsonfloat
+} // namespace velto::jsonfloat

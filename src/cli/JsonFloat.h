@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace jsonfloat {
+namespace velto::jsonfloat {
 
 // The JSON text of the value: a number, or a quoted string for NaN and the infinities.
 std::string Format(float value);
@@ -19,4 +19,4 @@ enum class ParseError { None, NotAFloat, OutOfRange };
 // would round to zero) is OutOfRange; a value of another kind or another string is NotAFloat.
 ParseError Parse(const nlohmann::json& value, float& out);
 
-} // namespace jsonfloat
+} // namespace velto::jsonfloat

@@ -1,5 +1,7 @@
 #include "JsonWriter.h"
 
+namespace velto {
+
 void JsonWriter::Key(std::string_view name) {
     String(name);
     m_out += ": ";
@@ -80,3 +82,5 @@ void JsonWriter::NewLine() {
     m_out += '\n';
     m_out.append(2 * m_levels.size(), ' ');
 }
+
+} // namespace velto

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace velto {
+
 class JsonWriter {
 public:
     void BeginObject(bool oneLine = false) { Open('{', oneLine); }
@@ -34,3 +36,5 @@ private:
     std::vector<Level> m_levels;
     bool m_afterKey = false;
 };
+
+} // namespace velto

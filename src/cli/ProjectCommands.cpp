@@ -9,6 +9,8 @@
 #include <array>
 #include <ostream>
 
+namespace velto {
+
 namespace {
 
 // Reads a project as the program opens it and tells err what went wrong. Returns kExitOk,
@@ -138,3 +140,5 @@ int RunResave(const std::string& inPath, const std::string& outPath, std::ostrea
     const int saved = Save(content, outPath, err);
     return saved == kExitOk ? status : saved;
 }
+
+} // namespace velto

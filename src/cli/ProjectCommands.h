@@ -3,7 +3,11 @@
 #include <iosfwd>
 #include <string>
 
+namespace velto {
+
 int RunInfo(const std::string& path, std::ostream& out, std::ostream& err);
 int RunDump(const std::string& path, std::ostream& out, std::ostream& err);
 int RunBuild(const std::string& jsonPath, const std::string& outPath, std::ostream& out, std::ostream& err);
 int RunResave(const std::string& inPath, const std::string& outPath, std::ostream& out, std::ostream& err);
+
+} // namespace velto

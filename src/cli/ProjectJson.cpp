@@ -9,6 +9,8 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+namespace velto {
+
 using nlohmann::json;
 
 namespace {
@@ -343,3 +345,5 @@ bool ProjectFromJson(std::string_view text, ProjectContent& content, std::string
     content = std::move(built);
     return true;
 }
+
+} // namespace velto

@@ -6,9 +6,13 @@
 #include <string>
 #include <string_view>
 
+namespace velto {
+
 std::string ProjectToJson(const ProjectContent& content);
 
 // Fills content from JSON text. False, with a message naming the field (as a path such as
 // nodes[2].hours[0].remark), when a field is missing or unknown, of the wrong kind, out of range,
 // or a text that Windows-1252 cannot hold.
 bool ProjectFromJson(std::string_view text, ProjectContent& content, std::string& error);
+
+} // namespace velto

@@ -5,6 +5,8 @@
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
+namespace velto {
+
 namespace {
 
 template <typename Transform>
@@ -29,3 +31,5 @@ int RunRtfRewrite(const std::string& path, std::ostream& out, std::ostream& err)
     return PrintTransformed(path, out, err,
                             [](const std::string& rtf) { return rtf::WriteRtf(rtf::ReadRtf(rtf)); });
 }
+
+} // namespace velto

@@ -3,5 +3,9 @@
 #include <ostream>
 #include <string>
 
+namespace velto {
+
 int RunRtfText(const std::string& path, std::ostream& out, std::ostream& err);
 int RunRtfRewrite(const std::string& path, std::ostream& out, std::ostream& err);
+
+} // namespace velto

@@ -5,5 +5,5 @@
 #include <iostream>
 
 int main(int argc, char** argv) {
-    return RunCommandLine({argv + 1, argv + argc}, std::cout, std::cerr);
+    return velto::RunCommandLine({argv + 1, argv + argc}, std::cout, std::cerr);
 }

@@ -12,6 +12,8 @@
 #include <random>
 #include <sstream>
 
+namespace velto {
+
 namespace fs = std::filesystem;
 using nlohmann::json;
 using testsupport::ReadFile;
@@ -273,3 +275,5 @@ TEST_F(CliTest, RtfTextAndRewriteReadTheNoteAsTheProgramDoes) {
 }
 
 } // namespace
+
+} // namespace velto

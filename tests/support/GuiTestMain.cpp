@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    testenv::Pin();
+    velto::testenv::Pin();
     QApplication app(argc, argv);
     tzset();
     ::testing::InitGoogleTest(&argc, argv);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 class ScriptedPrompter : public Prompter {
 public:
     struct Asked {
@@ -47,3 +49,5 @@ private:
     std::deque<PromptAnswer> m_script;
     std::vector<Asked> m_asked;
 };
+
+} // namespace velto

@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-namespace testsupport {
+namespace velto::testsupport {
 
 class TempDir {
 public:
@@ -70,4 +70,4 @@ private:
     TempDir m_temp;
 };
 
-} // namespace testsupport
+} // namespace velto::testsupport

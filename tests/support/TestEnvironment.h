@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-namespace testenv {
+namespace velto::testenv {
 
 inline void Pin() {
     setenv("TZ", "Europe/Berlin", 1);
@@ -24,4 +24,4 @@ inline std::string SharedDir() {
 }
 #endif
 
-} // namespace testenv
+} // namespace velto::testenv

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    testenv::Pin();
+    velto::testenv::Pin();
     std::setlocale(LC_ALL, "");
     tzset();
     ::testing::InitGoogleTest(&argc, argv);

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace velto {
+
 enum class PromptButtons { Ok, YesNo, YesNoCancel };
 enum class PromptAnswer { Ok, Yes, No, Cancel };
 enum class PromptIcon { None, Information, Question, Warning, Error };
@@ -25,3 +27,5 @@ public:
 
     static constexpr std::string_view kCaption = "Velto";
 };
+
+} // namespace velto

@@ -13,6 +13,8 @@
 #include <cerrno>
 #include <utility>
 
+namespace velto {
+
 namespace {
 
 // A lock file that vanishes and reappears between the check and the creation is asked about again,
@@ -387,3 +389,5 @@ std::string CVeltoDoc::DefaultNote() const {
 void CVeltoDoc::TellError(const std::string& text) {
     m_prompter.Tell(text, Prompter::kCaption, PromptIcon::Warning);
 }
+
+} // namespace velto

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 class Prompter;
 class FileSystem;
 class CVeltoDoc;
@@ -124,3 +126,5 @@ private:
     std::vector<DocObserver*> m_observers;
     std::function<void(CProjectNode&)> m_clockOut;
 };
+
+} // namespace velto

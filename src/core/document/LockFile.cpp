@@ -11,6 +11,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace velto {
+
 namespace {
 
 constexpr size_t kLockRecordSize = 256;
@@ -180,3 +182,5 @@ void ProjectLock::Release() {
     m_fd = -1;
     m_path.clear();
 }
+
+} // namespace velto

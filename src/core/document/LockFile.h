@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <string>
 
+namespace velto {
+
 // The project path up to its extension: the stem every file beside the project is named after.
 std::string ProjectBaseName(const std::string& projectPath);
 // Base name + ".~~~".
@@ -75,3 +77,5 @@ private:
     int m_fd = -1;
     std::string m_path;
 };
+
+} // namespace velto

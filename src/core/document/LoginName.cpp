@@ -5,6 +5,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace velto {
+
 namespace {
 
 std::string FromUserDatabase() {
@@ -30,3 +32,5 @@ std::string CurrentLoginName() {
             return name;
     return {};
 }
+
+} // namespace velto

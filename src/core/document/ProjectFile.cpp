@@ -10,6 +10,8 @@
 #include <cstring>
 #include <utility>
 
+namespace velto {
+
 namespace {
 
 // Smallest encoded sizes of the repeated records; a count that the bytes left cannot hold is
@@ -639,3 +641,5 @@ bool WriteProject(const ProjectViewValues& view, const std::array<std::string, 1
 std::vector<uint8_t> WriteProject(const ProjectContent& content) {
     return WriteProject(content.view, content.assigneeHistory, content.remarkHistory, content.firstNode);
 }
+
+} // namespace velto

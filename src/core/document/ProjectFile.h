@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 // The view's layout values stored at the head of the file.
 struct ProjectViewValues {
     int32_t chartWidth1 = 200;
@@ -85,3 +87,5 @@ using ProjectSink = std::function<bool(std::span<const uint8_t> piece)>;
 bool WriteProject(const ProjectViewValues& view, const std::array<std::string, 10>& assigneeHistory,
                   const std::array<std::string, 10>& remarkHistory, const CProjectNode* firstNode,
                   const ProjectSink& sink);
+
+} // namespace velto

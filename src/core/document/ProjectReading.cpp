@@ -2,6 +2,8 @@
 
 #include <fcntl.h>
 
+namespace velto {
+
 int ReadProjectFile(FileSystem& fs, const std::string& path, ProjectContent& content, ReadResult& result) {
     const int fd = fs.Open(path, O_RDONLY);
     if (fd < 0)
@@ -20,3 +22,5 @@ bool HoldsWholeProject(FileSystem& fs, const std::string& path) {
     ReadResult result;
     return ReadProjectFile(fs, path, content, result) == 0 && result.status != ReadStatus::Error;
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 namespace {
 
 std::string CannotOpen(const std::string& path, int error) {
@@ -65,3 +67,5 @@ std::vector<ProjectState> ListProjectStates(FileSystem& fs, const std::string& p
               });
     return states;
 }
+
+} // namespace velto

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 struct ProjectState {
     std::string path;
     // "BK0" … "BK4", or kInterruptedSaveLabel for a temporary file of a save that never finished.
@@ -27,3 +29,5 @@ inline constexpr const char* kInterruptedSaveLabel = "Abgebrochene Speicherung";
 // The backups from the newest (".BK0") to the oldest, then the interrupted saves from the newest.
 // Missing backups are left out. Each file is read whole, one at a time, and let go before the next.
 std::vector<ProjectState> ListProjectStates(FileSystem& fs, const std::string& projectPath);
+
+} // namespace velto

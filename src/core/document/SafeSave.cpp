@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <fcntl.h>
 
+namespace velto {
+
 namespace {
 
 constexpr int kNameAttempts = 100;
@@ -201,3 +203,5 @@ std::vector<std::string> RepairInterruptedSave(FileSystem& fs, const std::string
     }
     return newer;
 }
+
+} // namespace velto

@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 struct SaveResult {
     enum class Outcome {
         Saved,
@@ -39,3 +41,5 @@ std::string SaveFailureMessage(const SaveResult& result, const std::string& proj
 // than the project file: states the user saved but that never took the project's place. Only the
 // holder of the project's lock may call this.
 std::vector<std::string> RepairInterruptedSave(FileSystem& fs, const std::string& projectPath);
+
+} // namespace velto

@@ -2,6 +2,8 @@
 
 #include "files/TokenReader.h"
 
+namespace velto {
+
 std::vector<std::string> ParseAssignees(std::string_view bytes) {
     std::vector<std::string> presets;
     TokenReader in(bytes);
@@ -27,3 +29,5 @@ AssigneeFileContent ReadAssigneeFile(const std::string& path, FileSystem& fs) {
 SaveOutcome SaveAssignees(const std::string& path, const std::vector<std::string>& presets, FileSystem& fs) {
     return SaveDataFile(fs, path, FormatAssignees(presets));
 }
+
+} // namespace velto

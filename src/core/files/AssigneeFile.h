@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace velto {
+
 std::vector<std::string> ParseAssignees(std::string_view bytes);
 // An empty preset is written as a bare carriage return and so does not come back.
 std::string FormatAssignees(const std::vector<std::string>& presets);
@@ -25,3 +27,5 @@ AssigneeFileContent ReadAssigneeFile(const std::string& path, FileSystem& fs = R
 // Writes the file; the previous one becomes "Bearbeiter.bak".
 SaveOutcome SaveAssignees(const std::string& path, const std::vector<std::string>& presets,
                           FileSystem& fs = RealFileSystem());
+
+} // namespace velto

@@ -2,6 +2,9 @@
 
 #include <cstdlib>
 #include <filesystem>
+
+namespace velto {
+
 #if __has_include(<pwd.h>)
 #include <pwd.h>
 #include <unistd.h>
@@ -55,3 +58,5 @@ std::string HolidayFilePath() {
 std::string AssigneeFilePath() {
     return DataDirectory() + "/Bearbeiter.dat";
 }
+
+} // namespace velto

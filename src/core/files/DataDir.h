@@ -3,8 +3,12 @@
 // application data directory ($XDG_DATA_HOME/kolvarin/Velto5, by default ~/.local/share/kolvarin/Velto5).
 #include <string>
 
+namespace velto {
+
 std::string DataDirectory();
 // Creates the directory (and its parents) when missing; false when that fails.
 bool EnsureDataDirectory();
 std::string HolidayFilePath();  // DataDirectory() + "/Feiertage.dat"
 std::string AssigneeFilePath(); // DataDirectory() + "/Bearbeiter.dat"
+
+} // namespace velto

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 
+namespace velto {
+
 FileSystem& RealFileSystem() {
     static PosixFileSystem fs;
     return fs;
@@ -43,3 +45,5 @@ std::string CannotReadDataFileMessage(const std::string& path, int error) {
 std::string CannotSaveDataFileMessage(const std::string& path, int error) {
     return "Die Datei \"" + path + "\" kann nicht geschrieben werden (" + FileErrorReason(error) + ").";
 }
+
+} // namespace velto

@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace velto {
+
 // The real file system, for callers that inject no other.
 FileSystem& RealFileSystem();
 
@@ -33,3 +35,5 @@ std::string BackupPathOf(const std::string& path);
 // What the editing dialogs say, naming the file and the reason.
 std::string CannotReadDataFileMessage(const std::string& path, int error);
 std::string CannotSaveDataFileMessage(const std::string& path, int error);
+
+} // namespace velto

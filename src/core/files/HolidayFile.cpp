@@ -2,6 +2,8 @@
 
 #include "files/TokenReader.h"
 
+namespace velto {
+
 namespace {
 
 std::optional<CHoliday> ReadEntry(TokenReader& in) {
@@ -67,3 +69,5 @@ std::vector<CHoliday> LoadHolidays(const std::string& path) {
 SaveOutcome SaveHolidays(const std::string& path, const std::vector<CHoliday>& entries, FileSystem& fs) {
     return SaveDataFile(fs, path, FormatHolidays(entries));
 }
+
+} // namespace velto

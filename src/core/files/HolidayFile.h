@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace velto {
+
 // Light green (red 220, green 255, blue 220): the colour a new entry starts with.
 inline constexpr int kDefaultHolidayColor = 0xDCFFDC;
 
@@ -38,3 +40,5 @@ std::vector<CHoliday> LoadHolidays(const std::string& path);
 // Writes the file; the previous one becomes "Feiertage.bak".
 SaveOutcome SaveHolidays(const std::string& path, const std::vector<CHoliday>& entries,
                          FileSystem& fs = RealFileSystem());
+
+} // namespace velto

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
+namespace velto {
+
 namespace {
 
 // printf's "%<width>d" with the padding blanks turned into zeros, as the list has always shown
@@ -45,3 +47,5 @@ CHoliday HolidayList::Take(std::size_t index) {
     m_entries.erase(m_entries.begin() + std::ptrdiff_t(index));
     return entry;
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 // One list row, column by column; the sort key and the colour are hidden columns.
 struct HolidayRow {
     std::string sortKey; // year/month/day zero-padded as "%4d/%2d/%2d": "2024/01/05"
@@ -36,3 +38,5 @@ public:
 private:
     std::vector<CHoliday> m_entries;
 };
+
+} // namespace velto

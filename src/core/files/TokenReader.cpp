@@ -3,6 +3,8 @@
 #include <climits>
 #include <cstdint>
 
+namespace velto {
+
 namespace {
 
 bool IsSpace(char c) {
@@ -89,3 +91,5 @@ std::string DecodeBlanks(std::string_view token) {
     }
     return out;
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace velto {
+
 class TokenReader {
 public:
     explicit TokenReader(std::string_view bytes) : m_bytes(bytes) {}
@@ -41,3 +43,5 @@ inline constexpr std::string_view kBlankMarker = "#~*";
 std::string EncodeBlanks(std::string_view text);
 // The marker back to blanks, left to right.
 std::string DecodeBlanks(std::string_view token);
+
+} // namespace velto

@@ -4,6 +4,8 @@
 #include <fcntl.h>
 #include <vector>
 
+namespace velto {
+
 int ReadWholeFile(FileSystem& fs, const std::string& path, std::string& bytes) {
     const std::string target = ResolveFileLink(path);
     std::vector<uint8_t> read;
@@ -28,3 +30,5 @@ int NameFolder(FileSystem& fs, const std::string& path, int error) {
 std::string CannotReadMessage(const std::string& path, int error) {
     return "Die Datei \"" + path + "\" kann nicht gelesen werden: " + FileErrorReason(error) + ".";
 }
+
+} // namespace velto

@@ -5,6 +5,8 @@
 
 #include <string>
 
+namespace velto {
+
 // The bytes of the file at path; 0 or -errno. A folder gives -EISDIR, which tells the user more
 // than kNotRegularFile.
 int ReadWholeFile(FileSystem& fs, const std::string& path, std::string& bytes);
@@ -12,3 +14,5 @@ int ReadWholeFile(FileSystem& fs, const std::string& path, std::string& bytes);
 int NameFolder(FileSystem& fs, const std::string& path, int error);
 // "Die Datei "<path>" kann nicht gelesen werden: <reason>."
 std::string CannotReadMessage(const std::string& path, int error);
+
+} // namespace velto

@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace velto {
+
 namespace {
 
 // The system calls report failure as -1 with errno; interrupted calls are simply repeated.
@@ -292,3 +294,5 @@ std::string FileErrorReason(int error) {
 bool IsDiskFull(int error) {
     return error == -ENOSPC || error == -EDQUOT;
 }
+
+} // namespace velto

@@ -14,6 +14,8 @@
 #include <sys/types.h>
 #include <vector>
 
+namespace velto {
+
 // The error Open reports for a FIFO, a device or a socket.
 inline constexpr int kNotRegularFile = -EMEDIUMTYPE;
 
@@ -130,3 +132,5 @@ std::string ResolveFileLink(const std::string& path);
 std::string FileErrorReason(int error);
 // A full disk or an exhausted quota.
 bool IsDiskFull(int error);
+
+} // namespace velto

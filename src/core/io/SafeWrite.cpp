@@ -6,6 +6,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace velto {
+
 namespace {
 
 // A crashed save may have left a temporary file behind; it is never overwritten, the next free
@@ -146,3 +148,5 @@ int SaveFile(FileSystem& fs, const std::string& path, const ContentProducer& pro
         fs.Remove(temp);
     return replaced;
 }
+
+} // namespace velto

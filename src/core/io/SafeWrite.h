@@ -7,6 +7,8 @@
 
 #include <string>
 
+namespace velto {
+
 // The name of this process's n-th temporary file for target: target + ".~" + host + "-" + pid +
 // "-" + n + ".tmp". Killed saves leave such files; TemporaryFilesOf finds them.
 std::string TemporaryFilePath(const std::string& target, int n);
@@ -31,3 +33,5 @@ int SaveFileWithBackup(FileSystem& fs, const std::string& path, const std::strin
                        const ContentProducer& produce);
 // A file without a backup (velto-cli's outputs): temporary file and atomic replace. 0 or -errno.
 int SaveFile(FileSystem& fs, const std::string& path, const ContentProducer& produce);
+
+} // namespace velto

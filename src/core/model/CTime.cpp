@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <ctime>
 
+namespace velto {
+
 CTime::CTime(int year, int month, int day, int hour, int minute, int second) {
     struct tm fields {};
     fields.tm_year = year - 1900;
@@ -65,3 +67,5 @@ std::string CTime::Format(const char* pattern) const {
 CTime CTime::operator+(int64_t seconds) const {
     return CTime(uint32_t(std::clamp<int64_t>(int64_t(m_time) + seconds, 0, int64_t(UINT32_MAX))));
 }
+
+} // namespace velto

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+namespace velto {
+
 class CTime {
 public:
     CTime() = default;
@@ -39,3 +41,5 @@ private:
     struct tm LocalFields() const;
     uint32_t m_time = 0;
 };
+
+} // namespace velto

@@ -2,6 +2,8 @@
 
 #include "model/NumberFormat.h"
 
+namespace velto {
+
 CCostList& CostListOf(CProjectNode& node, CostList list) {
     return list == CostList::Calculated ? node.m_pCosts : node.m_pCosts2;
 }
@@ -120,3 +122,5 @@ float CostTotal(const CCostList& list) {
         sum += entry.m_fAmount;
     return sum;
 }
+
+} // namespace velto

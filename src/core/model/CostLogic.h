@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace velto {
+
 enum class CostList { Calculated, Needed };
 
 // The node's list for a kind of cost.
@@ -66,3 +68,5 @@ CostRemoval RemoveFirstMatchingCost(CCostList& list, const CostInput& key);
 
 // The sum of the amounts of a list, the automatic entry included.
 float CostTotal(const CCostList& list);
+
+} // namespace velto

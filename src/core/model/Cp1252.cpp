@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace cp1252 {
+namespace velto::cp1252 {
 namespace {
 
 // 0x80..0x9F; the unassigned positions keep their own (C1) code point.
@@ -126,4 +126,4 @@ bool Fits(std::string_view utf8) {
     return FromUtf8(utf8).has_value();
 }
 
-} // namespace cp1252
+} // namespace velto::cp1252

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace cp1252 {
+namespace velto::cp1252 {
 
 char32_t ToUnicode(unsigned char byte);
 // The byte for a code point, or nothing when Windows-1252 cannot hold it.
@@ -27,4 +27,4 @@ void AppendUtf8(std::string& out, char32_t codePoint);
 // moves past the offending byte).
 std::optional<char32_t> DecodeUtf8(std::string_view utf8, size_t& pos);
 
-} // namespace cp1252
+} // namespace velto::cp1252

@@ -22,6 +22,8 @@
 #include <string_view>
 #include <utility>
 
+namespace velto {
+
 // One line of a node's hours list ("Stundenerfassung"). Read from a list, the texts point into it
 // and stay valid while the list is unchanged; an entry to be added points to the caller's texts.
 struct CHoursEntry {
@@ -293,3 +295,5 @@ private:
 
 using CHoursList = EntryList<CHoursEntry>;
 using CCostList = EntryList<CCostEntry>;
+
+} // namespace velto

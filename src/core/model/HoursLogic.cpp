@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cctype>
 
+namespace velto {
+
 CalendarDay CalendarDay::Of(CTime time) {
     return {time.GetYear(), time.GetMonth(), time.GetDay()};
 }
@@ -130,3 +132,5 @@ bool BookClockOut(CProjectNode& node, const HoursInput& input) {
     node.m_fHoursNeeded += float(input.Minutes() / 60.0);
     return true;
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace velto {
+
 // A local calendar day as a date picker holds it.
 struct CalendarDay {
     int year = 1970;
@@ -83,3 +85,5 @@ void StopClock(CProjectNode& node);
 // needed hours (unlike the node dialog, which sets them to the list sum). Refused like an entry
 // of the dialog when shorter than a minute.
 bool BookClockOut(CProjectNode& node, const HoursInput& input);
+
+} // namespace velto

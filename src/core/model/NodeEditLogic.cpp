@@ -8,6 +8,8 @@
 #include <cmath>
 #include <utility>
 
+namespace velto {
+
 namespace {
 
 constexpr double kStepLimit = 9999999.0;
@@ -145,3 +147,5 @@ void CommitWorkingCopy(CProjectNode& node, CProjectNode& copy, CTime now) {
     node.m_bSelected = 1;
     node.m_timeChanged = now;
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+namespace velto {
+
 // "+" moves to the next mark of the step (0.25 or 0.5) strictly above the value; values of
 // 9999999 and more stay as they are.
 double StepUp(double value, double step);
@@ -54,3 +56,5 @@ std::optional<EditRefusal> ApplyEditForm(CProjectNode& copy, const CProjectNode&
 // Writes the working copy back into the node (its list links stay), selects it and stamps the
 // change. The node's old entry lists go to the copy, which frees them with itself.
 void CommitWorkingCopy(CProjectNode& node, CProjectNode& copy, CTime now);
+
+} // namespace velto

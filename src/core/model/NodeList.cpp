@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+namespace velto {
+
 namespace {
 
 // Level arithmetic on levels read from a file must not overflow; an out-of-range result sticks to
@@ -388,3 +390,5 @@ void SortSiblingsByDate(CProjectNode*& first, bool byDue, bool ascending) {
     SortGroups(plan, ascending);
     Relink(first, plan, NewOrder(plan));
 }
+
+} // namespace velto

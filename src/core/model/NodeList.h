@@ -8,6 +8,8 @@
 #include <functional>
 #include <string>
 
+namespace velto {
+
 class Prompter;
 
 int CountNodes(const CProjectNode* first);
@@ -78,3 +80,5 @@ void SpliceChainBefore(CProjectNode*& first, CProjectNode* target, CProjectNode*
 // group is a run of nodes of one level not separated by a shallower node, so several level-0 nodes
 // form a group too and the head may change (first is updated).
 void SortSiblingsByDate(CProjectNode*& first, bool byDue, bool ascending);
+
+} // namespace velto

@@ -4,4 +4,8 @@
 // its own text and leaves the copies alone.
 #include "model/SharedText.h"
 
+namespace velto {
+
 using NoteText = SharedText;
+
+} // namespace velto

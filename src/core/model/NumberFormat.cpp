@@ -7,7 +7,7 @@
 #include <cmath>
 #include <cstring>
 
-namespace numfmt {
+namespace velto::numfmt {
 namespace {
 
 std::string ToChars(double value, std::chars_format format, int precision) {
@@ -114,4 +114,4 @@ int ParseInt(std::string_view text, int fallback) {
     return int(std::clamp<long long>(value, INT_MIN, INT_MAX));
 }
 
-} // namespace numfmt
+} // namespace velto::numfmt

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace numfmt {
+namespace velto::numfmt {
 
 // "%.2f" when value × 1000 is a whole number, "%g" otherwise (the number edits' rule).
 std::string FormatEditNumber(double value);
@@ -20,4 +20,4 @@ double ParseNumber(std::string_view text);
 // fallback. Values beyond 32 bits are clamped.
 int ParseInt(std::string_view text, int fallback = 0);
 
-} // namespace numfmt
+} // namespace velto::numfmt

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 void PushHistory(TextHistory& history, const std::string& text) {
     if (std::find(history.begin(), history.end(), text) != history.end())
         return;
@@ -102,3 +104,5 @@ std::string ComposeResponsible(const std::string& name, const std::string& short
 std::string ResponsibleFromChoice(const std::string& choice) {
     return choice == kNobody ? std::string() : choice;
 }
+
+} // namespace velto

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace velto {
+
 // The last ten assignee and remark texts typed into entries, newest first.
 using TextHistory = std::array<std::string, 10>;
 
@@ -49,3 +51,5 @@ std::vector<std::string> ResponsibleChoices(const CProjectNode* first);
 std::string ComposeResponsible(const std::string& name, const std::string& shortCode);
 // The text a choice leaves on the node: none, or "--- Keiner ---", gives the empty text.
 std::string ResponsibleFromChoice(const std::string& choice);
+
+} // namespace velto

@@ -1,5 +1,7 @@
 #include "model/ProjectNode.h"
 
+namespace velto {
+
 NodeDefaults NodeDefaults::Current() {
     const CTime now = CTime::GetCurrentTime();
     return {now, CTime::TodayAt(1, 0, 0), CTime::TodayAt(23, 59, 59)};
@@ -25,3 +27,5 @@ CProjectNode* CProjectNode::CloneUnlinked() const {
     copy->m_pPrev = nullptr;
     return copy;
 }
+
+} // namespace velto

@@ -9,6 +9,8 @@
 
 #include <cstdint>
 
+namespace velto {
+
 // Node kinds (m_nKind).
 inline constexpr int kKindProject = 0;
 inline constexpr int kKindTask = 1;
@@ -96,3 +98,5 @@ private:
     CProjectNode(const CProjectNode&) = default;
     CProjectNode& operator=(const CProjectNode&) = default;
 };
+
+} // namespace velto

@@ -13,6 +13,8 @@
 #include <string_view>
 #include <utility>
 
+namespace velto {
+
 class SharedText {
 public:
     SharedText() = default;
@@ -103,3 +105,5 @@ private:
 
     uint64_t m_word = kEmptyWord;
 };
+
+} // namespace velto

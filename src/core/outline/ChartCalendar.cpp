@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-namespace chartcal {
+namespace velto::chartcal {
 
 // The well-known era-based conversion between Gregorian dates and day counts; exact for every
 // date, no table and no loop.
@@ -95,4 +95,4 @@ std::optional<int> HolidayCalendar::ColourOf(int dayNumber) const {
     return std::nullopt;
 }
 
-} // namespace chartcal
+} // namespace velto::chartcal

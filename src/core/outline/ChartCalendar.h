@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace chartcal {
+namespace velto::chartcal {
 
 struct CivilDate {
     int year;
@@ -50,4 +50,4 @@ private:
     std::unordered_map<int, int> m_yearly; // month * 32 + day -> colour
 };
 
-} // namespace chartcal
+} // namespace velto::chartcal

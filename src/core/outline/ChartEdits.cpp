@@ -6,6 +6,8 @@
 #include <climits>
 #include <cstdint>
 
+namespace velto {
+
 namespace {
 
 // Copies the run [from, end) into a chain.
@@ -165,3 +167,5 @@ bool MoveSubtree(CProjectNode*& first, CProjectNode* moved, CProjectNode* rowBel
     RecomputeVisibility(first);
     return true;
 }
+
+} // namespace velto

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace velto {
+
 // A chain is a run of unlinked nodes: the first node's m_pPrev and the last node's m_pNext are null.
 
 // A deep copy of node's subtree (node and the following deeper nodes) as a chain. The copies carry
@@ -43,3 +45,5 @@ enum class DropVerdict {
 DropVerdict CheckDrop(CProjectNode* first, CProjectNode* moved, CProjectNode* rowBelow);
 // Applies an allowed drop; returns false (and changes nothing) when CheckDrop refuses it.
 bool MoveSubtree(CProjectNode*& first, CProjectNode* moved, CProjectNode* rowBelow);
+
+} // namespace velto

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 namespace {
 
 // Counts done tasks into the project nodes above them while the list is walked once in order.
@@ -89,3 +91,5 @@ void ComputeProgress(CProjectNode* first, CTime now) {
         progress.Visit(*node);
     progress.Finish();
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+namespace velto {
+
 class ChartRows {
 public:
     // Marks the index stale; the next Refresh rebuilds it.
@@ -35,3 +37,5 @@ private:
 // due time has passed while a task of its subtree is still open. Notes and milestones get 0.
 // One pass over the list, whatever its depth.
 void ComputeProgress(CProjectNode* first, CTime now);
+
+} // namespace velto

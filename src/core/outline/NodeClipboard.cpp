@@ -2,6 +2,8 @@
 
 #include "outline/ChartEdits.h"
 
+namespace velto {
+
 NodeClipboard& NodeClipboard::Instance() {
     static NodeClipboard clipboard;
     return clipboard;
@@ -25,3 +27,5 @@ CProjectNode* NodeClipboard::TakeForPaste() {
     m_chain = nullptr;
     return chain;
 }
+
+} // namespace velto

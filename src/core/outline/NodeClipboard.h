@@ -4,6 +4,8 @@
 // copied chain may be pasted again and again, each paste getting fresh copies.
 #include "model/ProjectNode.h"
 
+namespace velto {
+
 class NodeClipboard {
 public:
     static NodeClipboard& Instance();
@@ -31,3 +33,5 @@ private:
     CProjectNode* m_chain = nullptr;
     bool m_reusable = false;
 };
+
+} // namespace velto

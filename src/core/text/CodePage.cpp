@@ -5,7 +5,7 @@
 
 #include <array>
 
-namespace rtf {
+namespace velto::rtf {
 namespace {
 
 // Bytes 0x80..0xFF of the single-byte pages, taken from the code pages' published tables; U+FFFD marks a
@@ -258,4 +258,4 @@ char32_t CodePage::PairToUnicode(unsigned char lead, unsigned char trail) const 
     return m_pairs[(lead - dbcs::kFirstLead) * dbcs::kTrailsPerLead + (trail - dbcs::kFirstTrail)];
 }
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -4,7 +4,7 @@
 // Asian double-byte pages 932, 936, 949 and 950.
 #include <cstdint>
 
-namespace rtf {
+namespace velto::rtf {
 
 namespace dbcs {
 struct DoubleByteTable;
@@ -42,4 +42,4 @@ private:
     unsigned char m_leadFirst = 0, m_leadLast = 0, m_lead2First = 0, m_lead2Last = 0;
 };
 
-} // namespace rtf
+} // namespace velto::rtf

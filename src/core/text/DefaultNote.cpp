@@ -3,6 +3,8 @@
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
+namespace velto {
+
 std::string DefaultNoteTemplate(const std::string& faceName) {
     return "{\\rtf1\\ansi\\deff0\\deftab720{\\fonttbl{\\f0\\fswiss MS Sans Serif;}{\\f1\\froman\\fcharset2 "
            "Symbol;}{\\f2\\fswiss " +
@@ -15,3 +17,5 @@ std::string MakeDefaultNote(const std::string& faceName, int fontSize) {
     rtf::ApplySizeToAll(note, fontSize * 2);
     return rtf::WriteRtf(note);
 }
+
+} // namespace velto

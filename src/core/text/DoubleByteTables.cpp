@@ -7,7 +7,7 @@
 
 // clang-format off
 
-namespace rtf::dbcs {
+namespace velto::rtf::dbcs {
 namespace {
 
 // Code page 932.
@@ -606,4 +606,4 @@ const DoubleByteTable kCp936{kSingle936, kDouble936};
 const DoubleByteTable kCp949{kSingle949, kDouble949};
 const DoubleByteTable kCp950{kSingle950, kDouble950};
 
-} // namespace rtf::dbcs
+} // namespace velto::rtf::dbcs

@@ -1,7 +1,8 @@
 #pragma once
+
 // Character tables of the East Asian double-byte code pages 932, 936, 949 and 950.
 
-namespace rtf::dbcs {
+namespace velto::rtf::dbcs {
 
 inline constexpr unsigned char kFirstLead = 0x81;
 inline constexpr unsigned char kFirstTrail = 0x40;
@@ -18,4 +19,4 @@ extern const DoubleByteTable kCp936;
 extern const DoubleByteTable kCp949;
 extern const DoubleByteTable kCp950;
 
-} // namespace rtf::dbcs
+} // namespace velto::rtf::dbcs

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-namespace rtf {
+namespace velto::rtf {
 
 // The target between a pair of brackets: text[begin, end).
 struct LinkRange {
@@ -103,4 +103,4 @@ template <typename Char> LinkTarget<Char> SplitLinkTarget(std::basic_string_view
     return {target.substr(0, slash + 1), target.substr(slash + 1)};
 }
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace rtf {
+namespace velto::rtf {
 
 int StepSize(int halfPoints, int points) {
     const int64_t stepped = (int64_t(halfPoints) / 2 + points) * 2;
@@ -12,4 +12,4 @@ int StepSize(int halfPoints, int points) {
         std::clamp<int64_t>(stepped, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -1,6 +1,7 @@
 #pragma once
+
 // The size rule of the note pane's "Text größer" and "Text kleiner" buttons, apart from any widget.
-namespace rtf {
+namespace velto::rtf {
 
 // How far one press of a size button moves the size.
 inline constexpr int kSizeStepPoints = 2;
@@ -11,4 +12,4 @@ inline constexpr int kSizeStepPoints = 2;
 // overflowing, since a file may carry any size.
 int StepSize(int halfPoints, int points);
 
-} // namespace rtf
+} // namespace velto::rtf

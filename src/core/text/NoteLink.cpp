@@ -4,7 +4,7 @@
 #include <iterator>
 #include <vector>
 
-namespace rtf {
+namespace velto::rtf {
 namespace {
 
 bool IsAsciiAlpha(char c) {
@@ -200,4 +200,4 @@ bool IsProgramName(std::string_view path) {
     return name.find(':') != std::string::npos || IsProgramExtension(name);
 }
 
-} // namespace rtf
+} // namespace velto::rtf

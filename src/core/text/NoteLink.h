@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace rtf {
+namespace velto::rtf {
 
 enum class LinkKind {
     WebAddress,  // "http:", "https:", "mailto:" or a leading "www."
@@ -39,4 +39,4 @@ std::string OpenedFileName(std::string_view path);
 // name Windows opens; also any named data stream ("Plan.txt:x"), whose content no name tells.
 bool IsProgramName(std::string_view path);
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-namespace rtf {
+namespace velto::rtf {
 
 const std::string& PlainTextCache::Get(std::string_view rtf) {
     const Key key{std::hash<std::string_view>()(rtf), rtf.size()};
@@ -15,4 +15,4 @@ const std::string& PlainTextCache::Get(std::string_view rtf) {
     return m_texts.emplace(key, PlainText(rtf)).first->second;
 }
 
-} // namespace rtf
+} // namespace velto::rtf

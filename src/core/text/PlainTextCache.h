@@ -10,7 +10,7 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace rtf {
+namespace velto::rtf {
 
 class PlainTextCache {
 public:
@@ -35,4 +35,4 @@ private:
     std::unordered_map<Key, std::string, KeyHash> m_texts;
 };
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -1,6 +1,6 @@
 #include "text/RtfDocument.h"
 
-namespace rtf {
+namespace velto::rtf {
 namespace {
 
 // Runs that became equal in format (after a change to all of them) are one run in the normal form.
@@ -57,4 +57,4 @@ void ApplySizeToAll(Document& document, int halfPoints) {
     }
 }
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-namespace rtf {
+namespace velto::rtf {
 
 // The size every text has when its RTF names none: 12 pt.
 inline constexpr int kDefaultHalfPoints = 24;
@@ -90,4 +90,4 @@ private:
 // Sets the size of every run and every paragraph mark (the note pane's "select all, set size").
 void ApplySizeToAll(Document& document, int halfPoints);
 
-} // namespace rtf
+} // namespace velto::rtf

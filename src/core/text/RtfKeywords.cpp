@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-namespace rtf {
+namespace velto::rtf {
 namespace {
 
 using Entry = std::pair<std::string_view, Keyword>;
@@ -138,4 +138,4 @@ Keyword LookUpKeyword(std::string_view word) {
     return Keyword::Unknown;
 }
 
-} // namespace rtf
+} // namespace velto::rtf

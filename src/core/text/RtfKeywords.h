@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace rtf {
+namespace velto::rtf {
 
 enum class Keyword : uint8_t {
     Unknown,
@@ -78,4 +78,4 @@ enum class Keyword : uint8_t {
 
 Keyword LookUpKeyword(std::string_view word);
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace rtf {
+namespace velto::rtf {
 namespace {
 
 bool IsLetter(unsigned char c) {
@@ -149,4 +149,4 @@ void Lexer::SkipGroup() {
     }
 }
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace rtf {
+namespace velto::rtf {
 
 struct Token {
     enum class Kind { End, GroupOpen, GroupClose, ControlWord, ControlSymbol, HexByte, Text };
@@ -44,4 +44,4 @@ private:
     size_t m_pos = 0;
 };
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace rtf {
+namespace velto::rtf {
 namespace {
 
 // Where the text of a group goes.
@@ -798,4 +798,4 @@ std::string PlainText(std::string_view rtf) {
     return parser.TakeText();
 }
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace rtf {
+namespace velto::rtf {
 
 Document ReadRtf(std::string_view rtf);
 
@@ -19,4 +19,4 @@ std::string PlainText(std::string_view rtf);
 // Whether the text is RTF at all (it begins with "{\rtf").
 bool IsRtf(std::string_view text);
 
-} // namespace rtf
+} // namespace velto::rtf

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-namespace rtf {
+namespace velto::rtf {
 namespace {
 
 // Faces and colours in the order of their first use: their positions are the \f and \cf numbers.
@@ -229,4 +229,4 @@ std::string WriteRtf(const Document& document) {
     return Writer(document).Write();
 }
 
-} // namespace rtf
+} // namespace velto::rtf

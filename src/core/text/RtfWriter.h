@@ -5,8 +5,8 @@
 
 #include <string>
 
-namespace rtf {
+namespace velto::rtf {
 
 std::string WriteRtf(const Document& document);
 
-} // namespace rtf
+} // namespace velto::rtf

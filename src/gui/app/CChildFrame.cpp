@@ -9,6 +9,8 @@
 
 #include <QCloseEvent>
 
+namespace velto {
+
 CChildFrame::CChildFrame(std::unique_ptr<CVeltoDoc> doc, CVeltoView* view, CMainFrame& frame)
     : m_doc(std::move(doc)), m_view(view), m_commands(*this, frame.GetDesktop(), frame.Recent()) {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -77,3 +79,5 @@ void CChildFrame::RememberNormalGeometry() {
     if (!(windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)))
         m_normalGeometry = geometry();
 }
+
+} // namespace velto

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+namespace velto {
+
 class CMainFrame;
 class CVeltoView;
 struct ProjectViewValues;
@@ -50,3 +52,5 @@ private:
     QRect m_normalGeometry;
     bool m_closeConfirmed = false;
 };
+
+} // namespace velto

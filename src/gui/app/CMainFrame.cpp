@@ -21,6 +21,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+namespace velto {
+
 namespace {
 constexpr int kIdleIntervalMs = 200;
 constexpr qsizetype kRecentLabelLength = 60;
@@ -344,3 +346,5 @@ void CMainFrame::dropEvent(QDropEvent* event) {
             m_documents.OpenDocumentFile(url.toLocalFile());
     event->acceptProposedAction();
 }
+
+} // namespace velto

@@ -16,14 +16,17 @@
 #include <map>
 #include <memory>
 
+class QLabel;
+class QMdiArea;
+class QToolBar;
+
+namespace velto {
+
 class ActionSet;
 class CChildFrame;
 class CVeltoDoc;
 class CVeltoView;
 class Desktop;
-class QLabel;
-class QMdiArea;
-class QToolBar;
 class RecentFileList;
 class SettingsStore;
 
@@ -102,3 +105,5 @@ private:
     QList<QAction*> m_windowActions;
     QTimer m_idle;
 };
+
+} // namespace velto

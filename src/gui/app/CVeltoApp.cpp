@@ -13,6 +13,8 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+namespace velto {
+
 CVeltoApp::CVeltoApp(Desktop& desktop)
     : m_desktop(desktop), m_settings(desktop.GetPrompter()),
       m_frame(std::make_unique<CMainFrame>(desktop, m_settings, m_recent)) {
@@ -75,3 +77,5 @@ void CVeltoApp::InstallQtTranslation() {
     else
         delete translator;
 }
+
+} // namespace velto

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+namespace velto {
+
 class CMainFrame;
 class Desktop;
 
@@ -36,3 +38,5 @@ private:
     RecentFileList m_recent;
     std::unique_ptr<CMainFrame> m_frame;
 };
+
+} // namespace velto

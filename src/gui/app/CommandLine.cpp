@@ -3,6 +3,8 @@
 
 #include <QCommandLineParser>
 
+namespace velto {
+
 namespace {
 const QCommandLineOption kHelp({QStringLiteral("h"), QStringLiteral("help")},
                                QString::fromUtf8("Zeigt diese Hilfe an."));
@@ -44,3 +46,5 @@ QString UsageText() {
 QString VersionText() {
     return QStringLiteral("Velto %1\n").arg(QLatin1String(kVeltoVersion));
 }
+
+} // namespace velto

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace velto {
+
 struct CommandLine {
     bool help = false;
     bool version = false;
@@ -14,3 +16,5 @@ struct CommandLine {
 CommandLine ParseCommandLine(const QStringList& args);
 QString UsageText();
 QString VersionText();
+
+} // namespace velto

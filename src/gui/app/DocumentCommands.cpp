@@ -14,6 +14,8 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 
+namespace velto {
+
 DocumentCommands::DocumentCommands(CChildFrame& child, Desktop& desktop, RecentFileList& recent)
     : m_child(child), m_desktop(desktop), m_recent(recent) {
     Add(cmd::FileSave, [this] { Save(); });
@@ -106,3 +108,5 @@ void DocumentCommands::Restore(const std::string& statePath) {
     }
     m_child.RefreshTitle();
 }
+
+} // namespace velto

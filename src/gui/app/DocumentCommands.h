@@ -8,6 +8,8 @@
 #include <functional>
 #include <string>
 
+namespace velto {
+
 class CChildFrame;
 class Desktop;
 class RecentFileList;
@@ -39,3 +41,5 @@ private:
     RecentFileList& m_recent;
     StateOpener m_openState;
 };
+
+} // namespace velto

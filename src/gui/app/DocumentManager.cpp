@@ -20,6 +20,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 DocumentManager::DocumentManager(CMainFrame& frame, QMdiArea& mdi, Desktop& desktop, SettingsStore& settings,
                                  RecentFileList& recent)
     : m_frame(frame), m_mdi(mdi), m_desktop(desktop), m_settings(settings), m_recent(recent) {}
@@ -123,3 +125,5 @@ bool DocumentManager::CloseAllDocuments() {
     m_frame.ShowMenuSet();
     return allClosed;
 }
+
+} // namespace velto

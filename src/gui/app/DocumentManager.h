@@ -9,12 +9,15 @@
 #include <functional>
 #include <memory>
 
+class QMdiArea;
+
+namespace velto {
+
 class CChildFrame;
 class CMainFrame;
 class CVeltoDoc;
 class CVeltoView;
 class Desktop;
-class QMdiArea;
 class RecentFileList;
 class SettingsStore;
 
@@ -55,3 +58,5 @@ private:
     RecentFileList& m_recent;
     ViewFactory m_viewFactory;
 };
+
+} // namespace velto

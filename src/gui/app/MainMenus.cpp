@@ -9,6 +9,8 @@
 
 #include <initializer_list>
 
+namespace velto {
+
 namespace {
 constexpr int kSeparator = 0;
 
@@ -128,3 +130,5 @@ QList<int> ToolbarCommands(MenuSet set) {
             kSeparator,  ZoomOut,   ZoomIn,     kSeparator,  CollapseAll, ExpandAll,  kSeparator,
             ToggleCosts, FindText,  kSeparator, MindMapMode, kSeparator,  Manual};
 }
+
+} // namespace velto

@@ -3,9 +3,12 @@
 // in the timeline, with a project in the mind map; two toolbars: timeline (128) and mind map (129).
 #include <QList>
 
-class ActionSet;
 class QMenu;
 class QWidget;
+
+namespace velto {
+
+class ActionSet;
 
 enum class MenuSet { NoDocument, Timeline, MindMap };
 
@@ -20,3 +23,5 @@ MenuBarMenus BuildMenus(MenuSet set, ActionSet& actions, QWidget* parent);
 
 // The buttons of a toolbar, 0 standing for a separator.
 QList<int> ToolbarCommands(MenuSet set);
+
+} // namespace velto

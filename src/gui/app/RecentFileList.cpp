@@ -2,6 +2,8 @@
 
 #include <QSettings>
 
+namespace velto {
+
 namespace {
 constexpr const char* kOrganization = "Local AppWizard-Generated Applications";
 constexpr const char* kApplication = "Velto";
@@ -54,3 +56,5 @@ void RecentFileList::Store() const {
             settings.remove(EntryName(i));
     }
 }
+
+} // namespace velto

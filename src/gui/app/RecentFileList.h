@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace velto {
+
 class RecentFileList {
 public:
     static constexpr int kSize = 4;
@@ -21,3 +23,5 @@ private:
     void Store() const;
     QStringList m_files;
 };
+
+} // namespace velto

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 namespace {
 // The order of the four values of a stored window rectangle.
 constexpr int kLeft = 0, kTop = 1, kRight = 2, kBottom = 3;
@@ -63,3 +65,5 @@ QRect NewChildWindowPlacement(const QSize& mdiArea, int index) {
     const int step = std::max(0, index) % std::min(stepsRight, stepsDown);
     return QRect(QPoint(step * kCascadeStep, step * kCascadeStep), size);
 }
+
+} // namespace velto

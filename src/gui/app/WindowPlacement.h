@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <optional>
 
+namespace velto {
+
 // Rectangles as the settings and the project file keep them: left, top, right, bottom, with right
 // and bottom one past the last pixel.
 using StoredRect = std::array<int32_t, 4>;
@@ -30,3 +32,5 @@ std::optional<QRect> ChildWindowPlacement(const StoredRect& stored, const QSize&
 // A new project window (or one whose file holds no usable rectangle): four fifths of the MDI area,
 // the index-th window a step further down and right, starting over before it would leave the area.
 QRect NewChildWindowPlacement(const QSize& mdiArea, int index);
+
+} // namespace velto

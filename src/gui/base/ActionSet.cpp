@@ -7,6 +7,8 @@
 #include <QAction>
 #include <QWidget>
 
+namespace velto {
+
 namespace {
 // A prompt is the status-bar text, a line break and the tool tip.
 void SetPrompt(QAction& action, const QString& prompt) {
@@ -49,3 +51,5 @@ QAction* ActionSet::Dynamic(int id, const QString& prompt) {
     m_actions.emplace(id, action);
     return action;
 }
+
+} // namespace velto

@@ -5,9 +5,12 @@
 
 #include <map>
 
-class CommandRouter;
 class QAction;
 class QWidget;
+
+namespace velto {
+
+class CommandRouter;
 
 class ActionSet {
 public:
@@ -28,3 +31,5 @@ private:
     CommandRouter& m_router;
     std::map<int, QAction*> m_actions;
 };
+
+} // namespace velto

@@ -3,5 +3,9 @@
 // converts them here and nowhere else.
 #include <QColor>
 
+namespace velto {
+
 QColor ColorFromColorRef(int colorRef);
 int ColorRefOf(const QColor& colour);
+
+} // namespace velto

@@ -1,7 +1,8 @@
 #pragma once
+
 // Every command of the program by its number. The numbers are the ones the program has always had:
 // they turn up in the accelerator table, the toolbars and the private messages of the dialogs.
-namespace cmd {
+namespace velto::cmd {
 
 // Files and the application
 inline constexpr int FileNew = 57600;
@@ -82,4 +83,4 @@ inline constexpr int GoToAlarmNode = 139;
 inline constexpr int SearchStep = 140;
 inline constexpr int MyTasksChosen = 153;
 
-} // namespace cmd
+} // namespace velto::cmd

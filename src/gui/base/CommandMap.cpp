@@ -1,5 +1,7 @@
 #include "base/CommandMap.h"
 
+namespace velto {
+
 void CommandMap::Add(int id, Handler handler, Updater update, Guard guard) {
     m_entries.insert_or_assign(id, Entry{std::move(handler), std::move(update), guard});
 }
@@ -31,3 +33,5 @@ bool CommandMap::OnCommand(int id) {
         entry->second.handler();
     return true;
 }
+
+} // namespace velto

@@ -8,6 +8,8 @@
 #include <functional>
 #include <unordered_map>
 
+namespace velto {
+
 class CommandMap : public CommandTarget {
 public:
     using Handler = std::function<void()>;
@@ -36,3 +38,5 @@ private:
     };
     std::unordered_map<int, Entry> m_entries;
 };
+
+} // namespace velto

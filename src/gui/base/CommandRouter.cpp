@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QMenu>
 
+namespace velto {
+
 CommandRouter::CommandRouter(Chain chain, QObject* parent) : QObject(parent), m_chain(std::move(chain)) {}
 
 void CommandRouter::Bind(QAction* action, int id) {
@@ -56,3 +58,5 @@ void CommandRouter::UpdateBeforeShow(QMenu* menu) {
         }
     });
 }
+
+} // namespace velto

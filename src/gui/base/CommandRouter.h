@@ -12,6 +12,8 @@
 class QAction;
 class QMenu;
 
+namespace velto {
+
 class CommandRouter : public QObject {
     Q_OBJECT
 public:
@@ -38,3 +40,5 @@ private:
     Chain m_chain;
     std::multimap<int, QAction*> m_actions;
 };
+
+} // namespace velto

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 namespace {
 QList<QKeySequence> Keys(std::initializer_list<QKeyCombination> keys) {
     QList<QKeySequence> out;
@@ -187,3 +189,5 @@ const CommandInfo* FindCommand(int id) {
         std::find_if(table.begin(), table.end(), [id](const CommandInfo& c) { return c.id == id; });
     return it == table.end() ? nullptr : &*it;
 }
+
+} // namespace velto

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace velto {
+
 struct CommandInfo {
     int id;
     const char* label;
@@ -21,3 +23,5 @@ struct CommandInfo {
 const std::vector<CommandInfo>& CommandTable();
 // The entry for id, or null.
 const CommandInfo* FindCommand(int id);
+
+} // namespace velto

@@ -3,6 +3,8 @@
 // router asks them in that order; the first that knows a command gets it.
 #include <QString>
 
+namespace velto {
+
 // What an update handler decides about a command before a menu opens or on idle.
 struct CommandState {
     bool enabled = true;
@@ -18,3 +20,5 @@ public:
     // Runs id; true when this target handled it.
     virtual bool OnCommand(int id) = 0;
 };
+
+} // namespace velto

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QStringView>
 
+namespace velto {
+
 namespace {
 // Walks the text by code point; surrogate pairs become one character, a lone surrogate stays a
 // code point that Windows-1252 cannot hold.
@@ -47,3 +49,5 @@ std::string ToCp1252Lossy(const QString& text) {
     });
     return out;
 }
+
+} // namespace velto

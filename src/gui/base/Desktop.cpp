@@ -2,6 +2,10 @@
 
 #include "common/Prompter.h"
 
+namespace velto {
+
 void Desktop::Warn(const QString& text) {
     GetPrompter().Tell(text.toStdString(), Prompter::kCaption, PromptIcon::Warning);
 }
+
+} // namespace velto

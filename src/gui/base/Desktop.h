@@ -4,8 +4,11 @@
 // ever waits for a user who is not there.
 #include <QString>
 
-class Prompter;
 class QWidget;
+
+namespace velto {
+
+class Prompter;
 
 class Desktop {
 public:
@@ -26,3 +29,5 @@ public:
     // A message with the program's caption and a warning icon.
     void Warn(const QString& text);
 };
+
+} // namespace velto

@@ -11,6 +11,14 @@
 #include <functional>
 #include <map>
 
+// Q_INIT_RESOURCE declares the registration function where it is used, so it must be used outside
+// the project's namespace.
+static void RegisterVeltoResources() {
+    Q_INIT_RESOURCE(velto);
+}
+
+namespace velto {
+
 namespace {
 // Icons are drawn on a 16 x 16 grid and scaled to each size asked for.
 using Drawing = std::function<void(QPainter&)>;
@@ -307,9 +315,11 @@ QIcon CommandIcon(const CommandInfo& command) {
 QIcon AppIcon() {
     // The resources of a static library must be registered by hand, once.
     static const bool registered = [] {
-        Q_INIT_RESOURCE(velto);
+        RegisterVeltoResources();
         return true;
     }();
     Q_UNUSED(registered);
     return QIcon(QStringLiteral(":/velto.png"));
 }
+
+} // namespace velto

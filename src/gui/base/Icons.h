@@ -6,6 +6,9 @@
 #include <functional>
 
 class QPainter;
+
+namespace velto {
+
 struct CommandInfo;
 
 // An icon drawn on a 16 x 16 grid, in the sizes toolbars and menus ask for.
@@ -14,3 +17,5 @@ QIcon PaintedIcon(const std::function<void(QPainter&)>& draw);
 QIcon CommandIcon(const CommandInfo& command);
 // The program's own icon.
 QIcon AppIcon();
+
+} // namespace velto

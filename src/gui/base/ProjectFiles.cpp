@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace velto {
+
 namespace {
 const QString kExtension = QStringLiteral(".VT5");
 }
@@ -32,3 +34,5 @@ QString FromCorePath(const std::string& path) {
 QString FromCoreText(const std::string& text) {
     return QString::fromStdString(text);
 }
+
+} // namespace velto

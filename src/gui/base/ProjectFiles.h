@@ -5,6 +5,8 @@
 
 #include <string>
 
+namespace velto {
+
 // "Projekt (*.VT5 *.vt5)": lower-case names are listed too on case-sensitive file systems.
 QString ProjectFileFilter();
 // The path with ".VT5" appended unless it already ends in ".VT5" (any case).
@@ -16,3 +18,5 @@ std::string ToCorePath(const QString& path);
 QString FromCorePath(const std::string& path);
 // Titles and messages of the core are UTF-8.
 QString FromCoreText(const std::string& text);
+
+} // namespace velto

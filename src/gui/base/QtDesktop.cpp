@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QUrl>
 
+namespace velto {
+
 namespace {
 QString FromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), qsizetype(text.size()));
@@ -115,3 +117,5 @@ bool QtDesktop::OpenDocument(const QString& path) {
 QString QtDesktop::ProgramDir() const {
     return QCoreApplication::applicationDirPath();
 }
+
+} // namespace velto

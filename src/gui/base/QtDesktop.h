@@ -3,6 +3,8 @@
 #include "base/Desktop.h"
 #include "common/Prompter.h"
 
+namespace velto {
+
 // Asks with a modal message box over the active window, with German buttons.
 class MessageBoxPrompter : public Prompter {
 public:
@@ -22,3 +24,5 @@ public:
 private:
     MessageBoxPrompter m_prompter;
 };
+
+} // namespace velto

@@ -2,6 +2,8 @@
 
 #include "common/Prompter.h"
 
+namespace velto {
+
 namespace {
 void TellStoreFailed(Prompter& prompter) {
     prompter.Tell("Regestry Error", Prompter::kCaption, PromptIcon::Error);
@@ -79,3 +81,5 @@ bool SettingsSession::Commit() {
     TellStoreFailed(*m_prompter);
     return false;
 }
+
+} // namespace velto

@@ -9,6 +9,8 @@
 #include <optional>
 #include <string_view>
 
+namespace velto {
+
 class Prompter;
 
 struct NumberSetting {
@@ -89,3 +91,5 @@ public:
 private:
     Prompter& m_prompter;
 };
+
+} // namespace velto

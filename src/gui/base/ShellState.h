@@ -1,4 +1,7 @@
 #pragma once
+
+namespace velto {
+
 // What the main frame decides for every project window at once.
 struct ShellState {
     // The views show the mind map instead of the timeline.
@@ -6,3 +9,5 @@ struct ShellState {
     // The note formatting buttons are shown.
     bool noteToolbar = true;
 };
+
+} // namespace velto

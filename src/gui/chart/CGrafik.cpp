@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 namespace {
 
 QScrollBar* MakeScrollBar(Qt::Orientation orientation, const QString& text, const QString& name,
@@ -641,3 +643,5 @@ void CGrafik::PublishOutline(const CProjectNode* chain) {
     if (QClipboard* system = QGuiApplication::clipboard())
         system->setText(ToQString(OutlineText(chain)));
 }
+
+} // namespace velto

@@ -18,6 +18,8 @@
 class QPushButton;
 class QScrollBar;
 
+namespace velto {
+
 class CGrafik : public QWidget, public DocObserver {
     Q_OBJECT
 
@@ -173,3 +175,5 @@ private:
     QPoint m_lastMouse;
     int m_wheelRemainder = 0;
 };
+
+} // namespace velto

@@ -1,4 +1,7 @@
 #pragma once
+
+namespace velto {
+
 // What the timeline chart needs from the window that holds it, and the display options it applies.
 // The chart reads the host's document and changes it only through the host's commands, except for
 // its own node clipboard and drag moves.
@@ -30,3 +33,5 @@ struct ChartOptions {
     bool barInNodeColour = false; // "Balken": bars in the node's text colour
     bool showCosts = false;       // the view's hours/costs mode: tasks show the cost box
 };
+
+} // namespace velto

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+namespace velto {
+
 namespace {
 
 // std::clamp requires lo <= hi; a window smaller than two rows must not break that.
@@ -137,3 +139,5 @@ QRect ChartLayout::NoteAreaRect() const {
     const int top = m_dividerY + kNoteGap;
     return QRect(0, top, m_client.width(), std::max(0, m_client.height() - top));
 }
+
+} // namespace velto

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <optional>
 
+namespace velto {
+
 class ChartLayout {
 public:
     // Width of the scroll bars; the calendar and the row area leave it free at the right and bottom.
@@ -97,3 +99,5 @@ private:
     int m_dividerX;
     int m_dividerY;
 };
+
+} // namespace velto

@@ -2,6 +2,8 @@
 
 #include "model/Cp1252.h"
 
+namespace velto {
+
 namespace {
 
 // " «» " in Windows-1252.
@@ -38,3 +40,5 @@ std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool show
     }
     return text += node.m_strTitle;
 }
+
+} // namespace velto

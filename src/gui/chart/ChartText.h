@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace velto {
+
 // Date prefix modes of the setting "Datum".
 inline constexpr int kDatePrefixNone = 0;
 inline constexpr int kDatePrefixStart = 1;
@@ -24,3 +26,5 @@ std::string ChartDatePrefix(const CProjectNode& node, int mode);
 std::string ResponsibleShortCode(std::string_view responsible);
 // The row text: date prefix, then "[short code] " when shown and set, then the title.
 std::string ChartRowText(const CProjectNode& node, int datePrefixMode, bool showResponsible);
+
+} // namespace velto

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 namespace {
 
 const QColor kBackground(255, 255, 255);
@@ -280,3 +282,5 @@ void TimelinePainter::PaintBar(const CProjectNode& node, int rowTop) {
     }
     m_p.restore();
 }
+
+} // namespace velto

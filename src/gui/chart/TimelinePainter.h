@@ -10,6 +10,8 @@
 #include <QColor>
 #include <QPainter>
 
+namespace velto {
+
 // The raised-outer, sunken-inner 3-D frame every box and square of the chart gets.
 void DrawBumpEdge(QPainter& painter, const QRect& rect);
 
@@ -47,3 +49,5 @@ private:
     QPainter& m_p;
     const TimelineScene& m_s;
 };
+
+} // namespace velto

@@ -15,6 +15,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+namespace velto {
+
 CAssigneeDlg::CAssigneeDlg(std::string presetFile, Prompter& prompter, QWidget* parent)
     : QDialog(parent), m_presetFile(std::move(presetFile)), m_prompter(prompter),
       m_list(new QListWidget(this)), m_edit(new QLineEdit(this)) {
@@ -107,3 +109,5 @@ void CAssigneeDlg::accept() {
     }
     QDialog::accept();
 }
+
+} // namespace velto

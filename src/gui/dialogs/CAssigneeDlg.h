@@ -8,10 +8,13 @@
 #include <string>
 #include <vector>
 
-class Prompter;
 class QKeyEvent;
 class QLineEdit;
 class QListWidget;
+
+namespace velto {
+
+class Prompter;
 
 class CAssigneeDlg : public QDialog {
     Q_OBJECT
@@ -35,3 +38,5 @@ private:
     QListWidget* m_list;
     QLineEdit* m_edit;
 };
+
+} // namespace velto

@@ -12,6 +12,8 @@
 #include <QLabel>
 #include <QTimeEdit>
 
+namespace velto {
+
 CClockOutDlg::CClockOutDlg(const std::string& title, CTime begin, CTime end, const EntryHistories& histories,
                            Prompter& prompter, QWidget* parent)
     : QDialog(parent), m_prompter(prompter), m_histories(histories), m_day(NewDayPicker(this)),
@@ -65,3 +67,5 @@ bool ClockOut(QWidget* parent, CProjectNode& node, EntryHistories& histories, Pr
     histories = dialog.Histories();
     return BookClockOut(node, dialog.Entry());
 }
+
+} // namespace velto

@@ -6,10 +6,13 @@
 
 #include <QDialog>
 
-class Prompter;
 class QComboBox;
 class QDateEdit;
 class QTimeEdit;
+
+namespace velto {
+
+class Prompter;
 
 class CClockOutDlg : public QDialog {
     Q_OBJECT
@@ -44,3 +47,5 @@ private:
 // needed hours and the texts put into the histories. Returns whether an entry was added; after
 // "Verwerfen" only the clock has stopped.
 bool ClockOut(QWidget* parent, CProjectNode& node, EntryHistories& histories, Prompter& prompter);
+
+} // namespace velto

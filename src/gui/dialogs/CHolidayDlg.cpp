@@ -22,6 +22,8 @@
 
 #include <array>
 
+namespace velto {
+
 namespace {
 
 struct Column {
@@ -220,3 +222,5 @@ bool EditHolidays(QWidget* parent, Prompter& prompter) {
     CHolidayDlg dialog(HolidayFilePath(), prompter, parent);
     return dialog.exec() == QDialog::Accepted;
 }
+
+} // namespace velto

@@ -9,12 +9,15 @@
 
 #include <string>
 
-class Prompter;
 class QCheckBox;
 class QDateEdit;
 class QLineEdit;
 class QPushButton;
 class QTreeWidget;
+
+namespace velto {
+
+class Prompter;
 
 class CHolidayDlg : public QDialog {
     Q_OBJECT
@@ -52,3 +55,5 @@ private:
 
 // Runs "Feiertage, Urlaub, ..." on the holiday file of the data directory; true when it was written.
 bool EditHolidays(QWidget* parent, Prompter& prompter);
+
+} // namespace velto

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace velto {
+
 namespace {
 QString ChooseWithFileDialog(QWidget* parent) {
     return QFileDialog::getOpenFileName(parent, QString::fromUtf8("Datei für den Hyperlink auswählen"));
@@ -75,3 +77,5 @@ void CHyperlinkDlg::ChooseFile() {
 void CHyperlinkDlg::EnableOk() {
     m_ok->setEnabled(!Target().isEmpty());
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 class QLineEdit;
 class QPushButton;
 
+namespace velto {
+
 class CHyperlinkDlg : public QDialog {
     Q_OBJECT
 public:
@@ -29,3 +31,5 @@ private:
     QPushButton* m_ok = nullptr;
     FileChooser m_chooseFile;
 };
+
+} // namespace velto

@@ -9,6 +9,8 @@
 #include <QFormLayout>
 #include <QLineEdit>
 
+namespace velto {
+
 CNewResponsibleDlg::CNewResponsibleDlg(QWidget* parent)
     : QDialog(parent), m_name(new QLineEdit(this)), m_shortCode(new QLineEdit(this)) {
     setWindowTitle("Neuer Verantwortlicher");
@@ -31,3 +33,5 @@ CNewResponsibleDlg::CNewResponsibleDlg(QWidget* parent)
 std::string CNewResponsibleDlg::Person() const {
     return ComposeResponsible(dlgtext::Keep(m_name->text()), dlgtext::Keep(m_shortCode->text()));
 }
+
+} // namespace velto

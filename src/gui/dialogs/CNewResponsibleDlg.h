@@ -6,6 +6,8 @@
 
 class QLineEdit;
 
+namespace velto {
+
 class CNewResponsibleDlg : public QDialog {
     Q_OBJECT
 public:
@@ -17,3 +19,5 @@ private:
     QLineEdit* m_name;
     QLineEdit* m_shortCode;
 };
+
+} // namespace velto

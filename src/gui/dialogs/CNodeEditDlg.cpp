@@ -26,6 +26,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+namespace velto {
+
 namespace {
 
 QGroupBox* GroupWith(const char* title, std::initializer_list<QWidget*> content, QWidget* parent) {
@@ -247,8 +249,9 @@ void CNodeEditDlg::ApplyVisibility() {
 }
 
 void CNodeEditDlg::RegenerateAutomaticEntries() {
-    ::RegenerateAutomaticEntries(*m_copy, dlgtext::Keep(m_planned->Text()), dlgtext::Keep(m_needed->text()),
-                                 dlgtext::Keep(m_rate->Text()), CTime::GetCurrentTime());
+    velto::RegenerateAutomaticEntries(*m_copy, dlgtext::Keep(m_planned->Text()),
+                                      dlgtext::Keep(m_needed->text()), dlgtext::Keep(m_rate->Text()),
+                                      CTime::GetCurrentTime());
     m_entries->RefreshCosts();
 }
 
@@ -325,3 +328,5 @@ void CNodeEditDlg::accept() {
     CommitWorkingCopy(m_node, *m_copy, CTime::GetCurrentTime());
     QDialog::accept();
 }
+
+} // namespace velto

@@ -10,10 +10,6 @@
 #include <memory>
 #include <string>
 
-class EntryPanel;
-class CProjectNode;
-class StepEdit;
-class Prompter;
 class QAbstractButton;
 class QButtonGroup;
 class QCheckBox;
@@ -24,6 +20,13 @@ class QLabel;
 class QLayout;
 class QLineEdit;
 class QPushButton;
+
+namespace velto {
+
+class EntryPanel;
+class CProjectNode;
+class StepEdit;
+class Prompter;
 
 // What the dialog needs from the project around the node.
 struct NodeEditContext {
@@ -99,3 +102,5 @@ private:
     StepEdit* m_rate;
     EntryPanel* m_entries;
 };
+
+} // namespace velto

@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+namespace velto {
+
 namespace {
 
 QComboBox* NumberList(int first, int count, int stride, QWidget* parent) {
@@ -54,3 +56,5 @@ CTime CReminderDlg::Chosen() const {
     return ReminderTime(ToCalendarDay(m_day->date()), m_hour->currentText().toInt(),
                         m_minute->currentText().toInt());
 }
+
+} // namespace velto

@@ -9,6 +9,8 @@
 class QComboBox;
 class QDateEdit;
 
+namespace velto {
+
 class CReminderDlg : public QDialog {
     Q_OBJECT
 public:
@@ -25,3 +27,5 @@ private:
     QComboBox* m_minute;
     bool m_switchedOff = false;
 };
+
+} // namespace velto

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace velto {
+
 namespace {
 
 std::vector<std::string> Items(const QListWidget* list) {
@@ -63,3 +65,5 @@ void CResponsibleDlg::AddNewPerson() {
     // A new person is chosen at once, as if "Auswählen" had been pressed.
     accept();
 }
+
+} // namespace velto

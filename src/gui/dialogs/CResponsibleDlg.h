@@ -5,8 +5,11 @@
 
 #include <string>
 
-class CProjectNode;
 class QListWidget;
+
+namespace velto {
+
+class CProjectNode;
 
 class CResponsibleDlg : public QDialog {
     Q_OBJECT
@@ -21,3 +24,5 @@ private:
 
     QListWidget* m_list;
 };
+
+} // namespace velto

@@ -17,6 +17,8 @@
 #include <array>
 #include <limits>
 
+namespace velto {
+
 namespace {
 struct Column {
     const char* header;
@@ -163,3 +165,5 @@ void CRestoreDlg::Accept(Choice choice, const ProjectState& state) {
     m_chosenPath = state.path;
     accept();
 }
+
+} // namespace velto

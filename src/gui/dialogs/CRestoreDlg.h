@@ -8,9 +8,12 @@
 
 #include <vector>
 
-class Prompter;
 class QPushButton;
 class QTreeWidget;
+
+namespace velto {
+
+class Prompter;
 
 class CRestoreDlg : public QDialog {
     Q_OBJECT
@@ -48,3 +51,5 @@ private:
     Choice m_choice = Choice::None;
     std::string m_chosenPath;
 };
+
+} // namespace velto

@@ -20,6 +20,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+namespace velto {
+
 namespace {
 
 QString Text(const char* utf8) {
@@ -170,3 +172,5 @@ bool EditSettings(QWidget* parent, SettingsStore& store, Desktop& desktop) {
     CSettingsDlg dialog(store, desktop, parent);
     return dialog.exec() == QDialog::Accepted;
 }
+
+} // namespace velto

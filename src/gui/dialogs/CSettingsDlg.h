@@ -8,7 +8,6 @@
 
 #include <array>
 
-class Desktop;
 class QAbstractButton;
 class QCheckBox;
 class QComboBox;
@@ -16,6 +15,10 @@ class QGroupBox;
 class QLineEdit;
 class QRadioButton;
 class QSpinBox;
+
+namespace velto {
+
+class Desktop;
 
 class CSettingsDlg : public QDialog {
     Q_OBJECT
@@ -52,3 +55,5 @@ private:
 
 // Runs "Einstellungen" modally; true when the settings were written.
 bool EditSettings(QWidget* parent, SettingsStore& store, Desktop& desktop);
+
+} // namespace velto

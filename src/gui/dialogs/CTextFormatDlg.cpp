@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace velto {
+
 namespace {
 
 QCheckBox* NewCheck(const char* text, bool checked, QWidget* parent) {
@@ -74,3 +76,5 @@ void CTextFormatDlg::ShowColor() {
     swatch.fill(ColorFromColorRef(m_color));
     m_colorButton->setIcon(QIcon(swatch));
 }
+
+} // namespace velto

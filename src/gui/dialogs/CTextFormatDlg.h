@@ -8,6 +8,8 @@ class QCheckBox;
 class QComboBox;
 class QPushButton;
 
+namespace velto {
+
 // The six values the dialog edits; the colour is a COLORREF (red in the low byte).
 struct TitleFormat {
     std::string fontName;
@@ -36,3 +38,5 @@ private:
     QPushButton* m_colorButton;
     int m_color;
 };
+
+} // namespace velto

@@ -4,6 +4,8 @@
 #include <QPainterPath>
 #include <QPixmap>
 
+namespace velto {
+
 namespace {
 
 constexpr int kSize = 32;
@@ -62,3 +64,5 @@ QIcon ResponsibleIcon() {
     painter.drawChord(QRectF(5, 17, 22, 22), 0, 180 * 16);
     return QIcon(pixmap);
 }
+
+} // namespace velto

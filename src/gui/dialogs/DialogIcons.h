@@ -3,6 +3,10 @@
 // responsible person. Drawn here so that the program ships no image files for them.
 #include <QIcon>
 
+namespace velto {
+
 QIcon ReminderOffIcon();
 QIcon ReminderOnIcon();
 QIcon ResponsibleIcon();
+
+} // namespace velto

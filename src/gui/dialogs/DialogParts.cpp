@@ -11,6 +11,8 @@
 #include <QShortcut>
 #include <QTimeEdit>
 
+namespace velto {
+
 QDialogButtonBox* NewButtonRow(QDialog* dialog, const QString& okText, const QString& cancelText) {
     auto* buttons = new QDialogButtonBox(dialog);
     buttons->addButton(okText, QDialogButtonBox::AcceptRole)->setDefault(true);
@@ -71,3 +73,5 @@ HoursInput ReadHoursInput(const QDateEdit& day, const QTimeEdit& begin, const QT
             dlgtext::Keep(assignee.currentText()),
             dlgtext::Keep(remark.currentText())};
 }
+
+} // namespace velto

@@ -17,6 +17,8 @@ class QDialogButtonBox;
 class QTimeEdit;
 class QWidget;
 
+namespace velto {
+
 // A button row whose accept button says okText and whose reject button says cancelText; it
 // accepts and rejects the dialog.
 QDialogButtonBox* NewButtonRow(QDialog* dialog, const QString& okText = "OK",
@@ -39,3 +41,5 @@ CalendarDay ToCalendarDay(const QDate& date);
 // The hours entry that the day, the two times and the two text combos of an input row describe.
 HoursInput ReadHoursInput(const QDateEdit& day, const QTimeEdit& begin, const QTimeEdit& end,
                           const QComboBox& assignee, const QComboBox& remark);
+
+} // namespace velto

@@ -5,7 +5,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-namespace dlgtext {
+namespace velto::dlgtext {
 
 QString Show(std::string_view cp1252Bytes) {
     return ToQString(cp1252Bytes);
@@ -27,4 +27,4 @@ void Restrict(QComboBox* editableCombo) {
     editableCombo->setValidator(new Cp1252Validator(editableCombo));
 }
 
-} // namespace dlgtext
+} // namespace velto::dlgtext

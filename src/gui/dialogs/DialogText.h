@@ -11,7 +11,7 @@
 class QComboBox;
 class QLineEdit;
 
-namespace dlgtext {
+namespace velto::dlgtext {
 
 // Lossless for all 256 byte values; both go through the GUI's one Windows-1252 helper.
 QString Show(std::string_view cp1252Bytes);
@@ -28,4 +28,4 @@ public:
 void Restrict(QLineEdit* edit);
 void Restrict(QComboBox* editableCombo);
 
-} // namespace dlgtext
+} // namespace velto::dlgtext

@@ -5,6 +5,8 @@
 
 #include <QComboBox>
 
+namespace velto {
+
 namespace {
 
 void Refill(QComboBox* combo, const std::vector<std::string>& items) {
@@ -40,3 +42,5 @@ QComboBox* NewEntryCombo(QWidget* parent) {
     dlgtext::Restrict(combo);
     return combo;
 }
+
+} // namespace velto

@@ -8,6 +8,8 @@
 class QComboBox;
 class QWidget;
 
+namespace velto {
+
 // Empties both combos (their texts too) and fills them by the rule above.
 void FillEntryCombos(QComboBox* assignee, QComboBox* remark, const EntryHistories& histories,
                      const std::string& presetFile);
@@ -15,3 +17,5 @@ void FillEntryCombos(QComboBox* assignee, QComboBox* remark, const EntryHistorie
 void FillCombosFromHistories(QComboBox* assignee, QComboBox* remark, const EntryHistories& histories);
 // An editable combo for entry texts, limited to what Windows-1252 can hold.
 QComboBox* NewEntryCombo(QWidget* parent);
+
+} // namespace velto

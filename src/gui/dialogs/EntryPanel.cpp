@@ -28,6 +28,8 @@
 #include <algorithm>
 #include <array>
 
+namespace velto {
+
 namespace {
 
 constexpr int kColumns = 8;
@@ -415,3 +417,5 @@ void EntryPanel::ResetCostInput() {
     m_assignee->clearEditText();
     m_remark->clearEditText();
 }
+
+} // namespace velto

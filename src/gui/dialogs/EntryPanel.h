@@ -8,9 +8,6 @@
 
 #include <string>
 
-class CProjectNode;
-class StepEdit;
-class Prompter;
 class QComboBox;
 class QDateEdit;
 class QGroupBox;
@@ -21,6 +18,12 @@ class QRadioButton;
 class QTimeEdit;
 class QTreeWidget;
 class QTreeWidgetItem;
+
+namespace velto {
+
+class CProjectNode;
+class StepEdit;
+class Prompter;
 struct CCostEntry;
 template <class Entry> class EntryList;
 
@@ -91,3 +94,5 @@ private:
     QPushButton* m_takeBack;
     QTreeWidget* m_list;
 };
+
+} // namespace velto

@@ -7,6 +7,8 @@
 #include "document/CVeltoDoc.h"
 #include "files/DataDir.h"
 
+namespace velto {
+
 namespace {
 
 EntryHistories HistoriesOf(const CVeltoDoc& doc) {
@@ -48,3 +50,5 @@ bool EditAssigneePresets(QWidget* parent, Prompter& prompter) {
     CAssigneeDlg dialog(AssigneeFilePath(), prompter, parent);
     return dialog.exec() == QDialog::Accepted;
 }
+
+} // namespace velto

@@ -1,10 +1,14 @@
 #pragma once
+
+class QWidget;
+
+namespace velto {
+
 // The node dialogs as the view's commands run them on a document: what goes in (the histories, the
 // node list, the preset file) and what comes back (histories, modified flag, updated views).
 class CProjectNode;
 class CVeltoDoc;
 class Prompter;
-class QWidget;
 
 // "Knoten bearbeiten" for node (the document's current node). OK takes the undo copy of the tree
 // first, then writes the node, hands the histories back, marks the document modified and updates
@@ -19,3 +23,5 @@ bool ClockOutNodeOfDocument(QWidget* parent, CVeltoDoc& doc, CProjectNode& node,
 // "Bearbeiter / Komission": edits the presets of "Bearbeiter.dat" in the data directory. Returns
 // whether the file was written.
 bool EditAssigneePresets(QWidget* parent, Prompter& prompter);
+
+} // namespace velto

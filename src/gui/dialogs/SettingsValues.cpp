@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace velto {
+
 namespace {
 constexpr int kStartBit = 1;
 constexpr int kDueBit = 2;
@@ -42,3 +44,5 @@ void WriteSettingsValues(SettingsSession& settings, const SettingsValues& values
     settings.Set(setting::SortByDue, values.sortByDue ? 1 : 0);
     settings.Set(setting::BarInNodeColor, values.barInNodeColour ? 1 : 0);
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 
 #include <array>
 
+namespace velto {
+
 struct SettingsValues {
     std::array<QString, 3> startFiles; // "Datei1" .. "Datei3"; empty opens nothing
     QString noteFontName = QString::fromUtf8(setting::NoteFontName.fallback);
@@ -26,3 +28,5 @@ void WriteSettingsValues(SettingsSession& settings, const SettingsValues& values
 
 // "Datum": 0 none, 1 start, 2 due, 3 both.
 int DatePrefixFrom(bool showStartDate, bool showDueDate);
+
+} // namespace velto

@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QToolButton>
 
+namespace velto {
+
 namespace {
 
 QToolButton* StepButton(const char* text, const QString& toolTip, QWidget* parent) {
@@ -78,3 +80,5 @@ QString StepEdit::Text() const {
 void StepEdit::SetText(const QString& text) {
     m_edit->setText(text);
 }
+
+} // namespace velto

@@ -6,6 +6,8 @@
 class QLineEdit;
 class QToolButton;
 
+namespace velto {
+
 class StepEdit : public QWidget {
     Q_OBJECT
 public:
@@ -36,3 +38,5 @@ private:
     QToolButton* m_plus;
     QToolButton* m_minus;
 };
+
+} // namespace velto

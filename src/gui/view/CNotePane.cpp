@@ -28,6 +28,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace velto {
+
 using notetext::Effect;
 
 namespace {
@@ -455,3 +457,5 @@ QString CNotePane::ProjectFolder() const {
     const std::string& path = m_doc.GetPathName();
     return path.empty() ? QString() : QFileInfo(FromCorePath(path)).absolutePath();
 }
+
+} // namespace velto

@@ -15,13 +15,16 @@
 #include <memory>
 #include <optional>
 
+class QMenu;
+class QTextEdit;
+class QToolButton;
+
+namespace velto {
+
 class CProjectNode;
 class CVeltoDoc;
 class NoteEditor;
 class Prompter;
-class QMenu;
-class QTextEdit;
-class QToolButton;
 
 namespace notetext {
 class NoteLinkOpener;
@@ -123,3 +126,5 @@ private:
     // The note commands, the edit commands and the format buttons.
     CommandMap m_commands;
 };
+
+} // namespace velto

@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <array>
 
+namespace velto {
+
 namespace {
 // Commands of the view whose features come later (search, my tasks, reports, printing, alarm):
 // the view claims them so they show disabled instead of reaching the main frame.
@@ -449,3 +451,5 @@ QString CVeltoView::NodeInfoLine(const CProjectNode& node, bool costs) {
             (costs ? QString::fromUtf8("€") : QStringLiteral("h"));
     return line;
 }
+
+} // namespace velto

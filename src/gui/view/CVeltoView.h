@@ -11,11 +11,14 @@
 #include <QTimer>
 #include <QWidget>
 
+class QMenu;
+
+namespace velto {
+
 struct ShellState;
 class CGrafik;
 class CNotePane;
 class CProjectNode;
-class QMenu;
 
 // The view values a project file keeps.
 struct ViewLayout {
@@ -122,3 +125,5 @@ private:
     bool m_sortAscending = true;
     CommandMap m_commands;
 };
+
+} // namespace velto

@@ -3,6 +3,8 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 
+namespace velto {
+
 NoteEditor::NoteEditor(QWidget* parent) : QTextEdit(parent) {}
 
 void NoteEditor::keyPressEvent(QKeyEvent* event) {
@@ -29,3 +31,5 @@ void NoteEditor::focusOutEvent(QFocusEvent* event) {
 void NoteEditor::contextMenuEvent(QContextMenuEvent* event) {
     emit contextMenuWanted(event->globalPos());
 }
+
+} // namespace velto

@@ -4,6 +4,8 @@
 // focus lost, and the wish for a context menu.
 #include <QTextEdit>
 
+namespace velto {
+
 class NoteEditor : public QTextEdit {
     Q_OBJECT
 public:
@@ -25,3 +27,5 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 };
+
+} // namespace velto

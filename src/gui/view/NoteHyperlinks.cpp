@@ -12,7 +12,7 @@
 
 #include <string_view>
 
-namespace notetext {
+namespace velto::notetext {
 namespace {
 
 std::u16string_view View(const QString& text) {
@@ -166,4 +166,4 @@ void OpenNoteLink(const QString& target, const QString& projectFolder, NoteLinkO
                       PromptIcon::Warning);
 }
 
-} // namespace notetext
+} // namespace velto::notetext

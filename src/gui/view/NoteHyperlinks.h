@@ -11,6 +11,8 @@
 
 #include <optional>
 
+namespace velto {
+
 class Prompter;
 
 namespace notetext {
@@ -67,3 +69,5 @@ void OpenNoteLink(const QString& target, const QString& projectFolder, NoteLinkO
                   Prompter& prompter);
 
 } // namespace notetext
+
+} // namespace velto

@@ -10,6 +10,8 @@
 
 #include <functional>
 
+namespace velto {
+
 namespace {
 // Drawn on a 16 x 16 grid and scaled to each size.
 using Drawing = std::function<void(QPainter&)>;
@@ -115,3 +117,5 @@ QIcon NoteButtonIcon(int buttonId) {
         return CommandIcon(*command);
     return QIcon::fromTheme(QString::fromLatin1(ThemeNameOf(buttonId)), PaintedIcon(DrawingOf(buttonId)));
 }
+
+} // namespace velto

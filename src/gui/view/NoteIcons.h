@@ -3,4 +3,8 @@
 // else drawn here, like the program's other buttons.
 #include <QIcon>
 
+namespace velto {
+
 QIcon NoteButtonIcon(int buttonId);
+
+} // namespace velto

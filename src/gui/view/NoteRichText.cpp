@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace notetext {
+namespace velto::notetext {
 namespace {
 
 constexpr int kHalfPointsProperty = QTextFormat::UserProperty + 1;
@@ -173,4 +173,4 @@ double DisplayPoints(int halfPoints) {
     return std::clamp(halfPoints / 2.0, kSmallestShownPoints, kLargestShownPoints);
 }
 
-} // namespace notetext
+} // namespace velto::notetext

@@ -9,7 +9,7 @@
 
 class QTextDocument;
 
-namespace notetext {
+namespace velto::notetext {
 
 // Replaces the document's content with the note; the undo history starts afresh and the document
 // counts as unmodified.
@@ -28,4 +28,4 @@ void SetHalfPoints(QTextCharFormat& format, int halfPoints);
 // The point size the screen uses for a kept size: any size is kept, only sizes Qt can draw are shown.
 double DisplayPoints(int halfPoints);
 
-} // namespace notetext
+} // namespace velto::notetext

@@ -3,7 +3,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
-namespace notetext {
+namespace velto::notetext {
 namespace {
 
 bool HasEffect(const QTextCharFormat& format, Effect effect) {
@@ -68,4 +68,4 @@ QTextCharFormat FormatOfSelection(const QTextCursor& cursor) {
     return first.charFormat();
 }
 
-} // namespace notetext
+} // namespace velto::notetext

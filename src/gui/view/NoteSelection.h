@@ -7,7 +7,7 @@
 
 #include <optional>
 
-namespace notetext {
+namespace velto::notetext {
 
 enum class Effect { Bold, Italic, Underline };
 
@@ -22,4 +22,4 @@ QTextCharFormat EffectFormat(Effect effect, bool on);
 // The format of the selection's first character.
 QTextCharFormat FormatOfSelection(const QTextCursor& cursor);
 
-} // namespace notetext
+} // namespace velto::notetext

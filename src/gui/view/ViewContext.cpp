@@ -5,6 +5,8 @@
 
 #include <QColorDialog>
 
+namespace velto {
+
 ViewContext ReadViewContext(const SettingsSession& settings, const std::string& holidayFile) {
     ViewContext context;
     context.chart.datePrefix = setting::DatePrefixOf(settings.Find(setting::DatePrefix));
@@ -23,3 +25,5 @@ std::optional<int> ChooseColourWithDialog(QWidget* parent, int colorRef) {
         return std::nullopt;
     return ColorRefOf(chosen);
 }
+
+} // namespace velto

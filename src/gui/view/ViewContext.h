@@ -10,6 +10,9 @@
 #include <vector>
 
 class QWidget;
+
+namespace velto {
+
 class SettingsSession;
 
 struct ViewContext {
@@ -27,3 +30,5 @@ ViewContext ReadViewContext(const SettingsSession& settings, const std::string& 
 
 // The colour dialog; a COLORREF (red in the low byte) or nothing when cancelled.
 std::optional<int> ChooseColourWithDialog(QWidget* parent, int colorRef);
+
+} // namespace velto

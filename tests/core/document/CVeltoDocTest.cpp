@@ -10,6 +10,8 @@
 #include <tuple>
 #include <unistd.h>
 
+namespace velto {
+
 using namespace doctest;
 using ::testing::HasSubstr;
 
@@ -336,3 +338,5 @@ TEST_F(DocOpenTest, UnreadableProjectIsNotOpenedButAnImplausibleHeaderOpensTheRe
 }
 
 } // namespace
+
+} // namespace velto

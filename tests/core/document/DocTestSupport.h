@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace doctest {
+namespace velto::doctest {
 
 using testsupport::ReadFile;
 using testsupport::TempDirTest;
@@ -142,4 +142,4 @@ protected:
     std::string lock = PathOf("Plan.~~~");
 };
 
-} // namespace doctest
+} // namespace velto::doctest

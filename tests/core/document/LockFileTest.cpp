@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <tuple>
 
+namespace velto {
+
 using namespace doctest;
 using namespace std::string_literals;
 
@@ -115,3 +117,5 @@ TEST(WholeFile, PartialReadsAndWritesAddUpToTheWholeFileAndNoProgressIsAFullDisk
 }
 
 } // namespace
+
+} // namespace velto

@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 #include <tuple>
 
+namespace velto {
+
 namespace {
 
 // Project file bytes put together by hand, independent of the writer under test.
@@ -422,3 +424,5 @@ TEST(ProjectFileStream, LargeProjectsGoInPiecesAndAShortOrFailingSourceOrSinkIsA
 }
 
 } // namespace
+
+} // namespace velto

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 
+namespace velto {
+
 using namespace doctest;
 using ::testing::HasSubstr;
 
@@ -55,3 +57,5 @@ TEST_F(ProjectStatesTest, ListsBackupsNewestFirstThenInterruptedSavesAndShowsDam
 }
 
 } // namespace
+
+} // namespace velto

@@ -8,6 +8,8 @@
 
 #include <cerrno>
 
+namespace velto {
+
 using namespace doctest;
 using Outcome = SaveResult::Outcome;
 
@@ -127,3 +129,5 @@ TEST_F(SafeSaveTest, RepairPutsBackupsInOrderAndDropsOnlyASixth) {
 }
 
 } // namespace
+
+} // namespace velto

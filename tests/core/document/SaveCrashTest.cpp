@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace velto {
+
 using namespace doctest;
 
 namespace {
@@ -184,3 +186,5 @@ TEST_F(SaveCrashTest, OfTwoEditorsSavingAtOnceExactlyOneWrites) {
 }
 
 } // namespace
+
+} // namespace velto

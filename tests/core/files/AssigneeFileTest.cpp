@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 using Presets = std::vector<std::string>;
@@ -41,3 +43,5 @@ TEST(AssigneeFile, SavedPresetsComeBackAndContentMeansAtLeastOneByte) {
 }
 
 } // namespace
+
+} // namespace velto

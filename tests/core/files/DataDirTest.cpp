@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <optional>
 
+namespace velto {
+
 using testsupport::TempDir;
 using testsupport::WriteFile;
 
@@ -66,3 +68,5 @@ TEST(DataDir, EnsureCreatesTheMissingParents) {
 }
 
 } // namespace
+
+} // namespace velto

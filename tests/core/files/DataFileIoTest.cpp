@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 using doctest::Op;
@@ -99,3 +101,5 @@ TEST(DataFilePaths, TheBackupReplacesTheExtensionOfTheFileNameOnly) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 // The entries as "day.month.year colour name JA|NEIN", one per line.
@@ -67,3 +69,5 @@ TEST(HolidayParse, QuirksOfTheOldReaderAreKept) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <tuple>
 
+namespace velto {
+
 namespace {
 
 CHoliday Entry(int day, int month, int year, std::string name = "x") {
@@ -41,3 +43,5 @@ TEST(HolidayList, KeepsTheLatestDayFirstAndDaysInTheirListedOrder) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 TEST(Environment, RunsUnderGermanLocaleAndBerlinTime) {
     // The number tests below only mean something when the C library would write a comma.
     char buffer[16];
@@ -100,3 +102,5 @@ TEST(NumberFormatTest, ReadingFollowsScanfRulesWithADot) {
     EXPECT_EQ(numfmt::ParseInt("x", -1), -1);
     EXPECT_EQ(numfmt::ParseInt("99999999999999"), INT32_MAX);
 }
+
+} // namespace velto

@@ -5,6 +5,8 @@
 #include <array>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 const CTime kNow = CalendarDay{2024, 5, 6}.At(10, 30, 0);
@@ -98,3 +100,5 @@ TEST(CostRemove, TheAutomaticEntryStaysAndTheFirstMatchingOtherEntryGoes) {
 }
 
 } // namespace
+
+} // namespace velto

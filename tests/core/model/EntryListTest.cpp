@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 namespace {
 
 CHoursEntry Hours(uint32_t day, std::string_view assignee, std::string_view remark) {
@@ -68,3 +70,5 @@ TEST(SharedText, InlineAndHeapTextsCopyAndCompareAlike) {
 }
 
 } // namespace
+
+} // namespace velto

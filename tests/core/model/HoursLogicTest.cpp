@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -107,3 +109,5 @@ TEST(History, ChoicesSkipEmptyTextsAndASingleBlank) {
 }
 
 } // namespace
+
+} // namespace velto

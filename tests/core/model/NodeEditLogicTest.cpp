@@ -8,6 +8,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 // Rows: value, one step up, one step down.
@@ -141,3 +143,5 @@ TEST_F(EditFixture, CommittingKeepsTheLinksSwapsAllThreeListsAndStampsTheChange)
 }
 
 } // namespace
+
+} // namespace velto

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -49,3 +51,5 @@ TEST(Responsible, EachPersonIsListedOnceAfterNobody) {
 }
 
 } // namespace
+
+} // namespace velto

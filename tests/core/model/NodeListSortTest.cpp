@@ -8,6 +8,8 @@
 #include <random>
 #include <vector>
 
+namespace velto {
+
 namespace {
 
 uint32_t Key(const CProjectNode* node, bool byDue) {
@@ -123,3 +125,5 @@ TEST(NodeListSort, MatchesTheStepByStepSortOnRandomOutlinesSoundAndMalformed) {
 }
 
 } // namespace
+
+} // namespace velto

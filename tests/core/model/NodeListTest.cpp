@@ -8,6 +8,8 @@
 #include <climits>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 const std::string kNote = "{\\rtf1 default}";
@@ -238,3 +240,5 @@ TEST(NodeListQuery, CountChildrenAndSubtreeBounds) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace velto {
+
 struct NodeSpec {
     int level;
     std::string title;
@@ -73,3 +75,5 @@ inline std::string Flagged(const CProjectNode* first, int CProjectNode::*flag) {
     }
     return out;
 }
+
+} // namespace velto

@@ -1,6 +1,8 @@
 #include "outline/ChartCalendar.h"
 #include "core/outline/OutlineTestSupport.h"
 
+namespace velto {
+
 using namespace chartcal;
 using charttest::Holiday;
 
@@ -43,3 +45,5 @@ TEST(ChartCalendar, YearlyHolidaysRecurDatedOnesDoNotAndDamagedOnesAreIgnored) {
     EXPECT_EQ(calendar.ColourOf(DaysFromCivil(2031, 10, 3)), 2);
     EXPECT_FALSE(calendar.ColourOf(DaysFromCivil(2026, 5, 1)));
 }
+
+} // namespace velto

@@ -1,6 +1,8 @@
 #include "outline/ChartEdits.h"
 #include "core/outline/OutlineTestSupport.h"
 
+namespace velto {
+
 using namespace charttest;
 
 class ChartEditsTest : public ::testing::Test {
@@ -72,3 +74,5 @@ TEST_F(ChartEditsTest, CopiesAreDeepAndCarryNoRunningClock) {
     EXPECT_EQ(Outline(first), "0:B 1:b1 0:R 1:A 2:a1 2:B 3:b1 1:T 1:N");
     EXPECT_EQ(CurrentNode(first)->m_strTitle, "R");
 }
+
+} // namespace velto

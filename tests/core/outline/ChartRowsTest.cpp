@@ -1,6 +1,8 @@
 #include "outline/ChartRows.h"
 #include "core/outline/OutlineTestSupport.h"
 
+namespace velto {
+
 using namespace charttest;
 
 class ChartRowsTest : public ::testing::Test {
@@ -64,3 +66,5 @@ TEST(ChartRows, DamagedLevelsNeitherCrashNorMiscount) {
     EXPECT_EQ(first->m_nRowPos, 100) << "the root's subtree ends at the node above its level";
     FreeNodeList(first);
 }
+
+} // namespace velto

@@ -9,7 +9,7 @@
 #include <initializer_list>
 #include <string>
 
-namespace charttest {
+namespace velto::charttest {
 
 inline CTime Today() {
     return CTime(2026, 3, 11, 12, 0, 0);
@@ -84,4 +84,4 @@ inline std::string Outline(const CProjectNode* first) {
     return out;
 }
 
-} // namespace charttest
+} // namespace velto::charttest

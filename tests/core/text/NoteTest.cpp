@@ -13,6 +13,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+namespace velto {
+
 using rtf::LinkKind;
 using rtf::LinkRange;
 
@@ -171,3 +173,5 @@ TEST(NoteLinkTarget, LocalPathOfAFileUrl) {
     EXPECT_EQ(rtf::LocalPathOf("file://server/share/a%zz"), "//server/share/a%zz");
     EXPECT_EQ(rtf::LocalPathOf("Anhang\\Plan%41.txt"), "Anhang\\Plan%41.txt") << "a path stays as written";
 }
+
+} // namespace velto

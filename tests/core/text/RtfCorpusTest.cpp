@@ -14,6 +14,8 @@
 #include <set>
 #include <sstream>
 
+namespace velto {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -102,3 +104,5 @@ TEST(RtfCorpus, EveryFileRoundTripsAndItsPlainTextAgreesWithAnotherWordProcessor
             << file.name << (agrees ? " agrees now: update the list" : " differs");
     }
 }
+
+} // namespace velto

@@ -6,6 +6,8 @@
 #include <climits>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 using rtf::Alignment;
 using rtf::ParagraphBreak;
 using rtf::PlainText;
@@ -280,3 +282,5 @@ TEST(RtfReaderPlainText, EqualsTheJoinedParagraphs) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace rtftest {
+namespace velto::rtftest {
 
 // The paragraphs' texts, runs joined.
 inline std::vector<std::string> Texts(const rtf::Document& document) {
@@ -38,4 +38,4 @@ inline rtf::CharFormat Format(std::string face, int halfPoints = rtf::kDefaultHa
     return format;
 }
 
-} // namespace rtftest
+} // namespace velto::rtftest

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace velto {
+
 using rtf::Alignment;
 using rtf::CharFormat;
 using rtf::Document;
@@ -118,3 +120,5 @@ TEST(RtfWriterRoundTrip, RandomDocuments) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -9,6 +9,8 @@
 
 #include <set>
 
+namespace velto {
+
 namespace {
 // A target that knows a fixed set of commands and records what it ran.
 class RecordingTarget : public CommandTarget {
@@ -141,3 +143,5 @@ TEST_F(ShellRouting, ShortcutsBelongToTheMainWindowWhicheverMenuSetIsShown) {
         EXPECT_TRUE(frame.actions().contains(action)) << info.id;
     }
 }
+
+} // namespace velto

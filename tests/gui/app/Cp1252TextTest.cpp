@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace velto {
+
 TEST(Cp1252Text, EveryByteSurvivesTheRoundTripAndOtherCharactersAreRefusedOrReplaced) {
     std::string all;
     for (int byte = 0; byte < 256; ++byte)
@@ -16,3 +18,5 @@ TEST(Cp1252Text, EveryByteSurvivesTheRoundTripAndOtherCharactersAreRefusedOrRepl
     EXPECT_EQ(ToCp1252Lossy(QString::fromUtf8("x😀y")), "x?y") << "one character beyond 16 bits";
     EXPECT_EQ(ToCp1252Lossy(QString(QChar(0xD800))), "?"); // a lone surrogate
 }
+
+} // namespace velto

@@ -16,6 +16,8 @@
 #include <QTimeEdit>
 #include <QTreeWidget>
 
+namespace velto {
+
 static QByteArray Contents(const QString& path) {
     return QByteArray::fromStdString(testsupport::ReadFile(path.toStdString()));
 }
@@ -188,3 +190,5 @@ TEST_F(DocumentFlow, RestoreIsOfferedForAProjectWithAFileAndOpensOneBackupReadOn
     EXPECT_EQ(child->GetView().NotePane().ShownNode(), doc.m_pFirstNode);
     EXPECT_FALSE(note->toPlainText().contains("Notiz"));
 }
+
+} // namespace velto

@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <set>
 
+namespace velto {
+
 namespace {
 QStringList MenuTitles(const QMenuBar* bar) {
     QStringList titles;
@@ -213,3 +215,5 @@ TEST_F(MainFrame, ConverterAndManualAreLookedForBesideTheProgram) {
     EXPECT_EQ(desktop.opened, QStringList({program.filePath("Velto.pdf")}));
     EXPECT_EQ(desktop.prompter.asked().size(), 2u);
 }
+
+} // namespace velto

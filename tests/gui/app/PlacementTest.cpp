@@ -5,6 +5,8 @@
 
 #include <climits>
 
+namespace velto {
+
 TEST(MainFramePlacement, TheStoredRectangleIsUsedOnlyWhenItLiesOnTheVirtualScreen) {
     const QRect twoScreens(-1920, 0, 3840, 1080); // a second monitor left of the first
     EXPECT_EQ(MainFramePlacement(StoredRect{-1900, 10, -1000, 700}, twoScreens), QRect(-1900, 10, 900, 690));
@@ -48,3 +50,5 @@ TEST(NewChildWindowPlacement, NewWindowsCascadeAndStayInsideTheArea) {
     // A tiny area: the window keeps a usable size at the origin rather than shrinking to nothing.
     EXPECT_EQ(NewChildWindowPlacement(QSize(100, 50), 3), QRect(0, 0, 320, 240));
 }
+
+} // namespace velto

@@ -27,6 +27,8 @@
 #include <ostream>
 #include <vector>
 
+namespace velto {
+
 // Readable QStrings in failure messages.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
@@ -156,3 +158,5 @@ protected:
     std::unique_ptr<RecentFileList> recent; // made once the settings folder is set
     std::vector<std::unique_ptr<CMainFrame>> m_frames;
 };
+
+} // namespace velto

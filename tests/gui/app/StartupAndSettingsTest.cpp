@@ -9,6 +9,8 @@
 
 #include <QFileInfo>
 
+namespace velto {
+
 using Startup = ShellTest;
 
 TEST_F(Startup, ANumberStoredAsTextCountsAsMissingAndAHandEditedTextWithCommasReadsAsWritten) {
@@ -67,3 +69,5 @@ TEST(CommandLine, FilesOptionsAndErrors) {
     EXPECT_TRUE(UsageText().startsWith("Aufruf: velto"));
     EXPECT_EQ(ParseCommandLine({"velto", "--gibtsnicht", "a.VT5"}).error, "Unbekannte Option: gibtsnicht");
 }
+
+} // namespace velto

@@ -7,6 +7,8 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -221,3 +223,5 @@ TEST_F(CGrafikClipboard, ACopyChangesNothingTheFirstNodeIsNeverCutAndAFocusedNot
 }
 
 } // namespace
+
+} // namespace velto

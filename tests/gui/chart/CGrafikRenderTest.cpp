@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -183,3 +185,5 @@ TEST(CGrafikEmpty, ADocumentWithoutNodesIsReportedAndNothingIsDrawn) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -3,6 +3,8 @@
 #include "ChartTestSupport.h"
 #include "chart/ChartText.h"
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -95,3 +97,5 @@ TEST(ChartText, RowTextCarriesTheDatePrefixAndTheResponsibleShortCode) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-namespace charttest {
+namespace velto::charttest {
 
 // Input as the window system delivers it, sent straight to the widget.
 inline void SendMouse(QWidget& widget, QEvent::Type type, QPoint pos, Qt::MouseButtons held) {
@@ -106,4 +106,4 @@ protected:
     CGrafik chart;
 };
 
-} // namespace charttest
+} // namespace velto::charttest

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QTimeEdit>
 
+namespace velto {
+
 namespace {
 
 struct ClockOutFixture : ::testing::Test {
@@ -82,3 +84,5 @@ TEST_F(ClockOutFixture, TheNodeDialogHandsBackHistoriesOnlyOnOk) {
 }
 
 } // namespace
+
+} // namespace velto

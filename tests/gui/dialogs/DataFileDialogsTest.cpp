@@ -18,6 +18,8 @@
 #include <QTreeWidget>
 #include <sys/stat.h>
 
+namespace velto {
+
 namespace {
 
 // What the list shows in one column, top to bottom.
@@ -166,3 +168,5 @@ TEST(DataFileDialogs, AFileThatCannotBeReadIsNamedAndNeverOverwritten) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -17,6 +17,8 @@
 #include <memory>
 #include <string>
 
+namespace velto {
+
 template <typename T> T* Find(const QObject& root, const char* name) {
     T* found = root.findChild<T*>(name);
     if (!found)
@@ -70,3 +72,5 @@ protected:
     EntryHistories histories;
     int undoCopies = 0;
 };
+
+} // namespace velto

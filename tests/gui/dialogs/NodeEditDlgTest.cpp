@@ -22,6 +22,8 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
+namespace velto {
+
 namespace {
 
 using NodeDialog = NodeDialogFixture;
@@ -279,3 +281,5 @@ TEST_F(EntryList, BothCostListsWithTheirAutomaticEntriesReachTheNodeOnOk) {
 }
 
 } // namespace
+
+} // namespace velto

@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QSpinBox>
 
+namespace velto {
+
 namespace {
 
 using SettingsDlg = ShellTest;
@@ -186,3 +188,5 @@ TEST_F(SettingsDlg, TheMenuCommandsOpenTheDialogsWithAndWithoutAProject) {
 }
 
 } // namespace
+
+} // namespace velto

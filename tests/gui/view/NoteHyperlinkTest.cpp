@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+namespace velto {
+
 using namespace notetest;
 
 namespace {
@@ -187,3 +189,5 @@ TEST_F(NoteLinkTargets, TheQuestionBoxDefaultsToNein) {
 }
 
 } // namespace
+
+} // namespace velto

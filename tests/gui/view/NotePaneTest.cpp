@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QToolButton>
 
+namespace velto {
+
 using namespace notetest;
 
 namespace {
@@ -189,3 +191,5 @@ TEST_F(NotePane, EditCommandsBelongToThePaneOnlyWhileItHasTheFocus) {
 }
 
 } // namespace
+
+} // namespace velto

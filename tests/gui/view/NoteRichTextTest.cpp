@@ -15,6 +15,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+namespace velto {
+
 namespace {
 
 rtf::CharFormat Format(std::string face, int halfPoints) {
@@ -112,3 +114,5 @@ TEST(NoteRichText, CorpusNotesSurviveThePane) {
 }
 
 } // namespace
+
+} // namespace velto

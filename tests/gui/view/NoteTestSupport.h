@@ -21,7 +21,7 @@
 #include <string>
 #include <vector>
 
-namespace notetest {
+namespace velto::notetest {
 
 using namespace std::string_literals;
 
@@ -147,4 +147,4 @@ protected:
     std::optional<QString> linkAnswer;
 };
 
-} // namespace notetest
+} // namespace velto::notetest

@@ -13,6 +13,8 @@
 #include <QTextEdit>
 #include <QTimer>
 
+namespace velto {
+
 using namespace charttest;
 
 namespace {
@@ -312,3 +314,5 @@ TEST_F(ViewCommands, TheNoteFollowsTheSelectionAndWhatWasTypedReachesTheUndoCopy
 }
 
 } // namespace
+
+} // namespace velto
