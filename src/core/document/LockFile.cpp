@@ -1,5 +1,6 @@
 #include "document/LockFile.h"
 
+#include "io/Process.h"
 #include "model/Cp1252.h"
 
 #include <algorithm>
@@ -24,11 +25,6 @@ size_t PutField(std::vector<uint8_t>& record, size_t at, const std::string& text
     const size_t count = std::min(text.size(), kLockRecordSize - 1 - at);
     std::copy_n(text.begin(), count, record.begin() + at);
     return at + count + 1;
-}
-
-std::string ThisHost() {
-    char host[256] = {};
-    return gethostname(host, sizeof host - 1) == 0 ? host : "";
 }
 
 // The zero-ended field starting at `at`, and where the next one starts.
@@ -92,7 +88,7 @@ std::vector<uint8_t> LockRecord(const std::string& userName, const std::string& 
 }
 
 std::vector<uint8_t> OwnLockRecord(const std::string& userName) {
-    return LockRecord(userName, ThisHost(), getpid());
+    return LockRecord(userName, ThisHostName(), ThisProcessId());
 }
 
 int ReadLockOwner(FileSystem& fs, const std::string& lockPath, LockOwner& owner) {

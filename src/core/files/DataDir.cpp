@@ -58,5 +58,8 @@ std::string HolidayFilePath() {
 std::string AssigneeFilePath() {
     return DataDirectory() + "/Bearbeiter.dat";
 }
+std::string ClockJournalPath() {
+    return DataDirectory() + "/Stempeluhr.dat";
+}
 
 } // namespace velto

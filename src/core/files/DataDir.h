@@ -1,6 +1,7 @@
 #pragma once
-// Where "Feiertage.dat" and "Bearbeiter.dat" live: $VELTO_DATA_DIR when set, else the per-user
-// application data directory ($XDG_DATA_HOME/kolvarin/Velto5, by default ~/.local/share/kolvarin/Velto5).
+// Where "Feiertage.dat", "Bearbeiter.dat" and "Stempeluhr.dat" live: $VELTO_DATA_DIR when set, else the
+// per-user application data directory ($XDG_DATA_HOME/kolvarin/Velto5, by default
+// ~/.local/share/kolvarin/Velto5).
 #include <string>
 
 namespace velto {
@@ -10,5 +11,6 @@ std::string DataDirectory();
 bool EnsureDataDirectory();
 std::string HolidayFilePath();  // DataDirectory() + "/Feiertage.dat"
 std::string AssigneeFilePath(); // DataDirectory() + "/Bearbeiter.dat"
+std::string ClockJournalPath(); // DataDirectory() + "/Stempeluhr.dat"
 
 } // namespace velto
