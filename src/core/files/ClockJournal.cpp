@@ -212,4 +212,10 @@ std::string EndedClockQuestion(const RunningClock& clock) {
            "Jetzt ausstempeln? (Nein verwirft die Stempeluhr.)";
 }
 
+std::string EndedClockNotFound(const RunningClock& clock) {
+    return "Die Stempeluhr für \"" + cp1252::ToUtf8(clock.node.title) + "\" seit " +
+           clock.clockIn.Format("%d.%m.%Y %H:%M") +
+           " gehört zu keinem Knoten dieses Projekts mehr und wird verworfen.";
+}
+
 } // namespace velto

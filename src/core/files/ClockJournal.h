@@ -65,5 +65,7 @@ CProjectNode* FindClockedNode(CProjectNode* first, const NodeIdentity& identity)
 
 // What the user is asked when a project opens with the clock of an ended Velto in the journal.
 std::string EndedClockQuestion(const RunningClock& clock);
+// What the user is told when the node of such a clock is not in the project any more.
+std::string EndedClockNotFound(const RunningClock& clock);
 
 } // namespace velto

@@ -58,6 +58,8 @@ CChildFrame* DocumentManager::OpenDocumentFile(const QString& path) {
         return nullptr;
     CChildFrame* child = AddChild(std::move(doc), true);
     m_recent.Add(key);
+    if (!child->GetDocument().m_bReadOnly)
+        child->GetView().OfferEndedClocks();
     return child;
 }
 

@@ -4,7 +4,10 @@
 #include "base/CommandTable.h"
 #include "base/ShellState.h"
 #include "chart/CGrafik.h"
+#include "common/Prompter.h"
 #include "dialogs/NodeDialogs.h"
+#include "files/ClockJournal.h"
+#include "files/DataDir.h"
 #include "model/NodeList.h"
 #include "model/NumberFormat.h"
 #include "view/CNotePane.h"
@@ -73,7 +76,7 @@ CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext cont
     setFocusProxy(m_chart);
 
     m_doc.AddObserver(this);
-    m_doc.SetClockOutHandler([this](CProjectNode& node) { ClockOutOnClose(node); });
+    m_doc.SetClockOutHandler([this](CProjectNode& node) { ClockOutNode(node); });
     m_reminderTimer.setObjectName(QStringLiteral("minuteTimer"));
     m_reminderTimer.setInterval(kReminderPeriodMs);
     connect(&m_reminderTimer, &QTimer::timeout, this, &CVeltoView::OnMinuteTimer);
@@ -360,17 +363,48 @@ void CVeltoView::ClockIn() {
     CProjectNode* node = Current();
     node->m_bClockedIn = 1;
     node->m_timeClockIn = CTime::GetCurrentTime();
-    // The running clock is not saved, so the document stays unmodified.
+    // The running clock is not saved, so the document stays unmodified; the journal keeps it.
+    RecordRunningClock(*node);
     m_chart->ZeichneAllesNeu();
+}
+
+// A document that was never saved has no path to find the clock again by.
+void CVeltoView::RecordRunningClock(const CProjectNode& node) {
+    if (m_doc.GetPathName().empty())
+        return;
+    EnsureDataDirectory();
+    const std::string journal = ClockJournalPath();
+    if (const SaveOutcome saved =
+            RecordClock(journal, ClockOfNode(m_doc.GetPathName(), m_doc.m_pFirstNode, node));
+        !saved)
+        m_doc.GetPrompter().Tell(CannotSaveDataFileMessage(journal, saved.error), Prompter::kCaption,
+                                 PromptIcon::Warning);
 }
 
 void CVeltoView::ClockOut() {
-    ClockOutNodeOfDocument(this, m_doc, *Current(), m_doc.GetPrompter());
+    ClockOutNode(*Current());
+}
+
+void CVeltoView::ClockOutNode(CProjectNode& node) {
+    const RunningClock clock = ClockOfNode(m_doc.GetPathName(), m_doc.m_pFirstNode, node);
+    ClockOutNodeOfDocument(this, m_doc, node, m_doc.GetPrompter());
+    ForgetClock(ClockJournalPath(), clock);
     m_chart->ZeichneAllesNeu();
 }
 
-void CVeltoView::ClockOutOnClose(CProjectNode& node) {
-    ClockOutNodeOfDocument(this, m_doc, node, m_doc.GetPrompter());
+void CVeltoView::OfferEndedClocks() {
+    const std::string journal = ClockJournalPath();
+    for (const RunningClock& clock : EndedClocksOf(ReadClockJournal(journal), m_doc.GetPathName())) {
+        CProjectNode* node = FindClockedNode(m_doc.m_pFirstNode, clock.node);
+        if (!node)
+            m_doc.GetPrompter().Tell(EndedClockNotFound(clock), Prompter::kCaption, PromptIcon::Warning);
+        else if (m_doc.GetPrompter().AskYesNo(Prompter::kCaption, EndedClockQuestion(clock))) {
+            node->m_bClockedIn = 1;
+            node->m_timeClockIn = clock.clockIn;
+            ClockOutNodeOfDocument(this, m_doc, *node, m_doc.GetPrompter());
+        }
+        ForgetClock(journal, clock);
+    }
     m_chart->ZeichneAllesNeu();
 }
 

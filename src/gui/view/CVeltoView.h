@@ -36,6 +36,10 @@ public:
     static constexpr int kReminderPeriodMs = 60000;
 
     CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext context = {}, QWidget* parent = nullptr);
+
+    // Offers the clocks of this project that a Velto left running when it ended: each is clocked
+    // out through the dialog with its recorded begin, or discarded, and leaves the journal.
+    void OfferEndedClocks();
     ~CVeltoView() override;
 
     CVeltoDoc& GetDocument() const { return m_doc; }
@@ -98,7 +102,8 @@ private:
     void ChooseNodeColour();
     void ClockIn();
     void ClockOut();
-    void ClockOutOnClose(CProjectNode& node);
+    void ClockOutNode(CProjectNode& node);
+    void RecordRunningClock(const CProjectNode& node);
     // F6 and Shift+F6: with two panes, both move the focus to the other one.
     void SwitchPane();
     void ShowContextMenu(const QPoint& pos);

@@ -5,7 +5,10 @@
 #include "base/CommandIds.h"
 #include "dialogs/CClockOutDlg.h"
 #include "dialogs/CRestoreDlg.h"
+#include "files/ClockJournal.h"
+#include "files/DataDir.h"
 #include "gui/dialogs/DialogTestSupport.h"
+#include "support/EndedProcess.h"
 #include "support/TempDir.h"
 #include "view/CNotePane.h"
 #include "view/CVeltoView.h"
@@ -115,6 +118,41 @@ TEST_F(DocumentFlow, ClosingAProjectWithARunningClockClocksOutThroughTheDialogAn
     EXPECT_FALSE(task->m_bClockedIn);
     EXPECT_FALSE(task->m_pHours.empty());
     EXPECT_EQ(frame.Children().size(), 1);
+}
+
+TEST_F(DocumentFlow, AClockOfAVeltoThatEndedIsOfferedBackWithItsBeginWhenTheProjectOpens) {
+    qputenv("VELTO_DATA_DIR", QFile::encodeName(TempPath("daten")));
+    const QString path = WriteProject("Uhr.VT5");
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.Documents().OpenDocumentFile(path);
+    child->GetDocument().m_pFirstNode->m_nKind = kKindTask;
+    ASSERT_TRUE(frame.Router().Execute(cmd::ClockIn));
+    ClockJournalContent journal = ReadClockJournal(ClockJournalPath());
+    ASSERT_EQ(journal.clocks.size(), 1u);
+    // The Velto that clocked in is killed: its clock stays in the journal only.
+    journal.clocks[0].processId = testsupport::EndedProcessId();
+    journal.clocks[0].clockIn = journal.clocks[0].clockIn - 7200;
+    testsupport::WriteFile(ClockJournalPath(), FormatClockJournal(journal));
+    child->GetDocument().m_pFirstNode->m_bClockedIn = 0;
+    ASSERT_TRUE(child->close());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    desktop.prompter.Answer(PromptAnswer::Yes);
+    const QTime begin = QDateTime::fromSecsSinceEpoch(journal.clocks[0].clockIn.GetTime()).time();
+    OnNextModal<CClockOutDlg>([begin](CClockOutDlg& dialog) {
+        EXPECT_EQ(Find<QTimeEdit>(dialog, "begin")->time().toString("HH:mm"), begin.toString("HH:mm"));
+        Find<QTimeEdit>(dialog, "begin")->setTime(QTime(8, 0));
+        Find<QTimeEdit>(dialog, "end")->setTime(QTime(9, 0));
+        ClickOk(dialog);
+    });
+    child = frame.Documents().OpenDocumentFile(path);
+    ASSERT_EQ(desktop.prompter.asked().size(), 1u);
+    EXPECT_NE(desktop.prompter.asked()[0].text.find("\"Projektname\" läuft seit " +
+                                                    journal.clocks[0].clockIn.Format("%d.%m.%Y %H:%M")),
+              std::string::npos);
+    EXPECT_FALSE(child->GetDocument().m_pFirstNode->m_pHours.empty());
+    EXPECT_TRUE(ReadClockJournal(ClockJournalPath()).clocks.empty());
+    qunsetenv("VELTO_DATA_DIR");
 }
 
 TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {
