@@ -121,7 +121,7 @@ TEST_F(DocumentFlow, ClosingAProjectWithARunningClockClocksOutThroughTheDialogAn
 }
 
 TEST_F(DocumentFlow, AClockOfAVeltoThatEndedIsOfferedBackWithItsBeginWhenTheProjectOpens) {
-    qputenv("VELTO_DATA_DIR", QFile::encodeName(TempPath("daten")));
+    const DataDirOverride data(TempPath("daten"));
     const QString path = WriteProject("Uhr.VT5");
     CMainFrame& frame = MakeFrame();
     CChildFrame* child = frame.Documents().OpenDocumentFile(path);
@@ -152,7 +152,6 @@ TEST_F(DocumentFlow, AClockOfAVeltoThatEndedIsOfferedBackWithItsBeginWhenTheProj
               std::string::npos);
     EXPECT_FALSE(child->GetDocument().m_pFirstNode->m_pHours.empty());
     EXPECT_TRUE(ReadClockJournal(ClockJournalPath()).clocks.empty());
-    qunsetenv("VELTO_DATA_DIR");
 }
 
 TEST_F(DocumentFlow, TheViewValuesTravelWithTheFile) {

@@ -34,6 +34,18 @@ inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
 }
 
+// Points the data folder at a folder of the test while it runs, and back afterwards.
+class DataDirOverride {
+public:
+    explicit DataDirOverride(const QString& folder) : m_previous(qgetenv("VELTO_DATA_DIR")) {
+        qputenv("VELTO_DATA_DIR", QFile::encodeName(folder));
+    }
+    ~DataDirOverride() { qputenv("VELTO_DATA_DIR", m_previous); }
+
+private:
+    QByteArray m_previous;
+};
+
 // The entries of a menu, "-" for a separator.
 inline QStringList MenuTexts(const QMenu& menu) {
     QStringList texts;

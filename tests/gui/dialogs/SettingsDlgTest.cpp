@@ -154,13 +154,6 @@ TEST_F(SettingsDlg, AnUnusableStoreIsReportedOnOpeningAndOnOk) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
-// Points the data directory at a folder of the test while it runs.
-class DataDirOverride {
-public:
-    explicit DataDirOverride(const QString& folder) { qputenv("VELTO_DATA_DIR", QFile::encodeName(folder)); }
-    ~DataDirOverride() { qunsetenv("VELTO_DATA_DIR"); }
-};
-
 template <typename D> void ExpectOpensAndCancel(CMainFrame& frame, int id) {
     bool opened = false;
     OnNextModal<D>([&opened](D& dialog) {
