@@ -133,4 +133,21 @@ bool BookClockOut(CProjectNode& node, const HoursInput& input) {
     return true;
 }
 
+namespace {
+bool SameDay(CTime a, CTime b) {
+    return a.GetYear() == b.GetYear() && a.GetMonth() == b.GetMonth() && a.GetDay() == b.GetDay();
+}
+} // namespace
+
+ClockOutProposal ProposeClockOut(CTime begin, CTime now) {
+    const std::string since = "Die Uhr läuft seit " + begin.Format("%d.%m.%Y %H:%M");
+    if (!SameDay(begin, now))
+        return {CTime(begin.GetYear(), begin.GetMonth(), begin.GetDay(), 23, 59, 0),
+                since + " über Mitternacht. Ein Eintrag endet am Tag seines Beginns: "
+                        "vorgeschlagen ist 23:59 Uhr. Bitte das Ende prüfen."};
+    if (now - begin > kLongClockSeconds)
+        return {now, since + ", länger als 12 Stunden. Bitte Beginn und Ende prüfen."};
+    return {now, {}};
+}
+
 } // namespace velto

@@ -86,4 +86,15 @@ void StopClock(CProjectNode& node);
 // of the dialog when shorter than a minute.
 bool BookClockOut(CProjectNode& node, const HoursInput& input);
 
+// What the clock-out dialog proposes for a clock that began at begin and is stopped now. An entry
+// lies within one day, so a clock that ran past midnight is proposed to end at 23:59 on the day it
+// began; a clock of more than twelve hours was most likely forgotten. Both come with a hint, so the
+// user corrects the entry instead of losing it to "Startzeit größer gleich Endzeit!".
+struct ClockOutProposal {
+    CTime end;
+    std::string hint; // empty for a clock that ran as usual
+};
+inline constexpr int64_t kLongClockSeconds = 12 * 3600;
+ClockOutProposal ProposeClockOut(CTime begin, CTime now);
+
 } // namespace velto

@@ -18,7 +18,7 @@ CClockOutDlg::CClockOutDlg(const std::string& title, CTime begin, CTime end, con
                            Prompter& prompter, QWidget* parent)
     : QDialog(parent), m_prompter(prompter), m_histories(histories), m_day(NewDayPicker(this)),
       m_begin(NewTimePicker(this)), m_end(NewTimePicker(this)), m_assignee(NewEntryCombo(this)),
-      m_remark(NewEntryCombo(this)) {
+      m_remark(NewEntryCombo(this)), m_hint(new QLabel(this)) {
     setWindowTitle("Ausstempeln: " + dlgtext::Show(title));
     m_day->setObjectName("day");
     m_begin->setObjectName("begin");
@@ -39,7 +39,16 @@ CClockOutDlg::CClockOutDlg(const std::string& title, CTime begin, CTime end, con
     }
     layout->setColumnStretch(3, 1);
     layout->setColumnStretch(4, 1);
-    layout->addWidget(NewButtonRow(this, "Zu Liste hinzufügen", "Verwerfen"), 2, 0, 1, 5);
+    m_hint->setObjectName("hint");
+    m_hint->setWordWrap(true);
+    m_hint->hide();
+    layout->addWidget(m_hint, 2, 0, 1, 5);
+    layout->addWidget(NewButtonRow(this, "Zu Liste hinzufügen", "Verwerfen"), 3, 0, 1, 5);
+}
+
+void CClockOutDlg::ShowHint(const std::string& hint) {
+    m_hint->setText(QString::fromStdString(hint));
+    m_hint->setVisible(!hint.empty());
 }
 
 HoursInput CClockOutDlg::ReadInput() const {
@@ -60,8 +69,10 @@ void CClockOutDlg::accept() {
 
 bool ClockOut(QWidget* parent, CProjectNode& node, EntryHistories& histories, Prompter& prompter) {
     StopClock(node);
-    CClockOutDlg dialog(std::string(node.m_strTitle), node.m_timeClockIn, CTime::GetCurrentTime(), histories,
-                        prompter, parent);
+    const ClockOutProposal proposal = ProposeClockOut(node.m_timeClockIn, CTime::GetCurrentTime());
+    CClockOutDlg dialog(std::string(node.m_strTitle), node.m_timeClockIn, proposal.end, histories, prompter,
+                        parent);
+    dialog.ShowHint(proposal.hint);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     histories = dialog.Histories();

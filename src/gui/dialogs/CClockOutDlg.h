@@ -8,6 +8,7 @@
 
 class QComboBox;
 class QDateEdit;
+class QLabel;
 class QTimeEdit;
 
 namespace velto {
@@ -17,7 +18,8 @@ class Prompter;
 class CClockOutDlg : public QDialog {
     Q_OBJECT
 public:
-    // begin: the clock-in time; end: now. The combos offer the recent texts of the histories.
+    // begin: the clock-in time; end: now or the proposed end. The combos offer the recent texts of
+    // the histories.
     CClockOutDlg(const std::string& title, CTime begin, CTime end, const EntryHistories& histories,
                  Prompter& prompter, QWidget* parent = nullptr);
 
@@ -25,6 +27,9 @@ public:
     const HoursInput& Entry() const { return m_entry; }
     // The histories with the accepted texts put in front.
     const EntryHistories& Histories() const { return m_histories; }
+
+    // A line above the buttons that says why the proposed end differs from now; hidden when empty.
+    void ShowHint(const std::string& hint);
 
     // Refuses an interval shorter than a minute and stays open.
     void accept() override;
@@ -40,9 +45,11 @@ private:
     QTimeEdit* m_end;
     QComboBox* m_assignee;
     QComboBox* m_remark;
+    QLabel* m_hint;
 };
 
-// Clocks a task out (command "Ausstempeln"): stops its clock, then asks for the entry. On
+// Clocks a task out (command "Ausstempeln"): stops its clock, then asks for the entry, proposing
+// an end on the clock's first day when it ran past midnight. On
 // "Zu Liste hinzufügen" the entry is appended to the node's hours, its duration added to the
 // needed hours and the texts put into the histories. Returns whether an entry was added; after
 // "Verwerfen" only the clock has stopped.

@@ -92,6 +92,30 @@ TEST(ClockOut, BookingAddsTheDurationToTheStoredNeededHours) {
     EXPECT_FLOAT_EQ(node.m_fHoursNeeded, 8.75f);
 }
 
+TEST(ClockOut, AClockPastMidnightIsProposedToEndOnItsFirstDayAndALongOneIsPointedOut) {
+    const CTime begin(2024, 3, 30, 22, 0, 0); // the night summer time begins
+    const struct {
+        CTime now;
+        CTime end;
+        const char* hint;
+    } cases[] = {
+        {CTime(2024, 3, 30, 23, 59, 59), CTime(2024, 3, 30, 23, 59, 59), ""},
+        {CTime(2024, 3, 31, 0, 0, 0), CTime(2024, 3, 30, 23, 59, 0), "30.03.2024 22:00 über Mitternacht"},
+        {CTime(2024, 4, 2, 9, 0, 0), CTime(2024, 3, 30, 23, 59, 0), "über Mitternacht"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.now.Format("%d.%m. %H:%M"));
+        const ClockOutProposal proposal = ProposeClockOut(begin, c.now);
+        EXPECT_EQ(proposal.end, c.end);
+        EXPECT_EQ(proposal.hint.empty(), !*c.hint);
+        EXPECT_NE(proposal.hint.find(c.hint), std::string::npos) << proposal.hint;
+    }
+    const CTime early(2024, 5, 6, 7, 0, 0);
+    EXPECT_TRUE(ProposeClockOut(early, early + kLongClockSeconds).hint.empty());
+    EXPECT_NE(ProposeClockOut(early, early + kLongClockSeconds + 60).hint.find("12 Stunden"),
+              std::string::npos);
+}
+
 TEST(History, NewTextsGoFirstAKnownTextKeepsItsPlaceAndTheEleventhPushesTheOldestOut) {
     TextHistory history{};
     for (const char* text : {"1", "2", "3", "1"})

@@ -1,6 +1,7 @@
 // Clocking out, and what the document gets back from the node dialog.
 #include "dialogs/CClockOutDlg.h"
 #include "dialogs/CNodeEditDlg.h"
+#include "dialogs/DialogParts.h"
 #include "dialogs/NodeDialogs.h"
 
 #include "document/CVeltoDoc.h"
@@ -8,6 +9,8 @@
 #include "support/ScriptedPrompter.h"
 
 #include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
 #include <QPushButton>
 #include <QTimeEdit>
 
@@ -58,6 +61,19 @@ TEST_F(ClockOutFixture, DiscardingStopsTheClockAndAnAcceptedEntryAddsItsHoursAnd
     EXPECT_EQ(task->m_pHours.front().m_str1, "Bert");
     EXPECT_EQ(doc.m_strAssigneeHistory[0], "Bert");
     EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(ClockOutFixture, AClockLeftRunningOverNightIsProposedOnItsFirstDayWithAHint) {
+    task->m_timeClockIn = CTime::TodayAt(0, 0, 0) - 7200; // yesterday, 22:00
+    OnNextModal<CClockOutDlg>([this](CClockOutDlg& dialog) {
+        EXPECT_EQ(Find<QDateEdit>(dialog, "day")->date(), ToQDate(task->m_timeClockIn));
+        EXPECT_EQ(Find<QTimeEdit>(dialog, "end")->time(), QTime(23, 59));
+        EXPECT_TRUE(Find<QLabel>(dialog, "hint")->text().contains("Mitternacht"));
+        EXPECT_FALSE(Find<QLabel>(dialog, "hint")->isHidden());
+        ClickOk(dialog);
+    });
+    EXPECT_TRUE(ClockOutNodeOfDocument(nullptr, doc, *task, prompter));
+    EXPECT_NEAR(task->m_fHoursNeeded, 1.0f + 119 / 60.0f, 0.01f);
 }
 
 TEST_F(ClockOutFixture, TheNodeDialogHandsBackHistoriesOnlyOnOk) {
