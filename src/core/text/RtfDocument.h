@@ -47,6 +47,31 @@ struct Run {
 
 enum class Alignment { Left, Centre, Right, Justified };
 
+// Where a tab stop aligns the text after the tab.
+enum class TabKind { Left, Centre, Right, Decimal };
+
+struct TabStop {
+    int position = 0; // twips from the left indent's origin
+    TabKind kind = TabKind::Left;
+
+    bool operator==(const TabStop&) const = default;
+};
+
+// Indents, spacing and tab stops of a paragraph, in twips as RTF gives them. The pane shows none of
+// these yet; the model carries them so that a note keeps them when only its text was edited.
+struct ParagraphLayout {
+    int leftIndent = 0;
+    int rightIndent = 0;
+    int firstLineIndent = 0; // relative to the left indent; negative for a hanging indent
+    int spaceBefore = 0;
+    int spaceAfter = 0;
+    int lineSpacing = 0;       // 0: single; negative: exactly; positive: at least (or a multiple, below)
+    bool lineMultiple = false; // lineSpacing counts in 240ths of a line
+    std::vector<TabStop> tabs; // in the order the RTF gave them
+
+    bool operator==(const ParagraphLayout&) const = default;
+};
+
 // What ends a paragraph: a paragraph mark, a page break, or nothing because the text ran out (only the
 // last paragraph of a document can end so).
 enum class ParagraphBreak { Paragraph, Page, None };
@@ -57,6 +82,7 @@ struct Paragraph {
     // The format of the paragraph mark: what an empty paragraph shows and what typing at its end uses.
     CharFormat mark;
     ParagraphBreak end = ParagraphBreak::Paragraph;
+    ParagraphLayout layout;
 
     bool operator==(const Paragraph&) const = default;
 };
@@ -75,6 +101,8 @@ public:
     void AppendText(std::string_view utf8, const CharFormat& format);
     // Ends the open paragraph (even an empty one) with the given properties.
     void EndParagraph(Alignment alignment, const CharFormat& mark, ParagraphBreak end);
+    // Sets the layout of the open paragraph; it stays with it when it ends.
+    void SetLayout(const ParagraphLayout& layout) { m_open.layout = layout; }
     // Marks the last paragraph as followed by a page break.
     void MarkPageBreak();
     // Whether text was appended since the last paragraph ended.

@@ -58,6 +58,18 @@ enum class Keyword : uint8_t {
     CellMerged,
     Line,
     Tab,
+    // paragraph layout
+    LeftIndent,
+    RightIndent,
+    FirstLineIndent,
+    SpaceBefore,
+    SpaceAfter,
+    LineSpacing,
+    LineMultiple,
+    TabPosition,
+    TabCentre,
+    TabRight,
+    TabDecimal,
     // characters with a name
     LeftQuote,
     RightQuote,

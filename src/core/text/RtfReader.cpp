@@ -35,9 +35,16 @@ struct CharState {
     bool operator==(const CharState&) const = default;
 };
 
+// The paragraph properties while reading; \pard resets them.
+struct ParagraphState {
+    Alignment alignment = Alignment::Left;
+    ParagraphLayout layout;
+    TabKind nextTab = TabKind::Left; // the kind \tx gives the stop it sets
+};
+
 struct GroupState {
     CharState chars;
-    Alignment alignment = Alignment::Left;
+    ParagraphState paragraph;
     Destination destination = Destination::Text;
     bool nestedRow = false; // in the properties of a nested table row, which do not define top-level cells
     int unicodeSkip = 1;    // \uc: characters of 8-bit fallback after each \u
@@ -88,7 +95,8 @@ public:
 
     Document TakeDocument() {
         FlushRun();
-        return m_builder.Finish(m_state.alignment, Resolve(m_state.chars));
+        m_builder.SetLayout(m_state.paragraph.layout);
+        return m_builder.Finish(m_state.paragraph.alignment, Resolve(m_state.chars));
     }
 
     std::string TakeText() {
@@ -194,7 +202,8 @@ private:
             LeaveUnclosedFontTable();
         if (keyword == Keyword::Skipped || keyword == Keyword::FieldInstruction)
             return SkipGroup();
-        if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword)) {
+        if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword) &&
+            !LayoutWord(keyword, token)) {
             if (const char32_t c = NamedCharacter(keyword))
                 Emit(c);
         }
@@ -311,17 +320,19 @@ private:
     bool ParagraphWord(Keyword keyword) {
         switch (keyword) {
         case Keyword::ParagraphDefault:
+            m_state.paragraph = ParagraphState();
+            return true;
         case Keyword::AlignLeft:
-            m_state.alignment = Alignment::Left;
+            m_state.paragraph.alignment = Alignment::Left;
             return true;
         case Keyword::AlignCentre:
-            m_state.alignment = Alignment::Centre;
+            m_state.paragraph.alignment = Alignment::Centre;
             return true;
         case Keyword::AlignRight:
-            m_state.alignment = Alignment::Right;
+            m_state.paragraph.alignment = Alignment::Right;
             return true;
         case Keyword::AlignJustified:
-            m_state.alignment = Alignment::Justified;
+            m_state.paragraph.alignment = Alignment::Justified;
             return true;
         case Keyword::Par:
         case Keyword::NestedCell:
@@ -345,6 +356,56 @@ private:
         default:
             return false;
         }
+    }
+
+    // Indents, spacing and tab stops.
+    bool LayoutWord(Keyword keyword, const Token& token) {
+        ParagraphLayout& layout = m_state.paragraph.layout;
+        switch (keyword) {
+        case Keyword::LeftIndent:
+            layout.leftIndent = token.param;
+            return true;
+        case Keyword::RightIndent:
+            layout.rightIndent = token.param;
+            return true;
+        case Keyword::FirstLineIndent:
+            layout.firstLineIndent = token.param;
+            return true;
+        case Keyword::SpaceBefore:
+            layout.spaceBefore = token.param;
+            return true;
+        case Keyword::SpaceAfter:
+            layout.spaceAfter = token.param;
+            return true;
+        case Keyword::LineSpacing:
+            layout.lineSpacing = token.param;
+            return true;
+        case Keyword::LineMultiple:
+            layout.lineMultiple = FlagOn(token);
+            return true;
+        case Keyword::TabCentre:
+        case Keyword::TabRight:
+        case Keyword::TabDecimal:
+            m_state.paragraph.nextTab = keyword == Keyword::TabCentre  ? TabKind::Centre
+                                        : keyword == Keyword::TabRight ? TabKind::Right
+                                                                       : TabKind::Decimal;
+            return true;
+        case Keyword::TabPosition:
+            AddTabStop(token.param);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    // A paragraph holds few tab stops; more than this come only from hostile input.
+    static constexpr size_t kMaxTabStops = 64;
+
+    void AddTabStop(int position) {
+        ParagraphState& paragraph = m_state.paragraph;
+        if (paragraph.layout.tabs.size() < kMaxTabStops)
+            paragraph.layout.tabs.push_back(TabStop{position, paragraph.nextTab});
+        paragraph.nextTab = TabKind::Left;
     }
 
     static char32_t NamedCharacter(Keyword keyword) {
@@ -544,7 +605,8 @@ private:
         m_leadByte = -1;
         if constexpr (kModel) {
             FlushRun();
-            m_builder.EndParagraph(m_state.alignment, Resolve(m_state.chars), end);
+            m_builder.SetLayout(m_state.paragraph.layout);
+            m_builder.EndParagraph(m_state.paragraph.alignment, Resolve(m_state.chars), end);
         } else {
             m_text += '\n';
         }

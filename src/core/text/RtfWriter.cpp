@@ -80,10 +80,12 @@ private:
     }
 
     void WriteParagraph(const Paragraph& paragraph, bool first) {
-        if (first || paragraph.alignment != m_alignment) {
+        if (first || paragraph.alignment != m_paragraph.alignment || paragraph.layout != m_paragraph.layout) {
             Word("\\pard");
             Word(AlignmentWord(paragraph.alignment));
-            m_alignment = paragraph.alignment;
+            WriteLayout(paragraph.layout);
+            m_paragraph.alignment = paragraph.alignment;
+            m_paragraph.layout = paragraph.layout;
         }
         for (const Run& run : paragraph.runs) {
             SwitchTo(run.format);
@@ -102,6 +104,41 @@ private:
         }
         m_out += "\r\n";
         m_delimit = false;
+    }
+
+    void WriteLayout(const ParagraphLayout& layout) {
+        NumberWord("\\li", layout.leftIndent);
+        NumberWord("\\ri", layout.rightIndent);
+        NumberWord("\\fi", layout.firstLineIndent);
+        NumberWord("\\sb", layout.spaceBefore);
+        NumberWord("\\sa", layout.spaceAfter);
+        if (layout.lineSpacing != 0 || layout.lineMultiple)
+            Word("\\sl" + std::to_string(layout.lineSpacing) +
+                 (layout.lineMultiple ? "\\slmult1" : "\\slmult0"));
+        for (const TabStop& tab : layout.tabs) {
+            Word(TabKindWord(tab.kind));
+            Word("\\tx" + std::to_string(tab.position));
+        }
+    }
+
+    // Zero is what a reader assumes when the word is missing.
+    void NumberWord(const char* word, int value) {
+        if (value != 0)
+            Word(word + std::to_string(value));
+    }
+
+    static const char* TabKindWord(TabKind kind) {
+        switch (kind) {
+        case TabKind::Centre:
+            return "\\tqc";
+        case TabKind::Right:
+            return "\\tqr";
+        case TabKind::Decimal:
+            return "\\tqdec";
+        case TabKind::Left:
+            break;
+        }
+        return "";
     }
 
     static const char* AlignmentWord(Alignment alignment) {
@@ -220,7 +257,7 @@ private:
     std::string m_out;
     bool m_delimit = false;
     std::optional<CharFormat> m_current;
-    Alignment m_alignment = Alignment::Left;
+    Paragraph m_paragraph; // alignment and layout last written after \\pard
 };
 
 } // namespace

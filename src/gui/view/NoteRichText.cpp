@@ -15,6 +15,8 @@ namespace {
 constexpr int kHalfPointsProperty = QTextFormat::UserProperty + 1;
 constexpr int kUnterminatedProperty =
     QTextFormat::UserProperty + 2; // on a block: no paragraph mark closes it
+// On a block: the paragraph layout the pane does not show yet, kept so that saving loses none of it.
+constexpr int kLayoutProperty = QTextFormat::UserProperty + 3;
 
 // Qt draws no font of 0 pt or below, and giant sizes only cost memory.
 constexpr double kSmallestShownPoints = 1.0;
@@ -54,6 +56,8 @@ QTextBlockFormat ToBlockFormat(const rtf::Paragraph& paragraph) {
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysAfter);
     if (paragraph.end == rtf::ParagraphBreak::None)
         format.setProperty(kUnterminatedProperty, true);
+    if (paragraph.layout != rtf::ParagraphLayout())
+        format.setProperty(kLayoutProperty, QVariant::fromValue(paragraph.layout));
     return format;
 }
 
@@ -118,6 +122,7 @@ rtf::Document TakeNote(const QTextDocument& source) {
         // An unterminated empty block is no paragraph at all: it is how an empty note shows.
         if (end == rtf::ParagraphBreak::None && !builder.HasOpenParagraph())
             break;
+        builder.SetLayout(block.blockFormat().property(kLayoutProperty).value<rtf::ParagraphLayout>());
         builder.EndParagraph(ToNoteAlignment(block.blockFormat().alignment()),
                              ToNoteFormat(block.charFormat()), end);
     }
