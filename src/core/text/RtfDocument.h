@@ -38,9 +38,30 @@ struct CharFormat {
     bool operator==(const CharFormat&) const = default;
 };
 
+// The picture kinds RTF notes hold. Unknown is a \pict whose kind this reader does not know: its bytes
+// are kept, but nothing can show them.
+enum class PictureKind { Png, Jpeg, WindowsMetafile, EnhancedMetafile, Unknown };
+
+// A picture as the RTF gives it: its bytes untouched and the size words that go with them.
+struct Picture {
+    PictureKind kind = PictureKind::Unknown;
+    int metafileMapping = 0; // the N of \wmetafileN
+    int width = 0;           // \picw, \pich: in pixels or in the metafile's units
+    int height = 0;
+    int goalWidth = 0; // \picwgoal, \pichgoal: the wanted size in twips; 0 when not given
+    int goalHeight = 0;
+    int scaleX = 100; // \picscalex, \picscaley: percent
+    int scaleY = 100;
+    std::string data; // the picture file's bytes
+
+    bool operator==(const Picture&) const = default;
+};
+
 struct Run {
-    std::string text; // UTF-8, never empty in a document built by DocumentBuilder
+    std::string text; // UTF-8, never empty in a document built by DocumentBuilder unless a picture
     CharFormat format;
+    // A picture at this place of the paragraph; its run has no text and is never merged with another.
+    std::optional<Picture> picture;
 
     bool operator==(const Run&) const = default;
 };
@@ -99,6 +120,7 @@ struct Document {
 class DocumentBuilder {
 public:
     void AppendText(std::string_view utf8, const CharFormat& format);
+    void AppendPicture(Picture picture, const CharFormat& format);
     // Ends the open paragraph (even an empty one) with the given properties.
     void EndParagraph(Alignment alignment, const CharFormat& mark, ParagraphBreak end);
     // Sets the layout of the open paragraph; it stays with it when it ends.

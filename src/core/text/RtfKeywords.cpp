@@ -10,9 +10,9 @@ namespace {
 using Entry = std::pair<std::string_view, Keyword>;
 
 // Destinations whose content is no text of the note: document information, style and list
-// definitions, pictures and objects, page furniture, notes and comments, and the fallbacks that a reader
-// of the newer forms ignores (pictures, nested-table fallback text, and list labels, which the rich-edit
-// control numbers itself).
+// definitions, objects, page furniture, notes and comments, and the fallbacks that a reader of the
+// newer forms ignores (pictures for readers without shapes, nested-table fallback text, and list labels,
+// which the rich-edit control numbers itself).
 // clang-format off
 constexpr std::string_view kSkipped[] = {
     "aftncn", "aftnsep", "aftnsepc", "annotation", "atnauthor", "atndate", "atnicn", "atnid", "atnparent",
@@ -26,7 +26,7 @@ constexpr std::string_view kSkipped[] = {
     "leveltext", "lfolevel", "list", "listlevel", "listname", "listoverride", "listoverridetable",
     "listpicture", "listtable", "listtext", "manager", "mhtmltag", "mmathPict", "mmathPr", "nonesttables",
     "nonshppict", "objalias", "objdata", "object", "objname", "objsect", "objtime", "oleclsid", "operator",
-    "panose", "password", "passwordhash", "pgdsctbl", "pgp", "pgptbl", "picprop", "pict", "pn", "pnseclvl",
+    "panose", "password", "passwordhash", "pgdsctbl", "pgp", "pgptbl", "picprop", "pn", "pnseclvl",
     "pntext", "pntxta", "pntxtb", "printim", "private", "propname", "protend", "protstart", "protusertbl",
     "revtbl", "revtim", "rsidtbl", "rxe", "shp", "shpinst", "shprslt", "shptxt", "sn", "sp", "stylesheet",
     "subject", "sv", "svb", "tc", "template", "themedata", "title", "txe", "userprops", "wgrffmtfilter",
@@ -77,6 +77,7 @@ constexpr Entry kKeywords[] = {
     {"pard", Keyword::ParagraphDefault},
     {"pc", Keyword::Pc},
     {"pca", Keyword::Pca},
+    {"pict", Keyword::Picture},
     {"plain", Keyword::Plain},
     {"qc", Keyword::AlignCentre},
     {"qd", Keyword::AlignJustified},
@@ -94,6 +95,7 @@ constexpr Entry kKeywords[] = {
     {"sa", Keyword::SpaceAfter},
     {"sb", Keyword::SpaceBefore},
     {"sect", Keyword::Section},
+    {"shppict", Keyword::ShapePicture},
     {"sl", Keyword::LineSpacing},
     {"slmult", Keyword::LineMultiple},
     {"strike", Keyword::StrikeOut},

@@ -30,6 +30,8 @@ enum class Keyword : uint8_t {
     FieldResult,
     UnicodePair,
     UnicodeAlternative,
+    Picture,
+    ShapePicture,
     // character format
     Plain,
     FontSize,

@@ -17,7 +17,15 @@ bool IsIgnored(unsigned char c) {
     return c == '\r' || c == '\n' || c == '\0';
 }
 
-int HexValue(unsigned char c) {
+Token MakeToken(Token::Kind kind) {
+    Token token;
+    token.kind = kind;
+    return token;
+}
+
+} // namespace
+
+int HexDigitValue(unsigned char c) {
     if (IsDigit(c))
         return c - '0';
     if (c >= 'a' && c <= 'f')
@@ -26,14 +34,6 @@ int HexValue(unsigned char c) {
         return c - 'A' + 10;
     return -1;
 }
-
-Token MakeToken(Token::Kind kind) {
-    Token token;
-    token.kind = kind;
-    return token;
-}
-
-} // namespace
 
 Token Lexer::Next() {
     while (!AtEnd() && IsIgnored(Peek()))
@@ -86,8 +86,8 @@ Token Lexer::ReadControl() {
     ++m_pos;
     if (first == '\'') {
         if (m_pos + 2 <= m_input.size()) {
-            const int high = HexValue(static_cast<unsigned char>(m_input[m_pos]));
-            const int low = HexValue(static_cast<unsigned char>(m_input[m_pos + 1]));
+            const int high = HexDigitValue(static_cast<unsigned char>(m_input[m_pos]));
+            const int low = HexDigitValue(static_cast<unsigned char>(m_input[m_pos + 1]));
             if (high >= 0 && low >= 0) {
                 m_pos += 2;
                 Token token = MakeToken(Token::Kind::HexByte);
@@ -125,6 +125,12 @@ void Lexer::SkipBytes(int64_t count) {
         return;
     const size_t left = m_input.size() - m_pos;
     m_pos += static_cast<size_t>(std::min<int64_t>(count, static_cast<int64_t>(left)));
+}
+
+std::string_view Lexer::TakeBytes(int64_t count) {
+    const size_t start = m_pos;
+    SkipBytes(count);
+    return m_input.substr(start, m_pos - start);
 }
 
 void Lexer::SkipGroup() {

@@ -17,6 +17,9 @@ struct Token {
     unsigned char byte = 0; // the character of a control symbol; the value of a hex byte
 };
 
+// The value of a hexadecimal digit, -1 for any other character.
+int HexDigitValue(unsigned char c);
+
 class Lexer {
 public:
     // Control words longer than this are no RTF words; they are read whole and reported cut short.
@@ -27,6 +30,8 @@ public:
     Token Next();
     // Passes over count bytes of binary data (\binN); a count beyond the input ends it.
     void SkipBytes(int64_t count);
+    // The same, handing the bytes over.
+    std::string_view TakeBytes(int64_t count);
     // Passes over the rest of the group whose opening brace was read last, its closing brace included,
     // honouring escaped braces and binary data inside it.
     void SkipGroup();

@@ -80,6 +80,69 @@ bool FlagOn(const Token& token) {
     return !token.hasParam || token.param != 0;
 }
 
+// Collects a picture's size words and its data, given as hexadecimal digits or as \bin bytes.
+class PictureReader {
+public:
+    explicit PictureReader(Picture& picture) : m_picture(picture) {}
+
+    void Word(const Token& token) {
+        static constexpr std::pair<std::string_view, PictureKind> kKinds[] = {
+            {"pngblip", PictureKind::Png},
+            {"jpegblip", PictureKind::Jpeg},
+            {"wmetafile", PictureKind::WindowsMetafile},
+            {"emfblip", PictureKind::EnhancedMetafile},
+        };
+        for (const auto& [word, kind] : kKinds) {
+            if (token.text == word) {
+                m_picture.kind = kind;
+                if (kind == PictureKind::WindowsMetafile)
+                    m_picture.metafileMapping = token.param;
+                return;
+            }
+        }
+        if (int* size = SizeField(token.text))
+            *size = token.param;
+    }
+
+    // Digits in pairs make bytes; blanks between them and a lone last digit are no data.
+    void HexDigits(std::string_view digits) {
+        std::string& data = m_picture.data;
+        for (char c : digits) {
+            const int value = HexDigitValue(static_cast<unsigned char>(c));
+            if (value < 0)
+                continue;
+            if (m_high < 0) {
+                m_high = value;
+            } else {
+                data += static_cast<char>(m_high << 4 | value);
+                m_high = -1;
+            }
+        }
+    }
+
+    void Bytes(std::string_view bytes) { m_picture.data += bytes; }
+
+private:
+    int* SizeField(std::string_view word) {
+        if (word == "picw")
+            return &m_picture.width;
+        if (word == "pich")
+            return &m_picture.height;
+        if (word == "picwgoal")
+            return &m_picture.goalWidth;
+        if (word == "pichgoal")
+            return &m_picture.goalHeight;
+        if (word == "picscalex")
+            return &m_picture.scaleX;
+        if (word == "picscaley")
+            return &m_picture.scaleY;
+        return nullptr;
+    }
+
+    Picture& m_picture;
+    int m_high = -1;
+};
+
 // Turns RTF into either a Document (kModel) or its plain text: one pass, no recursion, with all state
 // in a bounded stack of groups.
 template <bool kModel> class Parser {
@@ -186,9 +249,11 @@ private:
         const Keyword keyword = LookUpKeyword(token.text);
         if (m_optionalDestination) {
             m_optionalDestination = false;
-            // "\*" marks a destination a reader may skip. Kept are the Unicode text of a pair and the
-            // properties of nested table rows, into which some writers put the cells' text.
-            if (keyword != Keyword::UnicodeAlternative && keyword != Keyword::NestedTableProperties)
+            // "\*" marks a destination a reader may skip. Kept are the Unicode text of a pair, the
+            // properties of nested table rows, into which some writers put the cells' text, and the
+            // picture that \nonshppict repeats for older readers.
+            if (keyword != Keyword::UnicodeAlternative && keyword != Keyword::NestedTableProperties &&
+                keyword != Keyword::ShapePicture)
                 return SkipGroup();
         }
         if (keyword == Keyword::Binary) {
@@ -202,6 +267,8 @@ private:
             LeaveUnclosedFontTable();
         if (keyword == Keyword::Skipped || keyword == Keyword::FieldInstruction)
             return SkipGroup();
+        if (keyword == Keyword::Picture)
+            return m_state.destination == Destination::Text ? ReadPicture() : SkipGroup();
         if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword) &&
             !LayoutWord(keyword, token)) {
             if (const char32_t c = NamedCharacter(keyword))
@@ -622,6 +689,35 @@ private:
             EndParagraph(ParagraphBreak::Page);
         else if constexpr (kModel)
             m_builder.MarkPageBreak();
+    }
+
+    // ---- pictures: the plain text passes over their data at the lexer's speed; the model keeps
+    // their bytes and size words.
+
+    bool ReadPicture() {
+        m_openParagraph = true;
+        if constexpr (!kModel) {
+            return SkipGroup();
+        } else {
+            Picture picture;
+            PictureReader reader(picture);
+            for (Token token = m_lexer.Next(); token.kind != Token::Kind::End; token = m_lexer.Next()) {
+                if (token.kind == Token::Kind::GroupClose)
+                    break;
+                if (token.kind == Token::Kind::GroupOpen)
+                    m_lexer.SkipGroup(); // \*\picprop, \*\blipuid: nothing a note needs
+                else if (token.kind == Token::Kind::Text)
+                    reader.HexDigits(token.text);
+                else if (token.kind == Token::Kind::ControlWord && token.text == "bin")
+                    reader.Bytes(m_lexer.TakeBytes(token.param));
+                else if (token.kind == Token::Kind::ControlWord)
+                    reader.Word(token);
+            }
+            const bool more = CloseGroup();
+            FlushRun();
+            m_builder.AppendPicture(std::move(picture), Resolve(m_state.chars));
+            return more;
+        }
     }
 
     // ---- tables: each cell is a paragraph, except that a cell merged into the one before it

@@ -89,7 +89,10 @@ private:
         }
         for (const Run& run : paragraph.runs) {
             SwitchTo(run.format);
-            Text(run.text, false);
+            if (run.picture)
+                WritePicture(*run.picture);
+            else
+                Text(run.text, false);
         }
         SwitchTo(paragraph.mark);
         switch (paragraph.end) {
@@ -139,6 +142,53 @@ private:
             break;
         }
         return "";
+    }
+
+    void WritePicture(const Picture& picture) {
+        m_out += "{\\pict";
+        m_delimit = true;
+        Word(PictureKindWord(picture));
+        NumberWord("\\picw", picture.width);
+        NumberWord("\\pich", picture.height);
+        NumberWord("\\picwgoal", picture.goalWidth);
+        NumberWord("\\pichgoal", picture.goalHeight);
+        if (picture.scaleX != 100)
+            Word("\\picscalex" + std::to_string(picture.scaleX));
+        if (picture.scaleY != 100)
+            Word("\\picscaley" + std::to_string(picture.scaleY));
+        WriteHexLines(picture.data);
+        m_out += '}';
+        m_delimit = false;
+    }
+
+    static std::string PictureKindWord(const Picture& picture) {
+        switch (picture.kind) {
+        case PictureKind::Png:
+            return "\\pngblip";
+        case PictureKind::Jpeg:
+            return "\\jpegblip";
+        case PictureKind::WindowsMetafile:
+            return "\\wmetafile" + std::to_string(picture.metafileMapping);
+        case PictureKind::EnhancedMetafile:
+            return "\\emfblip";
+        case PictureKind::Unknown:
+            break;
+        }
+        return "";
+    }
+
+    // Lines of 128 digits, as the rich-edit control writes them.
+    void WriteHexLines(std::string_view data) {
+        static constexpr char kDigits[] = "0123456789abcdef";
+        static constexpr size_t kBytesPerLine = 64;
+        m_out.reserve(m_out.size() + data.size() * 2 + data.size() / kBytesPerLine * 2 + 2);
+        for (size_t i = 0; i < data.size(); ++i) {
+            if (i % kBytesPerLine == 0)
+                m_out += "\r\n";
+            const auto byte = static_cast<unsigned char>(data[i]);
+            m_out += kDigits[byte >> 4];
+            m_out += kDigits[byte & 0xF];
+        }
     }
 
     static const char* AlignmentWord(Alignment alignment) {

@@ -1,5 +1,5 @@
-// What a note holds besides formatted text: paragraph layout. Each case reads a line of RTF, checks
-// the model, and writes and reads it back unchanged.
+// What a note holds besides formatted text: paragraph layout and pictures. Each case reads a line of RTF,
+// checks the model, and writes and reads it back unchanged.
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
@@ -10,6 +10,8 @@
 namespace velto {
 
 using rtf::ParagraphLayout;
+using rtf::Picture;
+using rtf::PictureKind;
 using rtf::ReadRtf;
 using rtf::TabKind;
 using rtf::TabStop;
@@ -53,6 +55,64 @@ TEST(RtfLayout, IndentsSpacingAndTabStopsBelongToTheParagraphAtItsMark) {
     // A change of layout alone makes the writer start the paragraph afresh, and only then.
     const std::string rtf = WriteRtf(ReadAndRoundTrip(R"({\rtf1\li100 a\par b\par\pard c\par})"));
     EXPECT_NE(rtf.find("\\pard\\li100\\f0\\fs24 a\\par\r\nb\\par\r\n\\pard c"), std::string::npos) << rtf;
+}
+
+// The picture runs of the first paragraph, and its runs as text with "*" for each picture.
+std::string Shape(const rtf::Document& document) {
+    std::string shape;
+    for (const rtf::Run& run : document.paragraphs.at(0).runs)
+        shape += run.picture ? "*" : run.text;
+    return shape;
+}
+
+TEST(RtfPictures, KeepTheirBytesSizeAndPlaceAmongTheRuns) {
+    const std::string png = "\x89PNG\r\n\x1a\n";
+    const std::tuple<std::string, Picture, std::string> cases[] = {
+        {R"(a{\pict{\*\picprop{\sp{\sn x}{\sv 1}}}\pngblip\picw10\pich20\picwgoal150\pichgoal300
+89504e47 0d0a1a0A
+}b)",
+         {PictureKind::Png, 0, 10, 20, 150, 300, 100, 100, png},
+         "a*b"},
+        {"{\\pict\\jpegblip\\picscalex50\\picscaley75\\bin4 \xff\xd8}{x}b",
+         {PictureKind::Jpeg, 0, 0, 0, 0, 0, 50, 75, "\xff\xd8}{"},
+         "*b"},
+        {R"({\pict\wmetafile8\picw5 0100090}a)",
+         {PictureKind::WindowsMetafile, 8, 5, 0, 0, 0, 100, 100, std::string("\x01\x00\x09", 3)},
+         "*a"},
+        {R"({\pict\emfblip 01}{\pict\emfblip 01})",
+         {PictureKind::EnhancedMetafile, 0, 0, 0, 0, 0, 100, 100, "\x01"},
+         "**"},
+        {R"({\pict\macpict 02})", {PictureKind::Unknown, 0, 0, 0, 0, 0, 100, 100, "\x02"}, "*"},
+        // The shape picture, not its fallback for older readers.
+        {R"({\*\shppict{\pict\pngblip 89}}{\nonshppict{\pict\wmetafile8 01}})",
+         {PictureKind::Png, 0, 0, 0, 0, 0, 100, 100, "\x89"},
+         "*"},
+    };
+    for (const auto& [body, picture, shape] : cases) {
+        const std::string rtf = "{\\rtf1 " + body + "\\par}";
+        const rtf::Document document = ReadAndRoundTrip(rtf);
+        EXPECT_EQ(Shape(document), shape) << body;
+        const auto first =
+            std::find_if(document.paragraphs.at(0).runs.begin(), document.paragraphs.at(0).runs.end(),
+                         [](const rtf::Run& run) { return run.picture.has_value(); });
+        ASSERT_NE(first, document.paragraphs.at(0).runs.end()) << body;
+        EXPECT_EQ(*first->picture, picture) << body;
+        EXPECT_EQ(rtf::PlainText(rtf), rtftest::Joined(document)) << body;
+    }
+}
+
+// A paragraph holding only a picture is a paragraph: a page break or the end of the text closes it
+// rather than the one before, in the model and in the plain text alike.
+TEST(RtfPictures, OpenTheParagraphTheyStandIn) {
+    const std::tuple<std::string, size_t, std::string> cases[] = {
+        {R"({\rtf1 a\par{\pict 00}\page b})", 3, "a\n\nb"},
+        {R"({\rtf1 a\par{\pict 00}})", 2, "a\n"},
+        {R"({\rtf1 a\par{\pict 00}\par})", 2, "a\n"},
+    };
+    for (const auto& [rtf, paragraphs, text] : cases) {
+        EXPECT_EQ(ReadAndRoundTrip(rtf).paragraphs.size(), paragraphs) << rtf;
+        EXPECT_EQ(rtf::PlainText(rtf), text) << rtf;
+    }
 }
 
 } // namespace
