@@ -93,6 +93,22 @@ struct ParagraphLayout {
     bool operator==(const ParagraphLayout&) const = default;
 };
 
+// How the items of a list level are labelled.
+enum class ListKind { Bullet, Decimal, LowerLetter, UpperLetter, LowerRoman, UpperRoman };
+
+// A paragraph's place in a bulleted or numbered list. Paragraphs with one id form one list, numbered
+// through; the reader numbers ids 1, 2, … in the order lists first appear, and the writer does the
+// same with the ids it is given. All paragraphs of one list and level share kind and start (the
+// writer takes them from the first).
+struct ListMembership {
+    int id = 1;
+    int level = 0; // 0 … 8
+    ListKind kind = ListKind::Bullet;
+    int start = 1; // the number of the level's first item
+
+    bool operator==(const ListMembership&) const = default;
+};
+
 // What ends a paragraph: a paragraph mark, a page break, or nothing because the text ran out (only the
 // last paragraph of a document can end so).
 enum class ParagraphBreak { Paragraph, Page, None };
@@ -104,6 +120,7 @@ struct Paragraph {
     CharFormat mark;
     ParagraphBreak end = ParagraphBreak::Paragraph;
     ParagraphLayout layout;
+    std::optional<ListMembership> list;
 
     bool operator==(const Paragraph&) const = default;
 };
@@ -125,6 +142,7 @@ public:
     void EndParagraph(Alignment alignment, const CharFormat& mark, ParagraphBreak end);
     // Sets the layout of the open paragraph; it stays with it when it ends.
     void SetLayout(const ParagraphLayout& layout) { m_open.layout = layout; }
+    void SetList(const std::optional<ListMembership>& list) { m_open.list = list; }
     // Marks the last paragraph as followed by a page break.
     void MarkPageBreak();
     // Whether text was appended since the last paragraph ended.

@@ -32,6 +32,9 @@ enum class Keyword : uint8_t {
     UnicodeAlternative,
     Picture,
     ShapePicture,
+    ListTable,
+    ListOverrideTable,
+    OldNumbering,
     // character format
     Plain,
     FontSize,
@@ -72,6 +75,9 @@ enum class Keyword : uint8_t {
     TabCentre,
     TabRight,
     TabDecimal,
+    // lists
+    ListNumber,
+    ListLevel,
     // characters with a name
     LeftQuote,
     RightQuote,

@@ -4,6 +4,7 @@
 #include "text/CodePage.h"
 #include "text/RtfKeywords.h"
 #include "text/RtfLexer.h"
+#include "text/RtfLists.h"
 
 #include <algorithm>
 #include <map>
@@ -40,6 +41,9 @@ struct ParagraphState {
     Alignment alignment = Alignment::Left;
     ParagraphLayout layout;
     TabKind nextTab = TabKind::Left; // the kind \tx gives the stop it sets
+    int listNumber = 0;              // \ls: 0 for none
+    int listLevel = 0;               // \ilvl
+    std::optional<OldNumbering> oldNumbering;
 };
 
 struct GroupState {
@@ -159,6 +163,7 @@ public:
     Document TakeDocument() {
         FlushRun();
         m_builder.SetLayout(m_state.paragraph.layout);
+        m_builder.SetList(ListOf(m_state.paragraph));
         return m_builder.Finish(m_state.paragraph.alignment, Resolve(m_state.chars));
     }
 
@@ -252,8 +257,7 @@ private:
             // "\*" marks a destination a reader may skip. Kept are the Unicode text of a pair, the
             // properties of nested table rows, into which some writers put the cells' text, and the
             // picture that \nonshppict repeats for older readers.
-            if (keyword != Keyword::UnicodeAlternative && keyword != Keyword::NestedTableProperties &&
-                keyword != Keyword::ShapePicture)
+            if (!IsKeptOptionalDestination(keyword))
                 return SkipGroup();
         }
         if (keyword == Keyword::Binary) {
@@ -269,12 +273,29 @@ private:
             return SkipGroup();
         if (keyword == Keyword::Picture)
             return m_state.destination == Destination::Text ? ReadPicture() : SkipGroup();
+        if (keyword == Keyword::ListTable || keyword == Keyword::ListOverrideTable ||
+            keyword == Keyword::OldNumbering)
+            return ReadListWords(keyword);
         if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword) &&
             !LayoutWord(keyword, token)) {
             if (const char32_t c = NamedCharacter(keyword))
                 Emit(c);
         }
         return true;
+    }
+
+    static bool IsKeptOptionalDestination(Keyword keyword) {
+        switch (keyword) {
+        case Keyword::UnicodeAlternative:
+        case Keyword::NestedTableProperties:
+        case Keyword::ShapePicture:
+        case Keyword::ListTable:
+        case Keyword::ListOverrideTable:
+        case Keyword::OldNumbering:
+            return true;
+        default:
+            return false;
+        }
     }
 
     // Code pages, the font and colour tables, and the destinations that decide where text goes.
@@ -459,6 +480,12 @@ private:
             return true;
         case Keyword::TabPosition:
             AddTabStop(token.param);
+            return true;
+        case Keyword::ListNumber:
+            m_state.paragraph.listNumber = token.param;
+            return true;
+        case Keyword::ListLevel:
+            m_state.paragraph.listLevel = std::clamp(token.param, 0, kListLevels - 1);
             return true;
         default:
             return false;
@@ -673,6 +700,7 @@ private:
         if constexpr (kModel) {
             FlushRun();
             m_builder.SetLayout(m_state.paragraph.layout);
+            m_builder.SetList(ListOf(m_state.paragraph));
             m_builder.EndParagraph(m_state.paragraph.alignment, Resolve(m_state.chars), end);
         } else {
             m_text += '\n';
@@ -718,6 +746,51 @@ private:
             m_builder.AppendPicture(std::move(picture), Resolve(m_state.chars));
             return more;
         }
+    }
+
+    // ---- lists: the plain text has no use for them and passes over their groups.
+
+    bool ReadListWords(Keyword keyword) {
+        if constexpr (!kModel) {
+            return SkipGroup();
+        } else {
+            std::optional<OldNumbering> numbering;
+            if (keyword == Keyword::ListTable)
+                m_listTables.ReadListTable(m_lexer);
+            else if (keyword == Keyword::ListOverrideTable)
+                m_listTables.ReadOverrideTable(m_lexer);
+            else
+                numbering = ReadOldNumbering(m_lexer);
+            const bool more = CloseGroup(); // the lexer has read the closing brace
+            // \pn stands in a group of its own but numbers the paragraph around it.
+            if (keyword == Keyword::OldNumbering)
+                m_state.paragraph.oldNumbering = numbering;
+            return more;
+        }
+    }
+
+    // The list the paragraph belongs to: \ls when a list override defines it, else \pn. Lists are
+    // numbered in the order they first appear; \pn lists are told apart by their style.
+    std::optional<ListMembership> ListOf(const ParagraphState& paragraph) {
+        ListLevelStyle style;
+        int level = 0;
+        std::tuple<bool, int, ListKind, int> key;
+        const auto found = paragraph.listNumber != 0
+                               ? m_listTables.Find(paragraph.listNumber, paragraph.listLevel)
+                               : std::nullopt;
+        if (found) {
+            style = *found;
+            level = paragraph.listLevel;
+            key = {false, paragraph.listNumber, ListKind::Bullet, 0};
+        } else if (paragraph.oldNumbering) {
+            style = paragraph.oldNumbering->style;
+            level = paragraph.oldNumbering->level;
+            key = {true, 0, style.kind, style.start};
+        } else {
+            return std::nullopt;
+        }
+        const int id = m_listIds.try_emplace(key, static_cast<int>(m_listIds.size()) + 1).first->second;
+        return ListMembership{id, level, style.kind, style.start};
     }
 
     // ---- tables: each cell is a paragraph, except that a cell merged into the one before it
@@ -886,6 +959,9 @@ private:
         bool nextMerged = false;
         size_t cell = 0;
     } m_row;
+
+    ListTables m_listTables;
+    std::map<std::tuple<bool, int, ListKind, int>, int> m_listIds;
 
     const CodePage* m_pageCache = nullptr;
     int m_pageCacheFont = 0;

@@ -1,9 +1,11 @@
 #include "text/RtfWriter.h"
 
 #include "model/Cp1252.h"
+#include "text/RtfLists.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -32,6 +34,38 @@ struct Tables {
     }
 };
 
+// The lists of a document as the writer numbers them (1, 2, … in order of first appearance), with the
+// style of each level taken from its first item.
+class Lists {
+public:
+    explicit Lists(const Document& document) {
+        for (const Paragraph& paragraph : document.paragraphs) {
+            if (!paragraph.list)
+                continue;
+            const auto [list, added] =
+                m_numbers.try_emplace(paragraph.list->id, static_cast<int>(m_numbers.size()) + 1);
+            if (added)
+                m_levels.emplace_back(kListLevels);
+            std::optional<ListLevelStyle>& level = m_levels[list->second - 1][Level(*paragraph.list)];
+            if (!level)
+                level = ListLevelStyle{paragraph.list->kind, paragraph.list->start};
+        }
+    }
+
+    int Number(const ListMembership& list) const { return m_numbers.at(list.id); }
+    size_t Count() const { return m_levels.size(); }
+    // The style of a level of the list numbered n; levels no item uses are decimal from 1.
+    ListLevelStyle Style(int n, int level) const { return m_levels[n - 1][level].value_or(ListLevelStyle()); }
+
+    static size_t Level(const ListMembership& list) {
+        return static_cast<size_t>(std::clamp(list.level, 0, kListLevels - 1));
+    }
+
+private:
+    std::map<int, int> m_numbers;
+    std::vector<std::vector<std::optional<ListLevelStyle>>> m_levels;
+};
+
 Tables CollectTables(const Document& document) {
     Tables tables;
     for (const Paragraph& paragraph : document.paragraphs) {
@@ -44,12 +78,14 @@ Tables CollectTables(const Document& document) {
 
 class Writer {
 public:
-    explicit Writer(const Document& document) : m_document(document), m_tables(CollectTables(document)) {}
+    explicit Writer(const Document& document)
+        : m_document(document), m_tables(CollectTables(document)), m_lists(document) {}
 
     std::string Write() {
         m_out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1031";
         WriteFontTable();
         WriteColourTable();
+        WriteListTables();
         Word("\\viewkind4\\uc1");
         for (size_t i = 0; i < m_document.paragraphs.size(); ++i)
             WriteParagraph(m_document.paragraphs[i], i == 0);
@@ -79,14 +115,56 @@ private:
         m_out += "}\r\n";
     }
 
+    // Each list is defined once with all nine levels, and named by an override of the same number, the
+    // form that readers of lists expect.
+    void WriteListTables() {
+        if (m_lists.Count() == 0)
+            return;
+        m_out += "{\\*\\listtable";
+        for (int n = 1; n <= static_cast<int>(m_lists.Count()); ++n) {
+            m_out += "{\\list\\listtemplateid" + std::to_string(n);
+            for (int level = 0; level < kListLevels; ++level)
+                WriteListLevel(m_lists.Style(n, level), level);
+            m_out += "{\\listname ;}\\listid" + std::to_string(n) + "}\r\n";
+        }
+        m_out += "}\r\n{\\*\\listoverridetable";
+        for (int n = 1; n <= static_cast<int>(m_lists.Count()); ++n) {
+            const std::string number = std::to_string(n);
+            m_out += "{\\listoverride\\listid" + number + "\\listoverridecount0\\ls" + number + "}";
+        }
+        m_out += "}\r\n";
+    }
+
+    // The level text is a length byte and the label: a bullet, or the level's number and a '.'.
+    void WriteListLevel(const ListLevelStyle& style, int level) {
+        const std::string format = std::to_string(NumberFormatOf(style.kind));
+        m_out += "{\\listlevel\\levelnfc" + format + "\\levelnfcn" + format + "\\leveljc0\\levelstartat" +
+                 std::to_string(style.start);
+        if (style.kind == ListKind::Bullet) {
+            m_out += "{\\leveltext\\'01\\'95;}{\\levelnumbers;}";
+        } else {
+            char levelText[64];
+            std::snprintf(levelText, sizeof levelText, "{\\leveltext\\'02\\'%02x.;}{\\levelnumbers\\'01;}",
+                          level);
+            m_out += levelText;
+        }
+        m_out += "}";
+    }
+
     void WriteParagraph(const Paragraph& paragraph, bool first) {
-        if (first || paragraph.alignment != m_paragraph.alignment || paragraph.layout != m_paragraph.layout) {
+        if (first || paragraph.alignment != m_paragraph.alignment || paragraph.layout != m_paragraph.layout ||
+            paragraph.list != m_paragraph.list) {
             Word("\\pard");
             Word(AlignmentWord(paragraph.alignment));
             WriteLayout(paragraph.layout);
+            if (paragraph.list)
+                WriteListMembership(*paragraph.list);
             m_paragraph.alignment = paragraph.alignment;
             m_paragraph.layout = paragraph.layout;
+            m_paragraph.list = paragraph.list;
         }
+        if (paragraph.list)
+            WriteListLabel(*paragraph.list);
         for (const Run& run : paragraph.runs) {
             SwitchTo(run.format);
             if (run.picture)
@@ -142,6 +220,46 @@ private:
             break;
         }
         return "";
+    }
+
+    // \ls for readers of lists, \pn for older readers, which number the paragraphs themselves.
+    void WriteListMembership(const ListMembership& list) {
+        Word("\\ls" + std::to_string(m_lists.Number(list)) + "\\ilvl" + std::to_string(Lists::Level(list)));
+        m_out += "{\\*\\pn";
+        if (list.kind == ListKind::Bullet) {
+            m_out += "\\pnlvlblt{\\pntxtb\\'95}}";
+        } else {
+            m_out += "\\pnlvlbody" + std::string(OldNumberingWord(list.kind)) + "\\pnstart" +
+                     std::to_string(list.start) + "{\\pntxta.}}";
+        }
+        m_delimit = false;
+    }
+
+    static const char* OldNumberingWord(ListKind kind) {
+        switch (kind) {
+        case ListKind::LowerLetter:
+            return "\\pnlcltr";
+        case ListKind::UpperLetter:
+            return "\\pnucltr";
+        case ListKind::LowerRoman:
+            return "\\pnlcrm";
+        case ListKind::UpperRoman:
+            return "\\pnucrm";
+        case ListKind::Decimal:
+        case ListKind::Bullet:
+            break;
+        }
+        return "\\pndec";
+    }
+
+    // The label as text, for readers that know neither form; readers of lists skip it.
+    void WriteListLabel(const ListMembership& list) {
+        m_out += "{\\listtext";
+        m_delimit = true;
+        Text(ListLabel(list.kind, m_counter.Next(list)), false);
+        Word("\\tab");
+        m_out += '}';
+        m_delimit = false;
     }
 
     void WritePicture(const Picture& picture) {
@@ -304,6 +422,8 @@ private:
 
     const Document& m_document;
     Tables m_tables;
+    Lists m_lists;
+    ListCounter m_counter;
     std::string m_out;
     bool m_delimit = false;
     std::optional<CharFormat> m_current;

@@ -15,8 +15,10 @@ namespace {
 constexpr int kHalfPointsProperty = QTextFormat::UserProperty + 1;
 constexpr int kUnterminatedProperty =
     QTextFormat::UserProperty + 2; // on a block: no paragraph mark closes it
-// On a block: the paragraph layout the pane does not show yet, kept so that saving loses none of it.
+// On a block: the paragraph layout and list membership the pane does not show yet, kept so that saving
+// loses none of them.
 constexpr int kLayoutProperty = QTextFormat::UserProperty + 3;
+constexpr int kListProperty = QTextFormat::UserProperty + 5;
 // On an object replacement character: the note's picture it stands for, shown as a blank for now.
 constexpr int kPictureProperty = QTextFormat::UserProperty + 4;
 
@@ -60,6 +62,8 @@ QTextBlockFormat ToBlockFormat(const rtf::Paragraph& paragraph) {
         format.setProperty(kUnterminatedProperty, true);
     if (paragraph.layout != rtf::ParagraphLayout())
         format.setProperty(kLayoutProperty, QVariant::fromValue(paragraph.layout));
+    if (paragraph.list)
+        format.setProperty(kListProperty, QVariant::fromValue(*paragraph.list));
     return format;
 }
 
@@ -140,9 +144,11 @@ rtf::Document TakeNote(const QTextDocument& source) {
         // An unterminated empty block is no paragraph at all: it is how an empty note shows.
         if (end == rtf::ParagraphBreak::None && !builder.HasOpenParagraph())
             break;
-        builder.SetLayout(block.blockFormat().property(kLayoutProperty).value<rtf::ParagraphLayout>());
-        builder.EndParagraph(ToNoteAlignment(block.blockFormat().alignment()),
-                             ToNoteFormat(block.charFormat()), end);
+        const QTextBlockFormat format = block.blockFormat();
+        builder.SetLayout(format.property(kLayoutProperty).value<rtf::ParagraphLayout>());
+        if (format.hasProperty(kListProperty))
+            builder.SetList(format.property(kListProperty).value<rtf::ListMembership>());
+        builder.EndParagraph(ToNoteAlignment(format.alignment()), ToNoteFormat(block.charFormat()), end);
     }
     return builder.Finish(rtf::Alignment::Left, rtf::CharFormat());
 }

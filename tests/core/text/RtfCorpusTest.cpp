@@ -91,9 +91,13 @@ const std::set<std::string> kKnownDifferences = {
 struct Tally {
     size_t pictures = 0;
     size_t pictureBytes = 0;
+    size_t listItems = 0;
+    size_t numberedItems = 0;
 
     void Add(const rtf::Document& document) {
         for (const rtf::Paragraph& paragraph : document.paragraphs) {
+            listItems += paragraph.list.has_value();
+            numberedItems += paragraph.list && paragraph.list->kind != rtf::ListKind::Bullet;
             for (const rtf::Run& run : paragraph.runs) {
                 if (run.picture) {
                     ++pictures;
@@ -125,6 +129,8 @@ TEST(RtfCorpus, EveryFileRoundTripsAndItsPlainTextAgreesWithAnotherWordProcessor
     }
     EXPECT_EQ(tally.pictures, 16u); // every \pict of the corpus
     EXPECT_EQ(tally.pictureBytes, 76661u);
+    EXPECT_EQ(tally.listItems, 59u);
+    EXPECT_EQ(tally.numberedItems, 19u);
 }
 
 } // namespace velto

@@ -1,5 +1,6 @@
-// What a note holds besides formatted text: paragraph layout and pictures. Each case reads a line of RTF,
-// checks the model, and writes and reads it back unchanged.
+// What a note holds besides formatted text: paragraph layout, pictures and lists. Each case reads a line of
+// RTF, checks the model, and writes and reads it back unchanged.
+#include "text/RtfLists.h"
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
@@ -9,6 +10,8 @@
 
 namespace velto {
 
+using rtf::ListKind;
+using rtf::ListMembership;
 using rtf::ParagraphLayout;
 using rtf::Picture;
 using rtf::PictureKind;
@@ -113,6 +116,85 @@ TEST(RtfPictures, OpenTheParagraphTheyStandIn) {
         EXPECT_EQ(ReadAndRoundTrip(rtf).paragraphs.size(), paragraphs) << rtf;
         EXPECT_EQ(rtf::PlainText(rtf), text) << rtf;
     }
+}
+
+std::vector<std::optional<ListMembership>> Lists(const rtf::Document& document) {
+    std::vector<std::optional<ListMembership>> lists;
+    for (const rtf::Paragraph& paragraph : document.paragraphs)
+        lists.push_back(paragraph.list);
+    return lists;
+}
+
+constexpr char kListTables[] =
+    R"({\*\listtable{\list\listtemplateid7{\listlevel\levelnfc23\levelstartat1{\leveltext\'01\'b7;}})"
+    R"({\listlevel\levelnfc4\levelstartat2}{\listname ;}\listid70}{\list{\listlevel\levelnfcn1\levelstartat4})"
+    R"(\listid80}})"
+    R"({\*\listoverridetable{\listoverride\listid70\listoverridecount0\ls1}{\listoverride\listid80\ls2}})";
+
+TEST(RtfLists, BothFormsGiveEachParagraphItsListLevelKindAndStart) {
+    using L = std::optional<ListMembership>;
+    const std::pair<std::string, std::vector<L>> cases[] = {
+        {R"({\listtext\'b7\tab}\ls1 a\par{\listtext a.\tab}\ls1\ilvl1 b\par\pard c\par)",
+         {L({1, 0, ListKind::Bullet, 1}), L({1, 1, ListKind::LowerLetter, 2}), std::nullopt}},
+        // Lists are numbered in the order they appear; an \ls no override defines is no list.
+        {R"(\ls2 a\par\ls1 b\par\ls2\ilvl5 c\par\ls9 d\par)",
+         {L({1, 0, ListKind::UpperRoman, 4}), L({2, 0, ListKind::Bullet, 1}), L({1, 5, ListKind::Decimal, 1}),
+          std::nullopt}},
+        {R"({\pntext\f0 \'b7\tab}{\*\pn\pnlvlblt\pnf1\pnindent0{\pntxtb\'B7}}a\par)"
+         R"({\*\pn\pnlvlbody\pnucrm\pnstart3{\pntxta.}}b\par{\pn\pnlvl2\pnlcltr}c\par)"
+         R"({\*\pn\pnlvlcont}d\par\pard e)",
+         {L({1, 0, ListKind::Bullet, 1}), L({2, 0, ListKind::UpperRoman, 3}),
+          L({3, 1, ListKind::LowerLetter, 1}), std::nullopt, std::nullopt}},
+        // \ls wins over \pn, which is there for older readers.
+        {R"({\*\pn\pnlvlbody\pndec}\ls1 a)", {L({1, 0, ListKind::Bullet, 1})}},
+    };
+    for (const auto& [body, lists] : cases) {
+        const std::string rtf = "{\\rtf1" + std::string(kListTables) + body + "}";
+        const rtf::Document document = ReadAndRoundTrip(rtf);
+        EXPECT_EQ(Lists(document), lists) << body;
+        EXPECT_EQ(rtf::PlainText(rtf), rtftest::Joined(document)) << body;
+    }
+}
+
+// The writer numbers the labels for readers that know neither form: a level continues, the levels
+// below it start afresh.
+TEST(RtfLists, WrittenLabelsFollowTheNumbering) {
+    rtf::DocumentBuilder builder;
+    const rtf::CharFormat format;
+    const std::pair<const char*, ListMembership> items[] = {
+        {"a", {5, 0, ListKind::Decimal, 1}},       {"b", {5, 1, ListKind::LowerLetter, 1}},
+        {"c", {5, 1, ListKind::LowerLetter, 1}},   {"d", {5, 0, ListKind::Decimal, 1}},
+        {"e", {5, 1, ListKind::LowerLetter, 1}},   {"f", {3, 0, ListKind::UpperRoman, 1998}},
+        {"g", {3, 0, ListKind::UpperRoman, 1998}}, {"h", {6, 0, ListKind::Bullet, 1}},
+    };
+    for (const auto& [text, list] : items) {
+        builder.AppendText(text, format);
+        builder.SetList(list);
+        builder.EndParagraph(rtf::Alignment::Left, format, rtf::ParagraphBreak::Paragraph);
+    }
+    const std::string rtf = WriteRtf(builder.Finish(rtf::Alignment::Left, format));
+    std::string labels;
+    for (size_t pos = 0; (pos = rtf.find("{\\listtext", pos)) != std::string::npos; ++pos) {
+        const size_t start = pos + 10 + (rtf[pos + 10] == ' ');
+        labels += rtf.substr(start, rtf.find("\\tab", pos) - start) + "|";
+    }
+    EXPECT_EQ(labels, "1.|a.|b.|2.|a.|MCMXCVIII.|MCMXCIX.|\\'95|");
+    // The ids become 1, 2, 3 in order of appearance, with each level's kind and start.
+    const rtf::Document back = ReadRtf(rtf);
+    EXPECT_EQ(back.paragraphs.at(5).list, ListMembership({2, 0, ListKind::UpperRoman, 1998}));
+    EXPECT_EQ(back.paragraphs.at(7).list, ListMembership({3, 0, ListKind::Bullet, 1}));
+    EXPECT_NE(rtf.find("{\\*\\pn\\pnlvlbody\\pnucrm\\pnstart1998{\\pntxta.}}"), std::string::npos) << rtf;
+}
+
+TEST(RtfLists, LabelsInEveryStyle) {
+    const std::tuple<ListKind, int, std::string> cases[] = {
+        {ListKind::Decimal, -3, "-3."},        {ListKind::LowerLetter, 26, "z."},
+        {ListKind::UpperLetter, 28, "AB."},    {ListKind::LowerLetter, 0, "0."},
+        {ListKind::LowerRoman, 4, "iv."},      {ListKind::UpperRoman, 3999, "MMMCMXCIX."},
+        {ListKind::UpperRoman, 4000, "4000."}, {ListKind::Bullet, 9, "\u2022"},
+    };
+    for (const auto& [kind, number, label] : cases)
+        EXPECT_EQ(rtf::ListLabel(kind, number), label) << number;
 }
 
 } // namespace
