@@ -48,6 +48,21 @@ void DocumentBuilder::MarkPageBreak() {
         m_document.paragraphs.back().end = ParagraphBreak::Page;
 }
 
+void DocumentBuilder::CloseCell(int rightEdge) {
+    auto& paragraphs = m_document.paragraphs;
+    for (auto it = paragraphs.rbegin(); it != paragraphs.rend() && it->cell; ++it) {
+        if (it->cell->endsCell && it != paragraphs.rbegin())
+            break;
+        it->cell->rightEdge = rightEdge;
+    }
+}
+
+void DocumentBuilder::MarkRowEnd() {
+    if (!m_document.paragraphs.empty() && m_document.paragraphs.back().cell &&
+        m_document.paragraphs.back().cell->endsCell)
+        m_document.paragraphs.back().cell->endsRow = true;
+}
+
 Document DocumentBuilder::Finish(Alignment alignment, const CharFormat& mark) {
     if (HasOpenParagraph())
         EndParagraph(alignment, mark, ParagraphBreak::None);

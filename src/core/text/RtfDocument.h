@@ -109,6 +109,17 @@ struct ListMembership {
     bool operator==(const ListMembership&) const = default;
 };
 
+// A paragraph inside a table row. A cell holds the paragraphs up to the one that ends it; a row holds
+// the cells up to the one whose last paragraph ends the row. Nested tables are flattened into the
+// cells of the outer one.
+struct TableCell {
+    int rightEdge = 0;     // \cellx: the cell's right edge in twips; 0 for a cell that never ended
+    bool endsCell = false; // the cell's last paragraph
+    bool endsRow = false;  // the last paragraph of the row's last cell (only with endsCell)
+
+    bool operator==(const TableCell&) const = default;
+};
+
 // What ends a paragraph: a paragraph mark, a page break, or nothing because the text ran out (only the
 // last paragraph of a document can end so).
 enum class ParagraphBreak { Paragraph, Page, None };
@@ -121,6 +132,7 @@ struct Paragraph {
     ParagraphBreak end = ParagraphBreak::Paragraph;
     ParagraphLayout layout;
     std::optional<ListMembership> list;
+    std::optional<TableCell> cell;
 
     bool operator==(const Paragraph&) const = default;
 };
@@ -143,6 +155,12 @@ public:
     // Sets the layout of the open paragraph; it stays with it when it ends.
     void SetLayout(const ParagraphLayout& layout) { m_open.layout = layout; }
     void SetList(const std::optional<ListMembership>& list) { m_open.list = list; }
+    void SetCell(const std::optional<TableCell>& cell) { m_open.cell = cell; }
+    // Gives the right edge to the cell that the last paragraph ended: to it and the paragraphs of the
+    // cell before it.
+    void CloseCell(int rightEdge);
+    // Marks the last paragraph as ending its row, if it ends a cell.
+    void MarkRowEnd();
     // Marks the last paragraph as followed by a page break.
     void MarkPageBreak();
     // Whether text was appended since the last paragraph ended.

@@ -64,6 +64,7 @@ constexpr Entry kKeywords[] = {
     {"green", Keyword::Green},
     {"i", Keyword::Italic},
     {"ilvl", Keyword::ListLevel},
+    {"intbl", Keyword::InTable},
     {"ldblquote", Keyword::LeftDoubleQuote},
     {"li", Keyword::LeftIndent},
     {"lin", Keyword::LeftIndent},

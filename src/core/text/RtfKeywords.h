@@ -61,6 +61,7 @@ enum class Keyword : uint8_t {
     RowDefaults,
     CellBoundary,
     CellMerged,
+    InTable,
     Line,
     Tab,
     // paragraph layout

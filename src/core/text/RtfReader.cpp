@@ -44,6 +44,7 @@ struct ParagraphState {
     int listNumber = 0;              // \ls: 0 for none
     int listLevel = 0;               // \ilvl
     std::optional<OldNumbering> oldNumbering;
+    bool inTable = false; // \intbl
 };
 
 struct GroupState {
@@ -164,6 +165,7 @@ public:
         FlushRun();
         m_builder.SetLayout(m_state.paragraph.layout);
         m_builder.SetList(ListOf(m_state.paragraph));
+        m_builder.SetCell(CellOf(m_state.paragraph, false));
         return m_builder.Finish(m_state.paragraph.alignment, Resolve(m_state.chars));
     }
 
@@ -276,7 +278,7 @@ private:
         if (keyword == Keyword::ListTable || keyword == Keyword::ListOverrideTable ||
             keyword == Keyword::OldNumbering)
             return ReadListWords(keyword);
-        if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword) &&
+        if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword, token) &&
             !LayoutWord(keyword, token)) {
             if (const char32_t c = NamedCharacter(keyword))
                 Emit(c);
@@ -405,7 +407,7 @@ private:
     }
 
     // Alignment, paragraph ends and table cells.
-    bool ParagraphWord(Keyword keyword) {
+    bool ParagraphWord(Keyword keyword, const Token& token) {
         switch (keyword) {
         case Keyword::ParagraphDefault:
             m_state.paragraph = ParagraphState();
@@ -434,12 +436,15 @@ private:
             EndCell();
             return true;
         case Keyword::Row:
-            m_row.cell = 0;
+            EndRow();
             return true;
         case Keyword::RowDefaults:
         case Keyword::CellBoundary:
         case Keyword::CellMerged:
-            DefineCell(keyword);
+            DefineCell(keyword, token.param);
+            return true;
+        case Keyword::InTable:
+            m_state.paragraph.inTable = true;
             return true;
         default:
             return false;
@@ -693,7 +698,8 @@ private:
         }
     }
 
-    void EndParagraph(ParagraphBreak end) {
+    // endsCell: the paragraph mark is \cell.
+    void EndParagraph(ParagraphBreak end, bool endsCell = false) {
         if (m_state.destination != Destination::Text)
             return;
         m_leadByte = -1;
@@ -701,6 +707,7 @@ private:
             FlushRun();
             m_builder.SetLayout(m_state.paragraph.layout);
             m_builder.SetList(ListOf(m_state.paragraph));
+            m_builder.SetCell(CellOf(m_state.paragraph, endsCell));
             m_builder.EndParagraph(m_state.paragraph.alignment, Resolve(m_state.chars), end);
         } else {
             m_text += '\n';
@@ -794,28 +801,47 @@ private:
     }
 
     // ---- tables: each cell is a paragraph, except that a cell merged into the one before it
-    // (\clmrg) adds no empty paragraph of its own.
+    // (\clmrg) adds no empty paragraph of its own. The right edge of a cell is known when it ends.
 
-    void DefineCell(Keyword keyword) {
+    void DefineCell(Keyword keyword, int param) {
         if (m_state.nestedRow)
             return;
         if (keyword == Keyword::RowDefaults) {
-            m_row.merged.clear();
+            m_row.cells.clear();
             m_row.nextMerged = false;
             m_row.cell = 0;
         } else if (keyword == Keyword::CellMerged) {
             m_row.nextMerged = true;
         } else {
-            m_row.merged.push_back(m_row.nextMerged);
+            m_row.cells.push_back({param, m_row.nextMerged});
             m_row.nextMerged = false;
         }
     }
 
     void EndCell() {
-        const bool mergedIntoPrevious = m_row.cell < m_row.merged.size() && m_row.merged[m_row.cell];
-        ++m_row.cell;
-        if (!mergedIntoPrevious || m_openParagraph)
-            EndParagraph(ParagraphBreak::Paragraph);
+        const size_t index = m_row.cell++;
+        const CellDefinition cell = index < m_row.cells.size() ? m_row.cells[index] : CellDefinition();
+        if (cell.merged && !m_openParagraph)
+            return;
+        EndParagraph(ParagraphBreak::Paragraph, true);
+        if constexpr (kModel) {
+            if (m_state.destination == Destination::Text)
+                m_builder.CloseCell(cell.rightEdge);
+        }
+    }
+
+    void EndRow() {
+        m_row.cell = 0;
+        if constexpr (kModel) {
+            if (m_state.destination == Destination::Text)
+                m_builder.MarkRowEnd();
+        }
+    }
+
+    static std::optional<TableCell> CellOf(const ParagraphState& paragraph, bool endsCell) {
+        if (!paragraph.inTable && !endsCell)
+            return std::nullopt;
+        return TableCell{0, endsCell, false};
     }
 
     // ---- code pages
@@ -954,8 +980,12 @@ private:
         bool given = false;
     } m_colourPart;
 
+    struct CellDefinition {
+        int rightEdge = 0;
+        bool merged = false; // into the cell before it
+    };
     struct {
-        std::vector<bool> merged; // per cell of the current row definition
+        std::vector<CellDefinition> cells; // of the current row definition
         bool nextMerged = false;
         size_t cell = 0;
     } m_row;

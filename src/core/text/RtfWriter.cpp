@@ -88,7 +88,7 @@ public:
         WriteListTables();
         Word("\\viewkind4\\uc1");
         for (size_t i = 0; i < m_document.paragraphs.size(); ++i)
-            WriteParagraph(m_document.paragraphs[i], i == 0);
+            WriteParagraph(i);
         m_out += "}\r\n";
         return std::move(m_out);
     }
@@ -151,17 +151,22 @@ private:
         m_out += "}";
     }
 
-    void WriteParagraph(const Paragraph& paragraph, bool first) {
-        if (first || paragraph.alignment != m_paragraph.alignment || paragraph.layout != m_paragraph.layout ||
-            paragraph.list != m_paragraph.list) {
+    void WriteParagraph(size_t index) {
+        const Paragraph& paragraph = m_document.paragraphs[index];
+        if (StartsRow(index))
+            WriteRowDefinition(index);
+        if (index == 0 || !SameParagraphProperties(paragraph, m_paragraph)) {
             Word("\\pard");
             Word(AlignmentWord(paragraph.alignment));
             WriteLayout(paragraph.layout);
+            if (paragraph.cell)
+                Word("\\intbl");
             if (paragraph.list)
                 WriteListMembership(*paragraph.list);
             m_paragraph.alignment = paragraph.alignment;
             m_paragraph.layout = paragraph.layout;
             m_paragraph.list = paragraph.list;
+            m_paragraph.cell = paragraph.cell;
         }
         if (paragraph.list)
             WriteListLabel(*paragraph.list);
@@ -173,18 +178,49 @@ private:
                 Text(run.text, false);
         }
         SwitchTo(paragraph.mark);
-        switch (paragraph.end) {
-        case ParagraphBreak::Paragraph:
-            Word("\\par");
-            break;
-        case ParagraphBreak::Page:
-            Word("\\par\\page"); // the break then belongs to this paragraph even when it is empty
-            break;
-        case ParagraphBreak::None:
+        if (paragraph.end == ParagraphBreak::None)
             return;
-        }
+        Word(MarkWord(paragraph));
+        if (paragraph.end == ParagraphBreak::Page)
+            Word("\\page"); // after the mark it belongs to this paragraph even when that is empty
         m_out += "\r\n";
         m_delimit = false;
+    }
+
+    // What \pard resets; the paragraph's place in a table counts only as being in one or not.
+    static bool SameParagraphProperties(const Paragraph& a, const Paragraph& b) {
+        return a.alignment == b.alignment && a.layout == b.layout && a.list == b.list &&
+               a.cell.has_value() == b.cell.has_value();
+    }
+
+    static const char* MarkWord(const Paragraph& paragraph) {
+        if (!paragraph.cell || !paragraph.cell->endsCell)
+            return "\\par";
+        return paragraph.cell->endsRow ? "\\cell\\row" : "\\cell";
+    }
+
+    bool StartsRow(size_t index) const {
+        const auto& paragraphs = m_document.paragraphs;
+        if (!paragraphs[index].cell)
+            return false;
+        if (index == 0)
+            return true;
+        const std::optional<TableCell>& before = paragraphs[index - 1].cell;
+        return !before || (before->endsCell && before->endsRow);
+    }
+
+    // \trowd and the right edge of each cell of the row that starts at the paragraph.
+    void WriteRowDefinition(size_t index) {
+        Word("\\trowd");
+        const auto& paragraphs = m_document.paragraphs;
+        for (size_t i = index; i < paragraphs.size() && paragraphs[i].cell; ++i) {
+            const TableCell& cell = *paragraphs[i].cell;
+            if (!cell.endsCell)
+                continue;
+            Word("\\cellx" + std::to_string(cell.rightEdge));
+            if (cell.endsRow)
+                break;
+        }
     }
 
     void WriteLayout(const ParagraphLayout& layout) {
@@ -427,7 +463,7 @@ private:
     std::string m_out;
     bool m_delimit = false;
     std::optional<CharFormat> m_current;
-    Paragraph m_paragraph; // alignment and layout last written after \\pard
+    Paragraph m_paragraph; // the paragraph properties last written after \pard
 };
 
 } // namespace

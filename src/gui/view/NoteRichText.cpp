@@ -15,10 +15,11 @@ namespace {
 constexpr int kHalfPointsProperty = QTextFormat::UserProperty + 1;
 constexpr int kUnterminatedProperty =
     QTextFormat::UserProperty + 2; // on a block: no paragraph mark closes it
-// On a block: the paragraph layout and list membership the pane does not show yet, kept so that saving
-// loses none of them.
+// On a block: the paragraph layout, list membership and table cell the pane does not show yet, kept so
+// that saving loses none of them.
 constexpr int kLayoutProperty = QTextFormat::UserProperty + 3;
 constexpr int kListProperty = QTextFormat::UserProperty + 5;
+constexpr int kCellProperty = QTextFormat::UserProperty + 6;
 // On an object replacement character: the note's picture it stands for, shown as a blank for now.
 constexpr int kPictureProperty = QTextFormat::UserProperty + 4;
 
@@ -64,6 +65,8 @@ QTextBlockFormat ToBlockFormat(const rtf::Paragraph& paragraph) {
         format.setProperty(kLayoutProperty, QVariant::fromValue(paragraph.layout));
     if (paragraph.list)
         format.setProperty(kListProperty, QVariant::fromValue(*paragraph.list));
+    if (paragraph.cell)
+        format.setProperty(kCellProperty, QVariant::fromValue(*paragraph.cell));
     return format;
 }
 
@@ -148,6 +151,8 @@ rtf::Document TakeNote(const QTextDocument& source) {
         builder.SetLayout(format.property(kLayoutProperty).value<rtf::ParagraphLayout>());
         if (format.hasProperty(kListProperty))
             builder.SetList(format.property(kListProperty).value<rtf::ListMembership>());
+        if (format.hasProperty(kCellProperty))
+            builder.SetCell(format.property(kCellProperty).value<rtf::TableCell>());
         builder.EndParagraph(ToNoteAlignment(format.alignment()), ToNoteFormat(block.charFormat()), end);
     }
     return builder.Finish(rtf::Alignment::Left, rtf::CharFormat());

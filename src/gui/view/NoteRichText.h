@@ -3,7 +3,8 @@
 // paragraph is a block, its mark the block's char format, a run a fragment. What Qt cannot hold as
 // it is rides along in properties of our own: the exact size (the model keeps sizes of 0 pt and
 // below, the screen shows them clamped), a last paragraph that no paragraph mark closes, and the
-// paragraph layout and list membership, and pictures (an object replacement character carrying the picture).
+// paragraph layout, list membership and table cell, and pictures (an object replacement character carrying
+// the picture).
 #include "text/RtfDocument.h"
 
 #include <QTextCharFormat>

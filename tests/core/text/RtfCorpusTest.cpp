@@ -93,11 +93,17 @@ struct Tally {
     size_t pictureBytes = 0;
     size_t listItems = 0;
     size_t numberedItems = 0;
+    size_t cellParagraphs = 0;
+    size_t rows = 0;
+    int64_t cellEdges = 0;
 
     void Add(const rtf::Document& document) {
         for (const rtf::Paragraph& paragraph : document.paragraphs) {
             listItems += paragraph.list.has_value();
             numberedItems += paragraph.list && paragraph.list->kind != rtf::ListKind::Bullet;
+            cellParagraphs += paragraph.cell.has_value();
+            rows += paragraph.cell && paragraph.cell->endsRow;
+            cellEdges += paragraph.cell ? paragraph.cell->rightEdge : 0;
             for (const rtf::Run& run : paragraph.runs) {
                 if (run.picture) {
                     ++pictures;
@@ -131,6 +137,9 @@ TEST(RtfCorpus, EveryFileRoundTripsAndItsPlainTextAgreesWithAnotherWordProcessor
     EXPECT_EQ(tally.pictureBytes, 76661u);
     EXPECT_EQ(tally.listItems, 59u);
     EXPECT_EQ(tally.numberedItems, 19u);
+    EXPECT_EQ(tally.cellParagraphs, 1166u);
+    EXPECT_EQ(tally.rows, 314u);
+    EXPECT_EQ(tally.cellEdges, 6152472); // the sum of the right edges
 }
 
 } // namespace velto

@@ -1,5 +1,5 @@
-// What a note holds besides formatted text: paragraph layout, pictures and lists. Each case reads a line of
-// RTF, checks the model, and writes and reads it back unchanged.
+// What a note holds besides formatted text: paragraph layout, pictures, lists and tables. Each case reads a
+// line of RTF, checks the model, and writes and reads it back unchanged.
 #include "text/RtfLists.h"
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
@@ -17,6 +17,7 @@ using rtf::Picture;
 using rtf::PictureKind;
 using rtf::ReadRtf;
 using rtf::TabKind;
+using rtf::TableCell;
 using rtf::TabStop;
 using rtf::WriteRtf;
 
@@ -195,6 +196,52 @@ TEST(RtfLists, LabelsInEveryStyle) {
     };
     for (const auto& [kind, number, label] : cases)
         EXPECT_EQ(rtf::ListLabel(kind, number), label) << number;
+}
+
+// Each paragraph as "text" or "text@edge" with "|" after the last of a cell and "||" after a row's.
+std::string Cells(const rtf::Document& document) {
+    std::string cells;
+    for (size_t i = 0; i < document.paragraphs.size(); ++i) {
+        const std::optional<TableCell>& cell = document.paragraphs[i].cell;
+        cells += rtftest::Texts(document)[i];
+        if (cell) {
+            cells += '@';
+            cells += std::to_string(cell->rightEdge);
+            cells.append(cell->endsCell + cell->endsRow, '|');
+        }
+        cells += " ";
+    }
+    return cells;
+}
+
+TEST(RtfTables, CellsKeepTheirParagraphsRightEdgesAndRows) {
+    const std::pair<std::string, std::string> cases[] = {
+        {R"(\trowd\cellx1000\cellx2500\pard\intbl a\par b\cell c\cell\row\pard d\par)",
+         "a@1000 b@1000| c@2500|| d "},
+        // Rows of their own widths; a cell without \intbl is a cell too.
+        {R"(\trowd\cellx100 a\cell\row\trowd\cellx300\cellx600 b\cell c\cell\row)",
+         "a@100|| b@300| c@600|| "},
+        // A cell merged into the one before adds no paragraph; its edge is passed over.
+        {R"(\trowd\cellx100\clmrg\cellx200\cellx300\intbl a\cell\cell b\cell\row)", "a@100| b@300|| "},
+        // A nested table is flattened into its outer cell; all its text stays.
+        {R"(\trowd\cellx900\intbl a\nestcell{\*\nesttableprops\trowd\cellx50\nestrow}b\cell\row)",
+         "a@900 b@900|| "},
+        // A cell that never ends has no edge yet.
+        {R"(\trowd\cellx400\intbl a\par b)", "a@0 b@0 "},
+    };
+    for (const auto& [body, cells] : cases) {
+        const std::string rtf = "{\\rtf1 " + body + "}";
+        const rtf::Document document = ReadAndRoundTrip(rtf);
+        EXPECT_EQ(Cells(document), cells) << body;
+        EXPECT_EQ(rtf::PlainText(rtf), rtftest::Joined(document)) << body;
+    }
+    const std::string rtf =
+        WriteRtf(ReadRtf(R"({\rtf1\trowd\cellx100\cellx300 \b a\b0\cell b\cell\row c\par})"));
+    EXPECT_NE(
+        rtf.find(
+            "\\trowd\\cellx100\\cellx300\\pard\\intbl\\f0\\fs24\\b a\\b0\\cell\r\nb\\cell\\row\r\n\\pard c"),
+        std::string::npos)
+        << rtf;
 }
 
 } // namespace
