@@ -1,6 +1,8 @@
 #include "text/RtfLexer.h"
 
 #include <algorithm>
+#include <cstring>
+#include <iterator>
 #include <limits>
 
 namespace velto::rtf {
@@ -133,16 +135,31 @@ std::string_view Lexer::TakeBytes(int64_t count) {
     return m_input.substr(start, m_pos - start);
 }
 
+size_t Lexer::NextSpecial() {
+    static constexpr char kSpecial[] = {'{', '}', '\\'};
+    size_t next = m_input.size();
+    for (size_t i = 0; i < std::size(kSpecial); ++i) {
+        if (m_nextSpecial[i] < m_pos || !m_nextSpecialKnown) {
+            const void* hit = std::memchr(m_input.data() + m_pos, kSpecial[i], m_input.size() - m_pos);
+            m_nextSpecial[i] =
+                hit ? static_cast<size_t>(static_cast<const char*>(hit) - m_input.data()) : m_input.size();
+        }
+        next = std::min(next, m_nextSpecial[i]);
+    }
+    m_nextSpecialKnown = true;
+    return next;
+}
+
 void Lexer::SkipGroup() {
     int depth = 1;
-    while (!AtEnd()) {
+    while ((m_pos = NextSpecial()) < m_input.size()) {
         const char c = m_input[m_pos++];
         if (c == '{') {
             ++depth;
         } else if (c == '}') {
             if (--depth == 0)
                 return;
-        } else if (c == '\\' && !AtEnd()) {
+        } else if (!AtEnd()) {
             if (m_input.substr(m_pos, 3) == "bin") {
                 --m_pos;
                 const Token word = ReadControl();

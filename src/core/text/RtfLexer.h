@@ -44,9 +44,15 @@ private:
     unsigned char Peek() const { return static_cast<unsigned char>(m_input[m_pos]); }
     // Reads the optional signed number after a control word.
     void ReadParam(Token& token);
+    // The position of the next brace or backslash from the current one, the end if there is none.
+    size_t NextSpecial();
 
     std::string_view m_input;
     size_t m_pos = 0;
+    // Where each of '{', '}' and '\\' next stands; looked for again only once passed, so that skipping
+    // groups costs one memchr pass over the input whatever it holds (picture data: no scan per byte).
+    size_t m_nextSpecial[3] = {};
+    bool m_nextSpecialKnown = false;
 };
 
 } // namespace velto::rtf
