@@ -1,7 +1,8 @@
 // Throughput of the RTF engine: plain text and full parse (MB/s of RTF) on the shared corpus and on a
-// generated 1 MB note, writing, and a search pass over 100,000 typical notes with and without the
-// plain-text cache. The corpus lives in $VELTO_SHARED_DIR/rtf-corpus (default compiled in); without it
-// the corpus benchmarks report an error and the others still run.
+// generated 1 MB note, writing, a 5 MB note that is mostly pictures against its text alone, and a search pass
+// over 100,000 typical notes with and without the plain-text cache. The corpus lives in
+// $VELTO_SHARED_DIR/rtf-corpus (default compiled in); without it the corpus benchmarks report an error and
+// the others still run.
 #include "text/PlainTextCache.h"
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
@@ -63,6 +64,43 @@ std::string GeneratedNote(size_t size, int firstLine = 0) {
 const std::string& OneMegabyteNote() {
     static const std::string note = GeneratedNote(1 << 20);
     return note;
+}
+
+// The text of a 20 KB generated note with two pictures of 1.25 MB each (5 MB of RTF as hex digits).
+std::string NoteWithPictures(bool withPictures) {
+    std::string note = GeneratedNote(20 << 10);
+    note.resize(note.rfind('}'));
+    if (withPictures) {
+        for (int picture = 0; picture < 2; ++picture) {
+            note += "{\\pict\\pngblip\\picw1600\\pich1200\\picwgoal24000\\pichgoal18000";
+            for (int line = 0; line < (5 << 20) / 2 / 130; ++line)
+                note += "\r\n89504e470d0a1a0a0000000d4948445200000640000004b00802000000a1b2c3d4e5f60718293a4b"
+                        "5c6d7e8f90"
+                        "0123456789abcdef0123456789abcdef";
+            note += "}\\par\r\n";
+        }
+    }
+    return note + "}\r\n";
+}
+
+template <typename Work> void OverText(benchmark::State& state, const std::string& rtf, Work work) {
+    for (auto _ : state)
+        benchmark::DoNotOptimize(work(rtf));
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * rtf.size()));
+}
+
+void BM_RtfPlainText_PictureNote5MB(benchmark::State& state) {
+    OverText(state, NoteWithPictures(true), rtf::PlainText);
+}
+void BM_RtfPlainText_PictureNoteTextOnly(benchmark::State& state) {
+    OverText(state, NoteWithPictures(false), rtf::PlainText);
+}
+void BM_RtfParse_PictureNote5MB(benchmark::State& state) {
+    OverText(state, NoteWithPictures(true), rtf::ReadRtf);
+}
+void BM_RtfReadAndWrite_PictureNote5MB(benchmark::State& state) {
+    OverText(state, NoteWithPictures(true),
+             [](const std::string& rtf) { return rtf::WriteRtf(rtf::ReadRtf(rtf)); });
 }
 
 template <typename Work> void OverCorpus(benchmark::State& state, Work work) {
@@ -147,6 +185,10 @@ BENCHMARK(BM_RtfParse_Corpus)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfPlainText_GeneratedNote1MB)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfParse_GeneratedNote1MB)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfWrite_GeneratedNote1MB)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfPlainText_PictureNote5MB)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfPlainText_PictureNoteTextOnly)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfParse_PictureNote5MB)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RtfReadAndWrite_PictureNote5MB)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfSearchPass100kNotes_Parse)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfSearchPass100kNotes_Cached)->Unit(benchmark::kMillisecond);
 

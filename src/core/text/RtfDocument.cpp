@@ -3,12 +3,16 @@
 namespace velto::rtf {
 namespace {
 
+bool CanMerge(const Run& run, const CharFormat& format) {
+    return run.format == format && !run.picture;
+}
+
 // Runs that became equal in format (after a change to all of them) are one run in the normal form.
 void MergeEqualNeighbours(std::vector<Run>& runs) {
     std::vector<Run> merged;
     merged.reserve(runs.size());
     for (Run& run : runs) {
-        if (!merged.empty() && merged.back().format == run.format)
+        if (!merged.empty() && CanMerge(merged.back(), run.format) && !run.picture)
             merged.back().text += run.text;
         else
             merged.push_back(std::move(run));
@@ -21,10 +25,14 @@ void MergeEqualNeighbours(std::vector<Run>& runs) {
 void DocumentBuilder::AppendText(std::string_view utf8, const CharFormat& format) {
     if (utf8.empty())
         return;
-    if (!m_open.runs.empty() && m_open.runs.back().format == format)
+    if (!m_open.runs.empty() && CanMerge(m_open.runs.back(), format))
         m_open.runs.back().text += utf8;
     else
-        m_open.runs.push_back(Run{std::string(utf8), format});
+        m_open.runs.push_back(Run{std::string(utf8), format, std::nullopt});
+}
+
+void DocumentBuilder::AppendPicture(Picture picture, const CharFormat& format) {
+    m_open.runs.push_back(Run{std::string(), format, std::move(picture)});
 }
 
 void DocumentBuilder::EndParagraph(Alignment alignment, const CharFormat& mark, ParagraphBreak end) {
@@ -38,6 +46,21 @@ void DocumentBuilder::EndParagraph(Alignment alignment, const CharFormat& mark, 
 void DocumentBuilder::MarkPageBreak() {
     if (!m_document.paragraphs.empty())
         m_document.paragraphs.back().end = ParagraphBreak::Page;
+}
+
+void DocumentBuilder::CloseCell(int rightEdge) {
+    auto& paragraphs = m_document.paragraphs;
+    for (auto it = paragraphs.rbegin(); it != paragraphs.rend() && it->cell; ++it) {
+        if (it->cell->endsCell && it != paragraphs.rbegin())
+            break;
+        it->cell->rightEdge = rightEdge;
+    }
+}
+
+void DocumentBuilder::MarkRowEnd() {
+    if (!m_document.paragraphs.empty() && m_document.paragraphs.back().cell &&
+        m_document.paragraphs.back().cell->endsCell)
+        m_document.paragraphs.back().cell->endsRow = true;
 }
 
 Document DocumentBuilder::Finish(Alignment alignment, const CharFormat& mark) {

@@ -38,14 +38,87 @@ struct CharFormat {
     bool operator==(const CharFormat&) const = default;
 };
 
+// The picture kinds RTF notes hold. Unknown is a \pict whose kind this reader does not know: its bytes
+// are kept, but nothing can show them.
+enum class PictureKind { Png, Jpeg, WindowsMetafile, EnhancedMetafile, Unknown };
+
+// A picture as the RTF gives it: its bytes untouched and the size words that go with them.
+struct Picture {
+    PictureKind kind = PictureKind::Unknown;
+    int metafileMapping = 0; // the N of \wmetafileN
+    int width = 0;           // \picw, \pich: in pixels or in the metafile's units
+    int height = 0;
+    int goalWidth = 0; // \picwgoal, \pichgoal: the wanted size in twips; 0 when not given
+    int goalHeight = 0;
+    int scaleX = 100; // \picscalex, \picscaley: percent
+    int scaleY = 100;
+    std::string data; // the picture file's bytes
+
+    bool operator==(const Picture&) const = default;
+};
+
 struct Run {
-    std::string text; // UTF-8, never empty in a document built by DocumentBuilder
+    std::string text; // UTF-8, never empty in a document built by DocumentBuilder unless a picture
     CharFormat format;
+    // A picture at this place of the paragraph; its run has no text and is never merged with another.
+    std::optional<Picture> picture;
 
     bool operator==(const Run&) const = default;
 };
 
 enum class Alignment { Left, Centre, Right, Justified };
+
+// Where a tab stop aligns the text after the tab.
+enum class TabKind { Left, Centre, Right, Decimal };
+
+struct TabStop {
+    int position = 0; // twips from the left indent's origin
+    TabKind kind = TabKind::Left;
+
+    bool operator==(const TabStop&) const = default;
+};
+
+// Indents, spacing and tab stops of a paragraph, in twips as RTF gives them. The pane shows none of
+// these yet; the model carries them so that a note keeps them when only its text was edited.
+struct ParagraphLayout {
+    int leftIndent = 0;
+    int rightIndent = 0;
+    int firstLineIndent = 0; // relative to the left indent; negative for a hanging indent
+    int spaceBefore = 0;
+    int spaceAfter = 0;
+    int lineSpacing = 0;       // 0: single; negative: exactly; positive: at least (or a multiple, below)
+    bool lineMultiple = false; // lineSpacing counts in 240ths of a line
+    std::vector<TabStop> tabs; // in the order the RTF gave them
+
+    bool operator==(const ParagraphLayout&) const = default;
+};
+
+// How the items of a list level are labelled.
+enum class ListKind { Bullet, Decimal, LowerLetter, UpperLetter, LowerRoman, UpperRoman };
+
+// A paragraph's place in a bulleted or numbered list. Paragraphs with one id form one list, numbered
+// through; the reader numbers ids 1, 2, … in the order lists first appear, and the writer does the
+// same with the ids it is given. All paragraphs of one list and level share kind and start (the
+// writer takes them from the first).
+struct ListMembership {
+    int id = 1;
+    int level = 0; // 0 … 8
+    ListKind kind = ListKind::Bullet;
+    int start = 1; // the number of the level's first item
+
+    bool operator==(const ListMembership&) const = default;
+};
+
+// A paragraph inside a table row. A cell holds the paragraphs up to the one that ends it; a row holds
+// the cells up to the one whose last paragraph ends the row. Nested tables are flattened into the
+// cells of the outer one.
+struct TableCell {
+    int rightEdge = 0;     // \cellx: the cell's right edge in twips; 0 for a cell that never ended
+    bool endsCell = false; // the cell's last paragraph
+    bool endsRow = false;  // the last paragraph of the row's last cell (only with endsCell)
+
+    bool operator==(const TableCell&) const = default;
+};
 
 // What ends a paragraph: a paragraph mark, a page break, or nothing because the text ran out (only the
 // last paragraph of a document can end so).
@@ -57,6 +130,9 @@ struct Paragraph {
     // The format of the paragraph mark: what an empty paragraph shows and what typing at its end uses.
     CharFormat mark;
     ParagraphBreak end = ParagraphBreak::Paragraph;
+    ParagraphLayout layout;
+    std::optional<ListMembership> list;
+    std::optional<TableCell> cell;
 
     bool operator==(const Paragraph&) const = default;
 };
@@ -73,8 +149,18 @@ struct Document {
 class DocumentBuilder {
 public:
     void AppendText(std::string_view utf8, const CharFormat& format);
+    void AppendPicture(Picture picture, const CharFormat& format);
     // Ends the open paragraph (even an empty one) with the given properties.
     void EndParagraph(Alignment alignment, const CharFormat& mark, ParagraphBreak end);
+    // Sets the layout of the open paragraph; it stays with it when it ends.
+    void SetLayout(const ParagraphLayout& layout) { m_open.layout = layout; }
+    void SetList(const std::optional<ListMembership>& list) { m_open.list = list; }
+    void SetCell(const std::optional<TableCell>& cell) { m_open.cell = cell; }
+    // Gives the right edge to the cell that the last paragraph ended: to it and the paragraphs of the
+    // cell before it.
+    void CloseCell(int rightEdge);
+    // Marks the last paragraph as ending its row, if it ends a cell.
+    void MarkRowEnd();
     // Marks the last paragraph as followed by a page break.
     void MarkPageBreak();
     // Whether text was appended since the last paragraph ended.

@@ -1,6 +1,8 @@
 #include "text/RtfLexer.h"
 
 #include <algorithm>
+#include <cstring>
+#include <iterator>
 #include <limits>
 
 namespace velto::rtf {
@@ -17,7 +19,15 @@ bool IsIgnored(unsigned char c) {
     return c == '\r' || c == '\n' || c == '\0';
 }
 
-int HexValue(unsigned char c) {
+Token MakeToken(Token::Kind kind) {
+    Token token;
+    token.kind = kind;
+    return token;
+}
+
+} // namespace
+
+int HexDigitValue(unsigned char c) {
     if (IsDigit(c))
         return c - '0';
     if (c >= 'a' && c <= 'f')
@@ -26,14 +36,6 @@ int HexValue(unsigned char c) {
         return c - 'A' + 10;
     return -1;
 }
-
-Token MakeToken(Token::Kind kind) {
-    Token token;
-    token.kind = kind;
-    return token;
-}
-
-} // namespace
 
 Token Lexer::Next() {
     while (!AtEnd() && IsIgnored(Peek()))
@@ -86,8 +88,8 @@ Token Lexer::ReadControl() {
     ++m_pos;
     if (first == '\'') {
         if (m_pos + 2 <= m_input.size()) {
-            const int high = HexValue(static_cast<unsigned char>(m_input[m_pos]));
-            const int low = HexValue(static_cast<unsigned char>(m_input[m_pos + 1]));
+            const int high = HexDigitValue(static_cast<unsigned char>(m_input[m_pos]));
+            const int low = HexDigitValue(static_cast<unsigned char>(m_input[m_pos + 1]));
             if (high >= 0 && low >= 0) {
                 m_pos += 2;
                 Token token = MakeToken(Token::Kind::HexByte);
@@ -127,16 +129,37 @@ void Lexer::SkipBytes(int64_t count) {
     m_pos += static_cast<size_t>(std::min<int64_t>(count, static_cast<int64_t>(left)));
 }
 
+std::string_view Lexer::TakeBytes(int64_t count) {
+    const size_t start = m_pos;
+    SkipBytes(count);
+    return m_input.substr(start, m_pos - start);
+}
+
+size_t Lexer::NextSpecial() {
+    static constexpr char kSpecial[] = {'{', '}', '\\'};
+    size_t next = m_input.size();
+    for (size_t i = 0; i < std::size(kSpecial); ++i) {
+        if (m_nextSpecial[i] < m_pos || !m_nextSpecialKnown) {
+            const void* hit = std::memchr(m_input.data() + m_pos, kSpecial[i], m_input.size() - m_pos);
+            m_nextSpecial[i] =
+                hit ? static_cast<size_t>(static_cast<const char*>(hit) - m_input.data()) : m_input.size();
+        }
+        next = std::min(next, m_nextSpecial[i]);
+    }
+    m_nextSpecialKnown = true;
+    return next;
+}
+
 void Lexer::SkipGroup() {
     int depth = 1;
-    while (!AtEnd()) {
+    while ((m_pos = NextSpecial()) < m_input.size()) {
         const char c = m_input[m_pos++];
         if (c == '{') {
             ++depth;
         } else if (c == '}') {
             if (--depth == 0)
                 return;
-        } else if (c == '\\' && !AtEnd()) {
+        } else if (!AtEnd()) {
             if (m_input.substr(m_pos, 3) == "bin") {
                 --m_pos;
                 const Token word = ReadControl();

@@ -17,6 +17,9 @@ struct Token {
     unsigned char byte = 0; // the character of a control symbol; the value of a hex byte
 };
 
+// The value of a hexadecimal digit, -1 for any other character.
+int HexDigitValue(unsigned char c);
+
 class Lexer {
 public:
     // Control words longer than this are no RTF words; they are read whole and reported cut short.
@@ -27,6 +30,8 @@ public:
     Token Next();
     // Passes over count bytes of binary data (\binN); a count beyond the input ends it.
     void SkipBytes(int64_t count);
+    // The same, handing the bytes over.
+    std::string_view TakeBytes(int64_t count);
     // Passes over the rest of the group whose opening brace was read last, its closing brace included,
     // honouring escaped braces and binary data inside it.
     void SkipGroup();
@@ -39,9 +44,15 @@ private:
     unsigned char Peek() const { return static_cast<unsigned char>(m_input[m_pos]); }
     // Reads the optional signed number after a control word.
     void ReadParam(Token& token);
+    // The position of the next brace or backslash from the current one, the end if there is none.
+    size_t NextSpecial();
 
     std::string_view m_input;
     size_t m_pos = 0;
+    // Where each of '{', '}' and '\\' next stands; looked for again only once passed, so that skipping
+    // groups costs one memchr pass over the input whatever it holds (picture data: no scan per byte).
+    size_t m_nextSpecial[3] = {};
+    bool m_nextSpecialKnown = false;
 };
 
 } // namespace velto::rtf

@@ -4,6 +4,7 @@
 #include "text/CodePage.h"
 #include "text/RtfKeywords.h"
 #include "text/RtfLexer.h"
+#include "text/RtfLists.h"
 
 #include <algorithm>
 #include <map>
@@ -35,9 +36,20 @@ struct CharState {
     bool operator==(const CharState&) const = default;
 };
 
+// The paragraph properties while reading; \pard resets them.
+struct ParagraphState {
+    Alignment alignment = Alignment::Left;
+    ParagraphLayout layout;
+    TabKind nextTab = TabKind::Left; // the kind \tx gives the stop it sets
+    int listNumber = 0;              // \ls: 0 for none
+    int listLevel = 0;               // \ilvl
+    std::optional<OldNumbering> oldNumbering;
+    bool inTable = false; // \intbl
+};
+
 struct GroupState {
     CharState chars;
-    Alignment alignment = Alignment::Left;
+    ParagraphState paragraph;
     Destination destination = Destination::Text;
     bool nestedRow = false; // in the properties of a nested table row, which do not define top-level cells
     int unicodeSkip = 1;    // \uc: characters of 8-bit fallback after each \u
@@ -73,6 +85,69 @@ bool FlagOn(const Token& token) {
     return !token.hasParam || token.param != 0;
 }
 
+// Collects a picture's size words and its data, given as hexadecimal digits or as \bin bytes.
+class PictureReader {
+public:
+    explicit PictureReader(Picture& picture) : m_picture(picture) {}
+
+    void Word(const Token& token) {
+        static constexpr std::pair<std::string_view, PictureKind> kKinds[] = {
+            {"pngblip", PictureKind::Png},
+            {"jpegblip", PictureKind::Jpeg},
+            {"wmetafile", PictureKind::WindowsMetafile},
+            {"emfblip", PictureKind::EnhancedMetafile},
+        };
+        for (const auto& [word, kind] : kKinds) {
+            if (token.text == word) {
+                m_picture.kind = kind;
+                if (kind == PictureKind::WindowsMetafile)
+                    m_picture.metafileMapping = token.param;
+                return;
+            }
+        }
+        if (int* size = SizeField(token.text))
+            *size = token.param;
+    }
+
+    // Digits in pairs make bytes; blanks between them and a lone last digit are no data.
+    void HexDigits(std::string_view digits) {
+        std::string& data = m_picture.data;
+        for (char c : digits) {
+            const int value = HexDigitValue(static_cast<unsigned char>(c));
+            if (value < 0)
+                continue;
+            if (m_high < 0) {
+                m_high = value;
+            } else {
+                data += static_cast<char>(m_high << 4 | value);
+                m_high = -1;
+            }
+        }
+    }
+
+    void Bytes(std::string_view bytes) { m_picture.data += bytes; }
+
+private:
+    int* SizeField(std::string_view word) {
+        if (word == "picw")
+            return &m_picture.width;
+        if (word == "pich")
+            return &m_picture.height;
+        if (word == "picwgoal")
+            return &m_picture.goalWidth;
+        if (word == "pichgoal")
+            return &m_picture.goalHeight;
+        if (word == "picscalex")
+            return &m_picture.scaleX;
+        if (word == "picscaley")
+            return &m_picture.scaleY;
+        return nullptr;
+    }
+
+    Picture& m_picture;
+    int m_high = -1;
+};
+
 // Turns RTF into either a Document (kModel) or its plain text: one pass, no recursion, with all state
 // in a bounded stack of groups.
 template <bool kModel> class Parser {
@@ -88,7 +163,10 @@ public:
 
     Document TakeDocument() {
         FlushRun();
-        return m_builder.Finish(m_state.alignment, Resolve(m_state.chars));
+        m_builder.SetLayout(m_state.paragraph.layout);
+        m_builder.SetList(ListOf(m_state.paragraph));
+        m_builder.SetCell(CellOf(m_state.paragraph, false));
+        return m_builder.Finish(m_state.paragraph.alignment, Resolve(m_state.chars));
     }
 
     std::string TakeText() {
@@ -178,9 +256,10 @@ private:
         const Keyword keyword = LookUpKeyword(token.text);
         if (m_optionalDestination) {
             m_optionalDestination = false;
-            // "\*" marks a destination a reader may skip. Kept are the Unicode text of a pair and the
-            // properties of nested table rows, into which some writers put the cells' text.
-            if (keyword != Keyword::UnicodeAlternative && keyword != Keyword::NestedTableProperties)
+            // "\*" marks a destination a reader may skip. Kept are the Unicode text of a pair, the
+            // properties of nested table rows, into which some writers put the cells' text, and the
+            // picture that \nonshppict repeats for older readers.
+            if (!IsKeptOptionalDestination(keyword))
                 return SkipGroup();
         }
         if (keyword == Keyword::Binary) {
@@ -194,11 +273,31 @@ private:
             LeaveUnclosedFontTable();
         if (keyword == Keyword::Skipped || keyword == Keyword::FieldInstruction)
             return SkipGroup();
-        if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword)) {
+        if (keyword == Keyword::Picture)
+            return m_state.destination == Destination::Text ? ReadPicture() : SkipGroup();
+        if (keyword == Keyword::ListTable || keyword == Keyword::ListOverrideTable ||
+            keyword == Keyword::OldNumbering)
+            return ReadListWords(keyword);
+        if (!TableWord(keyword, token) && !FormatWord(keyword, token) && !ParagraphWord(keyword, token) &&
+            !LayoutWord(keyword, token)) {
             if (const char32_t c = NamedCharacter(keyword))
                 Emit(c);
         }
         return true;
+    }
+
+    static bool IsKeptOptionalDestination(Keyword keyword) {
+        switch (keyword) {
+        case Keyword::UnicodeAlternative:
+        case Keyword::NestedTableProperties:
+        case Keyword::ShapePicture:
+        case Keyword::ListTable:
+        case Keyword::ListOverrideTable:
+        case Keyword::OldNumbering:
+            return true;
+        default:
+            return false;
+        }
     }
 
     // Code pages, the font and colour tables, and the destinations that decide where text goes.
@@ -308,20 +407,22 @@ private:
     }
 
     // Alignment, paragraph ends and table cells.
-    bool ParagraphWord(Keyword keyword) {
+    bool ParagraphWord(Keyword keyword, const Token& token) {
         switch (keyword) {
         case Keyword::ParagraphDefault:
+            m_state.paragraph = ParagraphState();
+            return true;
         case Keyword::AlignLeft:
-            m_state.alignment = Alignment::Left;
+            m_state.paragraph.alignment = Alignment::Left;
             return true;
         case Keyword::AlignCentre:
-            m_state.alignment = Alignment::Centre;
+            m_state.paragraph.alignment = Alignment::Centre;
             return true;
         case Keyword::AlignRight:
-            m_state.alignment = Alignment::Right;
+            m_state.paragraph.alignment = Alignment::Right;
             return true;
         case Keyword::AlignJustified:
-            m_state.alignment = Alignment::Justified;
+            m_state.paragraph.alignment = Alignment::Justified;
             return true;
         case Keyword::Par:
         case Keyword::NestedCell:
@@ -335,16 +436,75 @@ private:
             EndCell();
             return true;
         case Keyword::Row:
-            m_row.cell = 0;
+            EndRow();
             return true;
         case Keyword::RowDefaults:
         case Keyword::CellBoundary:
         case Keyword::CellMerged:
-            DefineCell(keyword);
+            DefineCell(keyword, token.param);
+            return true;
+        case Keyword::InTable:
+            m_state.paragraph.inTable = true;
             return true;
         default:
             return false;
         }
+    }
+
+    // Indents, spacing and tab stops.
+    bool LayoutWord(Keyword keyword, const Token& token) {
+        ParagraphLayout& layout = m_state.paragraph.layout;
+        switch (keyword) {
+        case Keyword::LeftIndent:
+            layout.leftIndent = token.param;
+            return true;
+        case Keyword::RightIndent:
+            layout.rightIndent = token.param;
+            return true;
+        case Keyword::FirstLineIndent:
+            layout.firstLineIndent = token.param;
+            return true;
+        case Keyword::SpaceBefore:
+            layout.spaceBefore = token.param;
+            return true;
+        case Keyword::SpaceAfter:
+            layout.spaceAfter = token.param;
+            return true;
+        case Keyword::LineSpacing:
+            layout.lineSpacing = token.param;
+            return true;
+        case Keyword::LineMultiple:
+            layout.lineMultiple = FlagOn(token);
+            return true;
+        case Keyword::TabCentre:
+        case Keyword::TabRight:
+        case Keyword::TabDecimal:
+            m_state.paragraph.nextTab = keyword == Keyword::TabCentre  ? TabKind::Centre
+                                        : keyword == Keyword::TabRight ? TabKind::Right
+                                                                       : TabKind::Decimal;
+            return true;
+        case Keyword::TabPosition:
+            AddTabStop(token.param);
+            return true;
+        case Keyword::ListNumber:
+            m_state.paragraph.listNumber = token.param;
+            return true;
+        case Keyword::ListLevel:
+            m_state.paragraph.listLevel = std::clamp(token.param, 0, kListLevels - 1);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    // A paragraph holds few tab stops; more than this come only from hostile input.
+    static constexpr size_t kMaxTabStops = 64;
+
+    void AddTabStop(int position) {
+        ParagraphState& paragraph = m_state.paragraph;
+        if (paragraph.layout.tabs.size() < kMaxTabStops)
+            paragraph.layout.tabs.push_back(TabStop{position, paragraph.nextTab});
+        paragraph.nextTab = TabKind::Left;
     }
 
     static char32_t NamedCharacter(Keyword keyword) {
@@ -538,13 +698,17 @@ private:
         }
     }
 
-    void EndParagraph(ParagraphBreak end) {
+    // endsCell: the paragraph mark is \cell.
+    void EndParagraph(ParagraphBreak end, bool endsCell = false) {
         if (m_state.destination != Destination::Text)
             return;
         m_leadByte = -1;
         if constexpr (kModel) {
             FlushRun();
-            m_builder.EndParagraph(m_state.alignment, Resolve(m_state.chars), end);
+            m_builder.SetLayout(m_state.paragraph.layout);
+            m_builder.SetList(ListOf(m_state.paragraph));
+            m_builder.SetCell(CellOf(m_state.paragraph, endsCell));
+            m_builder.EndParagraph(m_state.paragraph.alignment, Resolve(m_state.chars), end);
         } else {
             m_text += '\n';
         }
@@ -562,29 +726,122 @@ private:
             m_builder.MarkPageBreak();
     }
 
-    // ---- tables: each cell is a paragraph, except that a cell merged into the one before it
-    // (\clmrg) adds no empty paragraph of its own.
+    // ---- pictures: the plain text passes over their data at the lexer's speed; the model keeps
+    // their bytes and size words.
 
-    void DefineCell(Keyword keyword) {
+    bool ReadPicture() {
+        m_openParagraph = true;
+        if constexpr (!kModel) {
+            return SkipGroup();
+        } else {
+            Picture picture;
+            PictureReader reader(picture);
+            for (Token token = m_lexer.Next(); token.kind != Token::Kind::End; token = m_lexer.Next()) {
+                if (token.kind == Token::Kind::GroupClose)
+                    break;
+                if (token.kind == Token::Kind::GroupOpen)
+                    m_lexer.SkipGroup(); // \*\picprop, \*\blipuid: nothing a note needs
+                else if (token.kind == Token::Kind::Text)
+                    reader.HexDigits(token.text);
+                else if (token.kind == Token::Kind::ControlWord && token.text == "bin")
+                    reader.Bytes(m_lexer.TakeBytes(token.param));
+                else if (token.kind == Token::Kind::ControlWord)
+                    reader.Word(token);
+            }
+            const bool more = CloseGroup();
+            FlushRun();
+            m_builder.AppendPicture(std::move(picture), Resolve(m_state.chars));
+            return more;
+        }
+    }
+
+    // ---- lists: the plain text has no use for them and passes over their groups.
+
+    bool ReadListWords(Keyword keyword) {
+        if constexpr (!kModel) {
+            return SkipGroup();
+        } else {
+            std::optional<OldNumbering> numbering;
+            if (keyword == Keyword::ListTable)
+                m_listTables.ReadListTable(m_lexer);
+            else if (keyword == Keyword::ListOverrideTable)
+                m_listTables.ReadOverrideTable(m_lexer);
+            else
+                numbering = ReadOldNumbering(m_lexer);
+            const bool more = CloseGroup(); // the lexer has read the closing brace
+            // \pn stands in a group of its own but numbers the paragraph around it.
+            if (keyword == Keyword::OldNumbering)
+                m_state.paragraph.oldNumbering = numbering;
+            return more;
+        }
+    }
+
+    // The list the paragraph belongs to: \ls when a list override defines it, else \pn. Lists are
+    // numbered in the order they first appear; \pn lists are told apart by their style.
+    std::optional<ListMembership> ListOf(const ParagraphState& paragraph) {
+        ListLevelStyle style;
+        int level = 0;
+        std::tuple<bool, int, ListKind, int> key;
+        const auto found = paragraph.listNumber != 0
+                               ? m_listTables.Find(paragraph.listNumber, paragraph.listLevel)
+                               : std::nullopt;
+        if (found) {
+            style = *found;
+            level = paragraph.listLevel;
+            key = {false, paragraph.listNumber, ListKind::Bullet, 0};
+        } else if (paragraph.oldNumbering) {
+            style = paragraph.oldNumbering->style;
+            level = paragraph.oldNumbering->level;
+            key = {true, 0, style.kind, style.start};
+        } else {
+            return std::nullopt;
+        }
+        const int id = m_listIds.try_emplace(key, static_cast<int>(m_listIds.size()) + 1).first->second;
+        return ListMembership{id, level, style.kind, style.start};
+    }
+
+    // ---- tables: each cell is a paragraph, except that a cell merged into the one before it
+    // (\clmrg) adds no empty paragraph of its own. The right edge of a cell is known when it ends.
+
+    void DefineCell(Keyword keyword, int param) {
         if (m_state.nestedRow)
             return;
         if (keyword == Keyword::RowDefaults) {
-            m_row.merged.clear();
+            m_row.cells.clear();
             m_row.nextMerged = false;
             m_row.cell = 0;
         } else if (keyword == Keyword::CellMerged) {
             m_row.nextMerged = true;
         } else {
-            m_row.merged.push_back(m_row.nextMerged);
+            m_row.cells.push_back({param, m_row.nextMerged});
             m_row.nextMerged = false;
         }
     }
 
     void EndCell() {
-        const bool mergedIntoPrevious = m_row.cell < m_row.merged.size() && m_row.merged[m_row.cell];
-        ++m_row.cell;
-        if (!mergedIntoPrevious || m_openParagraph)
-            EndParagraph(ParagraphBreak::Paragraph);
+        const size_t index = m_row.cell++;
+        const CellDefinition cell = index < m_row.cells.size() ? m_row.cells[index] : CellDefinition();
+        if (cell.merged && !m_openParagraph)
+            return;
+        EndParagraph(ParagraphBreak::Paragraph, true);
+        if constexpr (kModel) {
+            if (m_state.destination == Destination::Text)
+                m_builder.CloseCell(cell.rightEdge);
+        }
+    }
+
+    void EndRow() {
+        m_row.cell = 0;
+        if constexpr (kModel) {
+            if (m_state.destination == Destination::Text)
+                m_builder.MarkRowEnd();
+        }
+    }
+
+    static std::optional<TableCell> CellOf(const ParagraphState& paragraph, bool endsCell) {
+        if (!paragraph.inTable && !endsCell)
+            return std::nullopt;
+        return TableCell{0, endsCell, false};
     }
 
     // ---- code pages
@@ -723,11 +980,18 @@ private:
         bool given = false;
     } m_colourPart;
 
+    struct CellDefinition {
+        int rightEdge = 0;
+        bool merged = false; // into the cell before it
+    };
     struct {
-        std::vector<bool> merged; // per cell of the current row definition
+        std::vector<CellDefinition> cells; // of the current row definition
         bool nextMerged = false;
         size_t cell = 0;
     } m_row;
+
+    ListTables m_listTables;
+    std::map<std::tuple<bool, int, ListKind, int>, int> m_listIds;
 
     const CodePage* m_pageCache = nullptr;
     int m_pageCacheFont = 0;

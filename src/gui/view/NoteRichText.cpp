@@ -15,6 +15,13 @@ namespace {
 constexpr int kHalfPointsProperty = QTextFormat::UserProperty + 1;
 constexpr int kUnterminatedProperty =
     QTextFormat::UserProperty + 2; // on a block: no paragraph mark closes it
+// On a block: the paragraph layout, list membership and table cell the pane does not show yet, kept so
+// that saving loses none of them.
+constexpr int kLayoutProperty = QTextFormat::UserProperty + 3;
+constexpr int kListProperty = QTextFormat::UserProperty + 5;
+constexpr int kCellProperty = QTextFormat::UserProperty + 6;
+// On an object replacement character: the note's picture it stands for, shown as a blank for now.
+constexpr int kPictureProperty = QTextFormat::UserProperty + 4;
 
 // Qt draws no font of 0 pt or below, and giant sizes only cost memory.
 constexpr double kSmallestShownPoints = 1.0;
@@ -54,6 +61,12 @@ QTextBlockFormat ToBlockFormat(const rtf::Paragraph& paragraph) {
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysAfter);
     if (paragraph.end == rtf::ParagraphBreak::None)
         format.setProperty(kUnterminatedProperty, true);
+    if (paragraph.layout != rtf::ParagraphLayout())
+        format.setProperty(kLayoutProperty, QVariant::fromValue(paragraph.layout));
+    if (paragraph.list)
+        format.setProperty(kListProperty, QVariant::fromValue(*paragraph.list));
+    if (paragraph.cell)
+        format.setProperty(kCellProperty, QVariant::fromValue(*paragraph.cell));
     return format;
 }
 
@@ -75,11 +88,27 @@ std::string FaceOf(const QTextCharFormat& format) {
 void AppendFragments(rtf::DocumentBuilder& builder, const QTextBlock& block) {
     for (auto it = block.begin(); !it.atEnd(); ++it) {
         const QTextFragment fragment = it.fragment();
-        QString text = fragment.text();
-        // Pictures and other objects have no place in a note.
-        text.remove(QChar::ObjectReplacementCharacter);
-        builder.AppendText(text.toStdString(), ToNoteFormat(fragment.charFormat()));
+        const QTextCharFormat format = fragment.charFormat();
+        const rtf::CharFormat noteFormat = ToNoteFormat(format);
+        // Only the note's own pictures come back; other objects (pasted ones) have no place in a note.
+        const auto picture = format.property(kPictureProperty).value<rtf::Picture>();
+        const QStringList pieces = fragment.text().split(QChar::ObjectReplacementCharacter);
+        for (qsizetype i = 0; i < pieces.size(); ++i) {
+            if (i > 0 && format.hasProperty(kPictureProperty))
+                builder.AppendPicture(picture, noteFormat);
+            builder.AppendText(pieces[i].toStdString(), noteFormat);
+        }
     }
+}
+
+void InsertRun(QTextCursor& cursor, const rtf::Run& run) {
+    QTextCharFormat format = ToTextFormat(run.format);
+    if (!run.picture) {
+        cursor.insertText(QString::fromStdString(run.text), format);
+        return;
+    }
+    format.setProperty(kPictureProperty, QVariant::fromValue(*run.picture));
+    cursor.insertText(QString(QChar::ObjectReplacementCharacter), format);
 }
 
 } // namespace
@@ -98,7 +127,7 @@ void ShowNote(QTextDocument& target, const rtf::Document& note) {
         }
         first = false;
         for (const rtf::Run& run : paragraph.runs)
-            cursor.insertText(QString::fromStdString(run.text), ToTextFormat(run.format));
+            InsertRun(cursor, run);
     }
     // An empty note is one unterminated empty block, which TakeNote reads as no paragraph at all.
     if (first) {
@@ -118,8 +147,13 @@ rtf::Document TakeNote(const QTextDocument& source) {
         // An unterminated empty block is no paragraph at all: it is how an empty note shows.
         if (end == rtf::ParagraphBreak::None && !builder.HasOpenParagraph())
             break;
-        builder.EndParagraph(ToNoteAlignment(block.blockFormat().alignment()),
-                             ToNoteFormat(block.charFormat()), end);
+        const QTextBlockFormat format = block.blockFormat();
+        builder.SetLayout(format.property(kLayoutProperty).value<rtf::ParagraphLayout>());
+        if (format.hasProperty(kListProperty))
+            builder.SetList(format.property(kListProperty).value<rtf::ListMembership>());
+        if (format.hasProperty(kCellProperty))
+            builder.SetCell(format.property(kCellProperty).value<rtf::TableCell>());
+        builder.EndParagraph(ToNoteAlignment(format.alignment()), ToNoteFormat(block.charFormat()), end);
     }
     return builder.Finish(rtf::Alignment::Left, rtf::CharFormat());
 }

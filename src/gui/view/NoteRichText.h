@@ -2,7 +2,9 @@
 // Moves a note between the core's formatted-text model and the QTextDocument of the note pane. A
 // paragraph is a block, its mark the block's char format, a run a fragment. What Qt cannot hold as
 // it is rides along in properties of our own: the exact size (the model keeps sizes of 0 pt and
-// below, the screen shows them clamped) and a last paragraph that no paragraph mark closes.
+// below, the screen shows them clamped), a last paragraph that no paragraph mark closes, and the
+// paragraph layout, list membership and table cell, and pictures (an object replacement character carrying
+// the picture).
 #include "text/RtfDocument.h"
 
 #include <QTextCharFormat>

@@ -21,8 +21,7 @@ using rtf::LinkRange;
 TEST(DefaultNote, OneEmptyParagraphInTheConfiguredFaceAndSize) {
     for (int points : {6, 12, 100}) {
         rtf::Document expected;
-        expected.paragraphs.push_back(
-            {rtf::Alignment::Left, {}, rtftest::Format("Arial", points * 2), rtf::ParagraphBreak::Paragraph});
+        expected.paragraphs.emplace_back().mark = rtftest::Format("Arial", points * 2);
         EXPECT_EQ(rtf::ReadRtf(MakeDefaultNote("Arial", points)), expected) << points;
     }
     // The face name is Windows-1252 like every setting; the note comes from the writer, without the

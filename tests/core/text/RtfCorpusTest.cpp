@@ -86,14 +86,44 @@ const std::set<std::string> kKnownDifferences = {
     "rtfpipe/RtfPipe.Tests/Files/phprtflite/formfields.rtf",         // drop-down field result left out
 };
 
+// Counts what the model holds besides text, so that a reader that silently drops it, which the round
+// trip alone would not notice, fails.
+struct Tally {
+    size_t pictures = 0;
+    size_t pictureBytes = 0;
+    size_t listItems = 0;
+    size_t numberedItems = 0;
+    size_t cellParagraphs = 0;
+    size_t rows = 0;
+    int64_t cellEdges = 0;
+
+    void Add(const rtf::Document& document) {
+        for (const rtf::Paragraph& paragraph : document.paragraphs) {
+            listItems += paragraph.list.has_value();
+            numberedItems += paragraph.list && paragraph.list->kind != rtf::ListKind::Bullet;
+            cellParagraphs += paragraph.cell.has_value();
+            rows += paragraph.cell && paragraph.cell->endsRow;
+            cellEdges += paragraph.cell ? paragraph.cell->rightEdge : 0;
+            for (const rtf::Run& run : paragraph.runs) {
+                if (run.picture) {
+                    ++pictures;
+                    pictureBytes += run.picture->data.size();
+                }
+            }
+        }
+    }
+};
+
 } // namespace
 
 TEST(RtfCorpus, EveryFileRoundTripsAndItsPlainTextAgreesWithAnotherWordProcessor) {
     const std::vector<CorpusFile> corpus = LoadCorpus();
     if (corpus.empty())
         GTEST_SKIP() << "no RTF corpus at " << CorpusDir() << " (set VELTO_SHARED_DIR)";
+    Tally tally;
     for (const CorpusFile& file : corpus) {
         const rtf::Document document = rtf::ReadRtf(file.rtf);
+        tally.Add(document);
         const std::string text = rtf::PlainText(file.rtf);
         EXPECT_EQ(text, rtftest::Joined(document)) << file.name;
         EXPECT_EQ(rtf::ReadRtf(rtf::WriteRtf(document)), document) << file.name;
@@ -103,6 +133,13 @@ TEST(RtfCorpus, EveryFileRoundTripsAndItsPlainTextAgreesWithAnotherWordProcessor
         EXPECT_NE(agrees, kKnownDifferences.count(file.name) > 0)
             << file.name << (agrees ? " agrees now: update the list" : " differs");
     }
+    EXPECT_EQ(tally.pictures, 16u); // every \pict of the corpus
+    EXPECT_EQ(tally.pictureBytes, 76661u);
+    EXPECT_EQ(tally.listItems, 59u);
+    EXPECT_EQ(tally.numberedItems, 19u);
+    EXPECT_EQ(tally.cellParagraphs, 1166u);
+    EXPECT_EQ(tally.rows, 314u);
+    EXPECT_EQ(tally.cellEdges, 6152472); // the sum of the right edges
 }
 
 } // namespace velto

@@ -106,6 +106,15 @@ TEST(RtfWriterRoundTrip, RandomDocuments) {
                     text += pieces[pick(pieces.size())];
                 builder.AppendText(text, randomFormat());
             }
+            if (pick(3) == 0)
+                builder.SetLayout({static_cast<int>(pick(3)) * 360,
+                                   0,
+                                   static_cast<int>(pick(3)) - 1,
+                                   0,
+                                   static_cast<int>(pick(2)) * 120,
+                                   static_cast<int>(pick(3)) * 120,
+                                   pick(2) == 0,
+                                   {{static_cast<int>(pick(4)) * 500, rtf::TabKind(pick(4))}}});
             builder.EndParagraph(static_cast<Alignment>(pick(4)), randomFormat(),
                                  pick(4) == 0 ? ParagraphBreak::Page : ParagraphBreak::Paragraph);
         }
