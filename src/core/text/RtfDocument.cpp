@@ -28,7 +28,7 @@ void DocumentBuilder::AppendText(std::string_view utf8, const CharFormat& format
     if (!m_open.runs.empty() && CanMerge(m_open.runs.back(), format))
         m_open.runs.back().text += utf8;
     else
-        m_open.runs.push_back(Run{std::string(utf8), format, std::nullopt});
+        m_open.runs.push_back(Run{std::string(utf8), format, {}});
 }
 
 void DocumentBuilder::AppendPicture(Picture picture, const CharFormat& format) {

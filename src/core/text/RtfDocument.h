@@ -7,6 +7,7 @@
 // QTextDocument uses); paragraphs are separate objects.
 #include <compare>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -57,11 +58,31 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
+// A picture held by a run. Its bytes can be megabytes and runs are copied and moved with their
+// paragraphs, so copies share one unchangeable picture and a run without one stays small; two
+// references are equal when their pictures are.
+class PictureRef {
+public:
+    PictureRef() = default;
+    PictureRef(Picture picture) : m_picture(std::make_shared<const Picture>(std::move(picture))) {}
+
+    explicit operator bool() const { return m_picture != nullptr; }
+    const Picture& operator*() const { return *m_picture; }
+    const Picture* operator->() const { return m_picture.get(); }
+    bool operator==(const PictureRef& other) const {
+        return m_picture == other.m_picture ||
+               (m_picture && other.m_picture && *m_picture == *other.m_picture);
+    }
+
+private:
+    std::shared_ptr<const Picture> m_picture;
+};
+
 struct Run {
     std::string text; // UTF-8, never empty in a document built by DocumentBuilder unless a picture
     CharFormat format;
     // A picture at this place of the paragraph; its run has no text and is never merged with another.
-    std::optional<Picture> picture;
+    PictureRef picture;
 
     bool operator==(const Run&) const = default;
 };

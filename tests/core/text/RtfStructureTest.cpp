@@ -98,7 +98,7 @@ TEST(RtfPictures, KeepTheirBytesSizeAndPlaceAmongTheRuns) {
         EXPECT_EQ(Shape(document), shape) << body;
         const auto first =
             std::find_if(document.paragraphs.at(0).runs.begin(), document.paragraphs.at(0).runs.end(),
-                         [](const rtf::Run& run) { return run.picture.has_value(); });
+                         [](const rtf::Run& run) { return bool(run.picture); });
         ASSERT_NE(first, document.paragraphs.at(0).runs.end()) << body;
         EXPECT_EQ(*first->picture, picture) << body;
         EXPECT_EQ(rtf::PlainText(rtf), rtftest::Joined(document)) << body;
