@@ -374,9 +374,13 @@ void CVeltoView::RecordRunningClock(const CProjectNode& node) {
         return;
     EnsureDataDirectory();
     const std::string journal = ClockJournalPath();
-    if (const SaveOutcome saved =
-            RecordClock(journal, ClockOfNode(m_doc.GetPathName(), m_doc.m_pFirstNode, node));
-        !saved)
+    WarnIfJournalNotSaved(journal,
+                          RecordClock(journal, ClockOfNode(m_doc.GetPathName(), m_doc.m_pFirstNode, node)));
+}
+
+// A journal that cannot be written would offer a clock back that was booked, or lose one that runs.
+void CVeltoView::WarnIfJournalNotSaved(const std::string& journal, const SaveOutcome& saved) {
+    if (!saved)
         m_doc.GetPrompter().Tell(CannotSaveDataFileMessage(journal, saved.error), Prompter::kCaption,
                                  PromptIcon::Warning);
 }
@@ -388,7 +392,8 @@ void CVeltoView::ClockOut() {
 void CVeltoView::ClockOutNode(CProjectNode& node) {
     const RunningClock clock = ClockOfNode(m_doc.GetPathName(), m_doc.m_pFirstNode, node);
     ClockOutNodeOfDocument(this, m_doc, node, m_doc.GetPrompter());
-    ForgetClock(ClockJournalPath(), clock);
+    const std::string journal = ClockJournalPath();
+    WarnIfJournalNotSaved(journal, ForgetClock(journal, clock));
     m_chart->ZeichneAllesNeu();
 }
 
@@ -403,7 +408,7 @@ void CVeltoView::OfferEndedClocks() {
             node->m_timeClockIn = clock.clockIn;
             ClockOutNodeOfDocument(this, m_doc, *node, m_doc.GetPrompter());
         }
-        ForgetClock(journal, clock);
+        WarnIfJournalNotSaved(journal, ForgetClock(journal, clock));
     }
     m_chart->ZeichneAllesNeu();
 }

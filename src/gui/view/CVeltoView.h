@@ -15,6 +15,7 @@ class QMenu;
 
 namespace velto {
 
+struct SaveOutcome;
 struct ShellState;
 class CGrafik;
 class CNotePane;
@@ -104,6 +105,7 @@ private:
     void ClockOut();
     void ClockOutNode(CProjectNode& node);
     void RecordRunningClock(const CProjectNode& node);
+    void WarnIfJournalNotSaved(const std::string& journal, const SaveOutcome& saved);
     // F6 and Shift+F6: with two panes, both move the focus to the other one.
     void SwitchPane();
     void ShowContextMenu(const QPoint& pos);

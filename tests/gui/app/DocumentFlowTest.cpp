@@ -120,6 +120,23 @@ TEST_F(DocumentFlow, ClosingAProjectWithARunningClockClocksOutThroughTheDialogAn
     EXPECT_EQ(frame.Children().size(), 1);
 }
 
+TEST_F(DocumentFlow, AJournalThatCannotBeWrittenIsToldAtClockInAndAtClockOut) {
+    QFile blocker(TempPath("belegt"));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    const DataDirOverride data(TempPath("belegt/daten"));
+    CMainFrame& frame = MakeFrame();
+    CChildFrame* child = frame.Documents().OpenDocumentFile(WriteProject("Uhr.VT5"));
+    child->GetDocument().m_pFirstNode->m_nKind = kKindTask;
+    ASSERT_TRUE(frame.Router().Execute(cmd::ClockIn));
+    OnNextModal<CClockOutDlg>([](CClockOutDlg& dialog) { ClickCancel(dialog); });
+    ASSERT_TRUE(frame.Router().Execute(cmd::ClockOut));
+    const std::vector<std::string> told = desktop.prompter.texts();
+    ASSERT_EQ(told.size(), 2u);
+    for (const std::string& text : told)
+        EXPECT_NE(text.find("Stempeluhr.dat"), std::string::npos) << text;
+}
+
 TEST_F(DocumentFlow, AClockOfAVeltoThatEndedIsOfferedBackWithItsBeginWhenTheProjectOpens) {
     const DataDirOverride data(TempPath("daten"));
     const QString path = WriteProject("Uhr.VT5");
