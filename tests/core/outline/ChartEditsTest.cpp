@@ -10,13 +10,7 @@ protected:
     ~ChartEditsTest() override { FreeNodeList(first); }
     CProjectNode* N(const std::string& title) { return Find(first, title); }
 
-    CProjectNode* first = BuildList({{0, kKindProject, "R"},
-                                     {1, kKindProject, "A"},
-                                     {2, kKindTask, "a1"},
-                                     {2, kKindProject, "B"},
-                                     {3, kKindTask, "b1"},
-                                     {1, kKindTask, "T"},
-                                     {1, kKindNote, "N"}});
+    CProjectNode* first = BuildBranchedOutline();
 };
 
 TEST_F(ChartEditsTest, MovedSubtreeGoesBeforeTheTargetAsItsSiblingOrLastUnderTheRoot) {

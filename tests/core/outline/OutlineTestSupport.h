@@ -45,6 +45,17 @@ inline CProjectNode* BuildList(std::initializer_list<Spec> specs) {
     return first;
 }
 
+// R with two branches, a task and a note: the outline the edit and chart tests move nodes around in.
+inline CProjectNode* BuildBranchedOutline() {
+    return BuildList({{0, kKindProject, "R"},
+                      {1, kKindProject, "A"},
+                      {2, kKindTask, "a1"},
+                      {2, kKindProject, "B"},
+                      {3, kKindTask, "b1"},
+                      {1, kKindTask, "T"},
+                      {1, kKindNote, "N"}});
+}
+
 // Links count untitled copies of node after it.
 inline void AppendCopies(CProjectNode* node, int count) {
     for (int i = 0; i < count; ++i) {

@@ -16,15 +16,7 @@ namespace {
 // Rows: 0 R, 1 A, 2 a1, 3 B, 4 b1, 5 T, 6 N. Both dividers lie at 300.
 class CGrafikInteraction : public ChartFixture {
 protected:
-    void SetUp() override {
-        Load({{0, kKindProject, "R"},
-              {1, kKindProject, "A"},
-              {2, kKindTask, "a1"},
-              {2, kKindProject, "B"},
-              {3, kKindTask, "b1"},
-              {1, kKindTask, "T"},
-              {1, kKindNote, "N"}});
-    }
+    void SetUp() override { Load(BuildBranchedOutline()); }
     // A press at from, moves through the points, and the release at the last one.
     void Drag(QPoint from, std::initializer_list<QPoint> path) {
         Press(chart, from);

@@ -73,8 +73,9 @@ public:
 // note area 100 high, today fixed.
 class ChartFixture : public ::testing::Test {
 protected:
-    void Load(std::initializer_list<Spec> specs) {
-        host.doc.m_pFirstNode = BuildList(specs);
+    void Load(std::initializer_list<Spec> specs) { Load(BuildList(specs)); }
+    void Load(CProjectNode* first) {
+        host.doc.m_pFirstNode = first;
         chart.SetHost(&host);
         chart.SetClock(&Today);
         chart.SetFontSize(20);
