@@ -118,7 +118,7 @@ int ListCounter::Next(const ListMembership& item) {
 
 void ListTables::ReadListTable(Lexer& lexer) {
     std::vector<ListLevelStyle> levels;
-    std::optional<int> id; // writers put it after the levels, some before
+    std::optional<int> id;  // writers put it after the levels, some before
     ListLevelStyle ignored; // a level beyond the ninth
     ListLevelStyle* level = &ignored;
     const auto keepList = [&] {
