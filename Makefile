@@ -19,7 +19,7 @@ bench: configure
 	@cmake --build $(BUILD_DIR) -j $(JOBS) --target velto_bench
 	@echo "Benchmarks built. Run them one at a time on a quiet machine (see docs/performance.md):"
 	@echo "  $(BUILD_DIR)/bench/velto_core_bench    # node list, project file, RTF"
-	@echo "  $(BUILD_DIR)/bench/velto_gui_bench     # chart redraw and view commands (offscreen)"
+	@echo "  $(BUILD_DIR)/bench/velto_gui_bench     # chart redraw, view commands, note pane (offscreen)"
 	@echo "  add e.g. --benchmark_filter=BM_Rtf to run only some of them"
 
 deps:

@@ -50,7 +50,7 @@ std::string StructuredNote() {
            "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}{\\listoverride\\listid9\\ls2}}"
            "\\pard\\f0 Titel\\par"
            "\\pard\\ls1\\ilvl0\\li720\\fi-360 Punkt eins\\par\\ls1\\ilvl1\\li1440 Unterpunkt\\par"
-           "\\ls1\\ilvl0\\li720 Punkt zwei\\par"
+           "\\ls1\\ilvl0\\li720 Punkt zwei\\par\\ls1\\ilvl1\\li1440 Noch ein Unterpunkt\\par"
            "\\pard\\ls2 Schritt eins\\par Schritt zwei\\par"
            "\\pard Bild {\\pict\\pngblip\\picw4\\pich3\\picwgoal600\\pichgoal450 " +
            SmallPng().toHex().toStdString() +
@@ -106,6 +106,8 @@ TEST(NoteStructure, ListsPicturesAndTablesShowAsQtStructuresAndSurviveAnEditElse
     const QTextList* sub = BlockWithText(document, "Unterpunkt").textList();
     ASSERT_TRUE(sub);
     EXPECT_EQ(sub->format().indent(), 2);
+    EXPECT_NE(BlockWithText(document, "Noch ein Unterpunkt").textList(), sub)
+        << "a deeper level starts afresh after an item above it";
     const QTextBlock second = BlockWithText(document, "Schritt zwei");
     ASSERT_TRUE(second.textList());
     EXPECT_EQ(second.textList()->format().style(), QTextListFormat::ListDecimal);
@@ -206,7 +208,7 @@ TEST_F(NoteStructurePane, TheClipboardCarriesListsAndPicturesAndLargeImagesAreSc
     ASSERT_TRUE(copied->hasFormat("text/rtf"));
     const rtf::Document fromClipboard = rtf::ReadRtf(copied->data("text/rtf").toStdString());
     EXPECT_EQ(Pictures(fromClipboard).size(), 2u);
-    EXPECT_EQ(ListItems(fromClipboard).size(), 5u);
+    EXPECT_EQ(ListItems(fromClipboard).size(), 6u);
 
     // Pasted after the note's own lists, the copied ones stay lists of their own.
     QTextCursor end = Editor().textCursor();
