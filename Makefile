@@ -8,8 +8,11 @@ export CCACHE_BASEDIR := $(CURDIR)
 
 .PHONY: run test bench deps configure build
 
+# A fresh copy of the sample project each time, in the build folder: trying Velto never touches the
+# committed example, its lock or its backups.
 run: build
-	./$(BUILD_DIR)/src/velto examples/Beispielprojekt.VT5
+	@cp examples/Beispielprojekt.VT5 $(BUILD_DIR)/Beispielprojekt.VT5
+	./$(BUILD_DIR)/src/velto --new-instance $(BUILD_DIR)/Beispielprojekt.VT5
 
 test: build
 	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)

@@ -6,6 +6,7 @@
 #include "app/WindowPlacement.h"
 #include "base/ActionSet.h"
 #include "base/CommandIds.h"
+#include "base/DataFiles.h"
 #include "base/Desktop.h"
 #include "base/Icons.h"
 #include "base/Settings.h"
@@ -302,7 +303,7 @@ void CMainFrame::StartConverter() {
 }
 
 void CMainFrame::OpenManual() {
-    const QString path = QDir(m_desktop.ProgramDir()).filePath(QStringLiteral("Velto.pdf"));
+    const QString path = ShippedFile(m_desktop.ProgramDir(), QStringLiteral("Velto.pdf"));
     if (!QFileInfo::exists(path))
         m_desktop.Warn(Text("Das Handbuch\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(path)));
     else if (!m_desktop.OpenDocument(path))
