@@ -6,7 +6,7 @@ WERROR ?= OFF
 # Paths below the project are hashed relative to it, so a clone elsewhere (CI) reuses the cache.
 export CCACHE_BASEDIR := $(CURDIR)
 
-.PHONY: run test bench deps configure build
+.PHONY: run test bench package deps configure build
 
 # A fresh copy of the sample project each time, in the build folder: trying Velto never touches the
 # committed example, its lock or its backups.
@@ -24,6 +24,10 @@ bench: configure
 	@echo "  $(BUILD_DIR)/bench/velto_core_bench    # node list, project file, RTF"
 	@echo "  $(BUILD_DIR)/bench/velto_gui_bench     # chart redraw, view commands, note pane (offscreen)"
 	@echo "  add e.g. --benchmark_filter=BM_Rtf to run only some of them"
+
+# The Debian package (velto_<version>_<arch>.deb in the build folder); see cmake/VeltoPackage.cmake.
+package: build
+	cd $(BUILD_DIR) && cpack -G DEB
 
 deps:
 	@bash scripts/install-deps.sh

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages Velto needs to build, test and run.
 # Idempotent and quiet when everything is already there.
-# --ci adds LibreOffice's writer, which one test uses to read back the RTF Velto writes; without it
-# that test is skipped.
+# --ci adds LibreOffice's writer, which one test uses to read back the RTF Velto writes (without it
+# that test is skipped), and the validators of the installed desktop files.
 set -euo pipefail
 
 PACKAGES=(
@@ -14,9 +14,10 @@ PACKAGES=(
   locales-all fonts-liberation
   xvfb xauth
   python3
+  librsvg2-bin dpkg-dev
 )
 if [ "${1:-}" = "--ci" ]; then
-  PACKAGES+=(libreoffice-writer-nogui)
+  PACKAGES+=(libreoffice-writer-nogui desktop-file-utils appstream libxml2-utils)
 fi
 
 missing=()

@@ -6,6 +6,7 @@
 #include "base/QtDesktop.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 
 #include <cstdio>
 
@@ -32,6 +33,11 @@ int main(int argc, char** argv) {
         return Print(stdout, UsageText(), 0);
     if (early.version)
         return Print(stdout, VersionText(), 0);
+    if (early.dataFiles) {
+        // The program's folder needs the application object, but no display.
+        QCoreApplication core(argc, argv);
+        return Print(stdout, DataFilesText(QCoreApplication::applicationDirPath()), 0);
+    }
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Velto"));

@@ -1,7 +1,9 @@
 #include "app/CommandLine.h"
 #include "VeltoVersion.h"
+#include "base/DataFiles.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 namespace velto {
 
@@ -12,6 +14,12 @@ const QCommandLineOption kVersion({QStringLiteral("v"), QStringLiteral("version"
                                   QString::fromUtf8("Zeigt die Versionsnummer an."));
 const QCommandLineOption kNewInstance(QStringLiteral("new-instance"),
                                       QString::fromUtf8("Startet ein eigenes Velto, auch wenn eins läuft."));
+const QCommandLineOption
+    kDataFiles(QStringLiteral("data-files"),
+               QString::fromUtf8("Zeigt, wo Velto seine mitgelieferten Dateien findet."));
+
+// What Velto ships besides the program; the alarm sound is added with the alarm.
+const char* const kShippedFiles[] = {"Velto.pdf", "Beispielprojekt.VT5", "translations/qtbase_de.qm"};
 } // namespace
 
 CommandLine ParseCommandLine(const QStringList& args) {
@@ -19,6 +27,7 @@ CommandLine ParseCommandLine(const QStringList& args) {
     parser.addOption(kHelp);
     parser.addOption(kVersion);
     parser.addOption(kNewInstance);
+    parser.addOption(kDataFiles);
     parser.addPositionalArgument(QStringLiteral("Datei"), QString());
     CommandLine out;
     if (!parser.parse(args)) {
@@ -30,6 +39,7 @@ CommandLine ParseCommandLine(const QStringList& args) {
     out.help = parser.isSet(kHelp);
     out.version = parser.isSet(kVersion);
     out.newInstance = parser.isSet(kNewInstance);
+    out.dataFiles = parser.isSet(kDataFiles);
     out.files = parser.positionalArguments();
     return out;
 }
@@ -47,7 +57,18 @@ QString UsageText() {
                              "Optionen:\n"
                              "  -h, --help      Zeigt diese Hilfe an.\n"
                              "  -v, --version   Zeigt die Versionsnummer an.\n"
-                             "  --new-instance  Startet ein eigenes Velto, auch wenn eins läuft.\n");
+                             "  --new-instance  Startet ein eigenes Velto, auch wenn eins läuft.\n"
+                             "  --data-files    Zeigt, wo Velto seine mitgelieferten Dateien findet.\n");
+}
+
+QString DataFilesText(const QString& programDir) {
+    QString text;
+    for (const char* name : kShippedFiles) {
+        const QString path = ShippedFile(programDir, QLatin1String(name));
+        text +=
+            QLatin1String(name) + '\t' + (QFileInfo::exists(path) ? path : QStringLiteral("fehlt")) + '\n';
+    }
+    return text;
 }
 
 QString VersionText() {

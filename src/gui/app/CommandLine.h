@@ -10,6 +10,8 @@ struct CommandLine {
     bool version = false;
     // Start a program of its own even when Velto is already running.
     bool newInstance = false;
+    // Say where the shipped files were found, and end.
+    bool dataFiles = false;
     QStringList files;
     QString error; // in German; empty when the line was understood
 };
@@ -18,5 +20,7 @@ struct CommandLine {
 CommandLine ParseCommandLine(const QStringList& args);
 QString UsageText();
 QString VersionText();
+// Each shipped file on a line of its own: its name, a tab, and where Velto finds it or "fehlt".
+QString DataFilesText(const QString& programDir);
 
 } // namespace velto

@@ -14,7 +14,8 @@ struct CommandInfo {
     // The status-bar text, a line break, then the tool tip.
     const char* prompt;
     QList<QKeySequence> keys = {};
-    // A freedesktop icon name; empty for commands that have no button.
+    // A freedesktop icon name, or "velto-…" for an icon only Velto draws; empty for commands that have
+    // no button.
     const char* icon = "";
     bool checkable = false;
 };

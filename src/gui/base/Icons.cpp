@@ -349,9 +349,12 @@ QIcon CommandIcon(const CommandInfo& command) {
     const auto& drawings = Drawings();
     const auto it = drawings.find(command.id);
     const QIcon painted = it == drawings.end() ? QIcon() : PaintedIcon(it->second);
-    if (!*command.icon)
+    // Names of our own are only drawn here: asked of a theme, its rule of dropping a name's last part
+    // would find the application's own icon for "velto-costs".
+    const QLatin1String name(command.icon);
+    if (name.isEmpty() || name.startsWith(QLatin1String("velto-")))
         return painted;
-    return QIcon::fromTheme(QString::fromLatin1(command.icon), painted);
+    return QIcon::fromTheme(name, painted);
 }
 
 QIcon AppIcon() {

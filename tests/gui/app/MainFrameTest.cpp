@@ -227,7 +227,7 @@ TEST_F(MainFrame, ARecentFileIsOpenedFromTheMenuDroppedWhenGoneAndKeptWhenDeclin
     EXPECT_EQ(recent->Files(), QStringList({kept}));
 }
 
-TEST_F(MainFrame, ConverterAndManualAreLookedForBesideTheProgram) {
+TEST_F(MainFrame, ConverterAndManualAreLookedForBesideTheProgramAndTheManualInTheInstallation) {
     CMainFrame& frame = MakeFrame();
     const auto runBoth = [&] {
         frame.Router().Execute(cmd::ImportVt4);
@@ -239,11 +239,17 @@ TEST_F(MainFrame, ConverterAndManualAreLookedForBesideTheProgram) {
     EXPECT_NE(desktop.prompter.asked()[1].text.find("Velto.pdf"), std::string::npos);
     const QDir program(desktop.ProgramDir());
     QDir().mkpath(program.path());
-    for (const char* name : {"VT4_VT5", "Velto.pdf"})
-        testsupport::WriteFile(program.filePath(name).toStdString(), "");
+    // Installed, the manual lies in the data folder beside the program's folder.
+    const QString installed = QDir::cleanPath(program.filePath("../share/velto/Velto.pdf"));
+    QDir().mkpath(QFileInfo(installed).path());
+    testsupport::WriteFile(installed.toStdString(), "");
+    testsupport::WriteFile(program.filePath("VT4_VT5").toStdString(), "");
     runBoth();
     EXPECT_EQ(desktop.started, QStringList({program.filePath("VT4_VT5")}));
-    EXPECT_EQ(desktop.opened, QStringList({program.filePath("Velto.pdf")}));
+    EXPECT_EQ(desktop.opened, QStringList({installed}));
+    testsupport::WriteFile(program.filePath("Velto.pdf").toStdString(), "");
+    frame.Router().Execute(cmd::Manual);
+    EXPECT_EQ(desktop.opened.back(), program.filePath("Velto.pdf")) << "the program's own folder comes first";
     EXPECT_EQ(desktop.prompter.asked().size(), 2u);
 }
 
