@@ -1,10 +1,10 @@
 #include "document/CVeltoDoc.h"
 
 #include "common/Prompter.h"
-#include "document/LoginName.h"
 #include "document/ProjectReading.h"
 #include "document/SafeSave.h"
 #include "io/FileSystem.h"
+#include "io/LoginName.h"
 #include "model/CTime.h"
 #include "model/NodeList.h"
 #include "text/DefaultNote.h"

@@ -9,7 +9,6 @@
 #include <charconv>
 #include <cstring>
 #include <fcntl.h>
-#include <unistd.h>
 #include <utility>
 
 namespace velto {

@@ -1,4 +1,4 @@
-#include "document/LoginName.h"
+#include "io/LoginName.h"
 
 #include <cstdlib>
 #include <pwd.h>
