@@ -49,17 +49,13 @@ void ForEachMenu(QMenu* menu, const std::function<void(QMenu*)>& visit) {
         if (QMenu* sub = action->menu())
             ForEachMenu(sub, visit);
 }
-// Qt names a maximised MDI window in the main window's title as "Velto - [Plan.VT5]", taking the
-// title it finds as the base. Its two texts are ours here, so that it writes "Velto - Plan.VT5" and
-// finds that a title RefreshTitle set already names the window, rather than adding it once more.
+// While a project window is maximised, Qt adds its title to the main window's as " - [Plan.VT5]"
+// unless the title contains that already. Its text is ours here, so that the title RefreshTitle sets
+// ("Velto - Plan.VT5") counts as containing it, rather than gaining the name a second time.
 class MdiTitleTexts : public QTranslator {
 public:
     QString translate(const char* context, const char* source, const char*, int) const override {
-        if (qstrcmp(context, "QMdiSubWindow") != 0)
-            return {};
-        if (qstrcmp(source, "%1 - [%2]") == 0)
-            return QStringLiteral("%1 - %2");
-        if (qstrcmp(source, "- [%1]") == 0)
+        if (qstrcmp(context, "QMdiSubWindow") == 0 && qstrcmp(source, "- [%1]") == 0)
             return QStringLiteral("- %1");
         return {};
     }

@@ -68,10 +68,8 @@ bool SingleInstance::Listen() {
     // Only this user may hand files over.
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(m_server, &QLocalServer::newConnection, this, &SingleInstance::Accept);
-    if (m_server->listen(m_name))
-        return true;
-    // Nobody answered on the socket (HandOver was tried first), so it is one a crashed Velto left.
-    QLocalServer::removeServer(m_name);
+    // Nobody answered on the socket (HandOver was tried first), so one that is there was left by a
+    // crashed Velto; a server with access options is made beside it and renamed over it.
     return m_server->listen(m_name);
 }
 

@@ -9,11 +9,16 @@
 #include "view/CVeltoView.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 #include <QTest>
 
 #include <atomic>
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <thread>
+#include <unistd.h>
 
 namespace velto {
 
@@ -77,13 +82,24 @@ TEST(CommandLine, FilesOptionsAndErrors) {
     EXPECT_EQ(ParseCommandLine({"velto", "--gibtsnicht", "a.VT5"}).error, "Unbekannte Option: gibtsnicht");
 }
 
+// What a crash leaves: the socket's file, and nobody listening on it.
+void LeaveStaleSocket(const QString& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const QByteArray name = QFile::encodeName(path);
+    ASSERT_LT(size_t(name.size()), sizeof(address.sun_path));
+    std::memcpy(address.sun_path, name.constData(), size_t(name.size()));
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_GE(fd, 0);
+    EXPECT_EQ(::bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    ::close(fd);
+}
+
 // A second program hands its files to the running one, which opens them and comes forward; the
 // socket a crashed program left behind is taken over.
 TEST_F(Startup, ASecondProgramHandsItsFilesToTheRunningOne) {
     const QString name = QStringLiteral("velto-test-%1").arg(QCoreApplication::applicationPid());
-    // What a crash leaves: the socket's file, and nobody listening.
-    const QString stale = QDir(QDir::tempPath()).filePath(name);
-    testsupport::WriteFile(stale.toStdString(), "");
+    LeaveStaleSocket(QDir(QDir::tempPath()).filePath(name));
     SingleInstance running(name);
     EXPECT_FALSE(running.HandOver({})) << "nobody answers on a stale socket";
     ASSERT_TRUE(running.Listen());
