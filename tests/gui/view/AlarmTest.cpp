@@ -4,6 +4,7 @@
 #include "base/ShellState.h"
 #include "dialogs/CAlarmDlg.h"
 #include "gui/chart/ChartTestSupport.h"
+#include "outline/NodeClipboard.h"
 #include "support/TempDir.h"
 #include "view/AlarmBell.h"
 #include "view/CVeltoView.h"
@@ -46,6 +47,7 @@ protected:
         doc.SetModifiedFlag(false);
         MakeView();
     }
+    ~Alarm() override { NodeClipboard::Instance().Clear(); }
 
     void MakeView() {
         view = std::make_unique<CVeltoView>(doc, shell);
@@ -215,7 +217,7 @@ TEST_F(Alarm, GoToOpensTheCollapsedBranchSelectsTheNodeAndScrollsItIntoView) {
     EXPECT_EQ(prompter.texts(), std::vector<std::string>{"Alarmknoten nicht gefunden!"});
 }
 
-TEST_F(Alarm, TheWindowFollowsItsNodeThroughSortAndUndoAndGoesWithADeletedNodeOrTheProject) {
+TEST_F(Alarm, TheWindowFollowsItsNodeThroughSortAndUndoAndGoesWithANodeDeletedOrCutAndWithTheProject) {
     Node("t2")->m_timeReminder = now;
     Tick();
     view->OnCommand(cmd::SortByDate);
@@ -237,6 +239,13 @@ TEST_F(Alarm, TheWindowFollowsItsNodeThroughSortAndUndoAndGoesWithADeletedNodeOr
     Tick();
     ASSERT_TRUE(Window());
     EXPECT_EQ(AlarmText(), "t1") << "its reminder came back with it";
+    Select("t1");
+    view->OnCommand(cmd::EditCut);
+    EXPECT_EQ(Window(), nullptr) << "gone with its node to the clipboard";
+    view->OnCommand(cmd::EditPaste);
+    Tick();
+    ASSERT_TRUE(Window());
+    EXPECT_EQ(AlarmText(), "t1");
 
     QPointer<CAlarmDlg> open = Window();
     view.reset(); // the project closes
