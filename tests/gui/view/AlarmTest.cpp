@@ -128,7 +128,7 @@ TEST_F(Alarm, TheMinuteCheckRaisesTheLastDueReminderAndNoSecondAlarmWhileOneIsOp
 }
 
 TEST_F(Alarm, SnoozeAndEscapeSetNowPlusTheIntervalAndAnUnknownTextIsRefused) {
-    Node("t1")->m_timeReminder = now;
+    Node("t1")->m_timeReminder = now - 120; // from now on, not from when it was due
     Tick();
     Snooze()->setCurrentText("1 Stunde");
     Press("Erneut erinnern");
