@@ -8,8 +8,11 @@ export CCACHE_BASEDIR := $(CURDIR)
 
 .PHONY: run test bench deps configure build
 
+# A fresh copy of the sample project each time, in the build folder: trying Velto never touches the
+# committed example, its lock or its backups.
 run: build
-	./$(BUILD_DIR)/src/velto examples/Beispielprojekt.VT5
+	@cp examples/Beispielprojekt.VT5 $(BUILD_DIR)/Beispielprojekt.VT5
+	./$(BUILD_DIR)/src/velto --new-instance $(BUILD_DIR)/Beispielprojekt.VT5
 
 test: build
 	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
@@ -19,7 +22,7 @@ bench: configure
 	@cmake --build $(BUILD_DIR) -j $(JOBS) --target velto_bench
 	@echo "Benchmarks built. Run them one at a time on a quiet machine (see docs/performance.md):"
 	@echo "  $(BUILD_DIR)/bench/velto_core_bench    # node list, project file, RTF"
-	@echo "  $(BUILD_DIR)/bench/velto_gui_bench     # chart redraw and view commands (offscreen)"
+	@echo "  $(BUILD_DIR)/bench/velto_gui_bench     # chart redraw, view commands, note pane (offscreen)"
 	@echo "  add e.g. --benchmark_filter=BM_Rtf to run only some of them"
 
 deps:

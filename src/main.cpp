@@ -2,6 +2,7 @@
 #include "VeltoVersion.h"
 #include "app/CVeltoApp.h"
 #include "app/CommandLine.h"
+#include "app/SingleInstance.h"
 #include "base/QtDesktop.h"
 
 #include <QApplication>
@@ -42,8 +43,16 @@ int main(int argc, char** argv) {
     if (!line.error.isEmpty())
         return Print(stderr, line.error + QStringLiteral("\n\n") + UsageText(), 2);
 
+    // A Velto already running opens the files itself; this program then has nothing more to do.
+    SingleInstance instance;
+    if (!line.newInstance && instance.HandOver(line.files))
+        return 0;
+
     QtDesktop desktop;
     CVeltoApp app(desktop);
+    if (!line.newInstance && instance.Listen())
+        QObject::connect(&instance, &SingleInstance::filesHandedOver, &application,
+                         [&app](const QStringList& files) { app.OpenHandedOver(files); });
     app.Start(line.files);
     return application.exec();
 }

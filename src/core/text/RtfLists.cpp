@@ -118,14 +118,21 @@ int ListCounter::Next(const ListMembership& item) {
 
 void ListTables::ReadListTable(Lexer& lexer) {
     std::vector<ListLevelStyle> levels;
+    std::optional<int> id;  // writers put it after the levels, some before
     ListLevelStyle ignored; // a level beyond the ninth
     ListLevelStyle* level = &ignored;
+    const auto keepList = [&] {
+        if (id)
+            m_lists.insert_or_assign(*id, levels);
+    };
     ForEachWordInGroup(lexer, [&](const Token& word, int depth) {
         if (word.text == "list" && depth == 1) {
+            keepList();
             levels.clear();
+            id.reset();
             level = &ignored;
         } else if (word.text == "listid" && depth == 1) {
-            m_lists.insert_or_assign(word.param, levels);
+            id = word.param;
         } else if (word.text == "listlevel") {
             level = levels.size() < kListLevels ? &levels.emplace_back() : &ignored;
         } else if (word.text == "levelnfc" || word.text == "levelnfcn") {
@@ -134,6 +141,7 @@ void ListTables::ReadListTable(Lexer& lexer) {
             level->start = word.param;
         }
     });
+    keepList();
 }
 
 void ListTables::ReadOverrideTable(Lexer& lexer) {

@@ -6,6 +6,7 @@
 #include "app/WindowPlacement.h"
 #include "base/ActionSet.h"
 #include "base/CommandIds.h"
+#include "base/DataFiles.h"
 #include "base/Desktop.h"
 #include "base/Icons.h"
 #include "base/Settings.h"
@@ -13,6 +14,7 @@
 #include "view/CVeltoView.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDir>
 #include <QLabel>
 #include <QMdiArea>
@@ -20,6 +22,7 @@
 #include <QMimeData>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QTranslator>
 
 namespace velto {
 
@@ -46,13 +49,32 @@ void ForEachMenu(QMenu* menu, const std::function<void(QMenu*)>& visit) {
         if (QMenu* sub = action->menu())
             ForEachMenu(sub, visit);
 }
+// Qt names a maximised MDI window in the main window's title as "Velto - [Plan.VT5]", taking the
+// title it finds as the base. Its two texts are ours here, so that it writes "Velto - Plan.VT5" and
+// finds that a title RefreshTitle set already names the window, rather than adding it once more.
+class MdiTitleTexts : public QTranslator {
+public:
+    QString translate(const char* context, const char* source, const char*, int) const override {
+        if (qstrcmp(context, "QMdiSubWindow") != 0)
+            return {};
+        if (qstrcmp(source, "%1 - [%2]") == 0)
+            return QStringLiteral("%1 - %2");
+        if (qstrcmp(source, "- [%1]") == 0)
+            return QStringLiteral("- %1");
+        return {};
+    }
+    bool isEmpty() const override { return false; }
+};
+
 } // namespace
 
 CMainFrame::CMainFrame(Desktop& desktop, SettingsStore& settings, RecentFileList& recent)
     : m_desktop(desktop), m_settings(settings), m_recent(recent), m_mdi(new QMdiArea(this)),
       m_documents(*this, *m_mdi, desktop, settings, recent),
       m_router([this] { return RoutingChain(); }, this),
-      m_actions(std::make_unique<ActionSet>(*this, m_router)) {
+      m_actions(std::make_unique<ActionSet>(*this, m_router)),
+      m_titleTexts(std::make_unique<MdiTitleTexts>()) {
+    QCoreApplication::installTranslator(m_titleTexts.get());
     setWindowTitle(QStringLiteral("Velto"));
     setWindowIcon(AppIcon());
     setCentralWidget(m_mdi);
@@ -65,7 +87,10 @@ CMainFrame::CMainFrame(Desktop& desktop, SettingsStore& settings, RecentFileList
     CreateMenuSets();
     RestorePlacement();
     ShowMenuSet();
-    connect(m_mdi, &QMdiArea::subWindowActivated, this, [this] { ShowMenuSet(); });
+    connect(m_mdi, &QMdiArea::subWindowActivated, this, [this] {
+        ShowMenuSet();
+        RefreshTitle();
+    });
     connect(&m_idle, &QTimer::timeout, this, &CMainFrame::OnIdle);
     m_idle.start(kIdleIntervalMs);
 }
@@ -75,6 +100,7 @@ CMainFrame::~CMainFrame() {
     // area must not report activations to a frame that is half gone.
     m_idle.stop();
     m_mdi->disconnect(this);
+    QCoreApplication::removeTranslator(m_titleTexts.get());
     for (CChildFrame* child : Children())
         delete child;
 }
@@ -114,7 +140,7 @@ void CMainFrame::RestorePlacement() {
     if (left && top && right && bottom) {
         const QScreen* screen = this->screen();
         const QRect virtualScreen = screen ? screen->virtualGeometry() : QRect(0, 0, 800, 600);
-        setGeometry(MainFramePlacement(StoredRect{*left, *top, *right, *bottom}, virtualScreen));
+        PlaceFrame(MainFramePlacement(StoredRect{*left, *top, *right, *bottom}, virtualScreen));
     }
     // Only a stored 0 hides a bar or clears the flag; a missing value leaves them on.
     m_toolBar->setHidden(settings.Find(setting::ToolbarShown) == 0);
@@ -130,7 +156,33 @@ void CMainFrame::PlaceAsFirstStart() {
     const QRect available = screen->availableGeometry();
     QRect frame(QPoint(0, 0), available.size() * 0.85);
     frame.moveCenter(available.center());
-    setGeometry(frame);
+    PlaceFrame(frame);
+}
+
+void CMainFrame::PlaceFrame(const QRect& frame) {
+    // move() places a window by its frame, title bar included; the size is the inside's, and the
+    // frame's own size is known only once the window shows.
+    move(frame.topLeft());
+    resize(frame.size());
+    m_pendingFrameSize = frame.size();
+    FitPendingFrame();
+}
+
+void CMainFrame::FitPendingFrame() {
+    if (!m_pendingFrameSize || !isVisible() || isMaximized())
+        return;
+    const QSize border = frameGeometry().size() - geometry().size();
+    // Without a frame yet (the window manager adds it later, or there is none) the next idle pass
+    // looks again.
+    if (border.isEmpty())
+        return;
+    resize(*m_pendingFrameSize - border);
+    m_pendingFrameSize.reset();
+}
+
+void CMainFrame::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    FitPendingFrame();
 }
 
 void CMainFrame::SavePlacement() {
@@ -139,7 +191,7 @@ void CMainFrame::SavePlacement() {
         return;
     // A maximized frame keeps the normal rectangle stored before.
     if (!isMaximized()) {
-        const StoredRect rect = ToStoredRect(geometry());
+        const StoredRect rect = ToStoredRect(frameGeometry());
         settings.Set(setting::FrameLeft, rect[0]);
         settings.Set(setting::FrameTop, rect[1]);
         settings.Set(setting::FrameRight, rect[2]);
@@ -302,7 +354,7 @@ void CMainFrame::StartConverter() {
 }
 
 void CMainFrame::OpenManual() {
-    const QString path = QDir(m_desktop.ProgramDir()).filePath(QStringLiteral("Velto.pdf"));
+    const QString path = ShippedFile(m_desktop.ProgramDir(), QStringLiteral("Velto.pdf"));
     if (!QFileInfo::exists(path))
         m_desktop.Warn(Text("Das Handbuch\n%1\nwurde nicht gefunden.").arg(QDir::toNativeSeparators(path)));
     else if (!m_desktop.OpenDocument(path))
@@ -323,7 +375,30 @@ void CMainFrame::OnIdle() {
     m_statusPane->setText(m_router.Query(cmd::StatusNodeInfo).text);
     for (CChildFrame* child : Children())
         child->RefreshTitle();
+    RefreshTitle();
     ShowMenuSet();
+    FitPendingFrame();
+}
+
+void CMainFrame::RefreshTitle() {
+    // Qt sets the title itself while a project window is maximised; this answers its change.
+    if (m_settingTitle)
+        return;
+    m_settingTitle = true;
+    const CChildFrame* active = ActiveChild();
+    const QString wanted =
+        active ? QStringLiteral("Velto - ") + active->windowTitle() : QStringLiteral("Velto");
+    if (windowTitle() != wanted)
+        setWindowTitle(wanted);
+    setWindowModified(active && active->isWindowModified());
+    m_settingTitle = false;
+}
+
+bool CMainFrame::event(QEvent* event) {
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowTitleChange)
+        RefreshTitle();
+    return handled;
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {

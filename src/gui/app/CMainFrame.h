@@ -15,9 +15,11 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 class QLabel;
 class QMdiArea;
+class QTranslator;
 class QToolBar;
 
 namespace velto {
@@ -64,8 +66,13 @@ public:
     void OnIdle();
     // Shows the menu set and toolbar that fit the active window and the mode.
     void ShowMenuSet();
+    // "Velto - " and the active project's title (with " - SCHREIBGESCHÜTZT" for a read-only one),
+    // whether its window is maximised or not; "Velto" without a project.
+    void RefreshTitle();
 
 protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -77,6 +84,9 @@ private:
     void RestorePlacement();
     // Without a stored placement the frame takes most of the screen, centred.
     void PlaceAsFirstStart();
+    // Places the window so that its frame, title bar included, covers the rectangle.
+    void PlaceFrame(const QRect& frame);
+    void FitPendingFrame();
     void ShowToolbar(MenuSet set);
     void SwitchMode(bool mindMap);
     void FillRecentFiles();
@@ -104,6 +114,11 @@ private:
     CommandMap m_commands;
     QList<QAction*> m_windowActions;
     QTimer m_idle;
+    // Makes Qt name a maximised project as RefreshTitle does; see there.
+    std::unique_ptr<QTranslator> m_titleTexts;
+    bool m_settingTitle = false;
+    // The frame size PlaceFrame was given, until the frame's border is known.
+    std::optional<QSize> m_pendingFrameSize;
 };
 
 } // namespace velto

@@ -2,6 +2,7 @@
 
 #include "app/CMainFrame.h"
 #include "base/CommandIds.h"
+#include "base/DataFiles.h"
 #include "base/Desktop.h"
 #include "dialogs/CHolidayDlg.h"
 #include "dialogs/CSettingsDlg.h"
@@ -49,6 +50,15 @@ void CVeltoApp::Start(const QStringList& files) {
         m_frame->Documents().NewDocument();
 }
 
+void CVeltoApp::OpenHandedOver(const QStringList& files) {
+    // Out of the task bar as it went in: maximised if it was.
+    m_frame->setWindowState((m_frame->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    m_frame->raise();
+    m_frame->activateWindow();
+    for (const QString& file : files)
+        m_frame->Documents().OpenDocumentFile(file);
+}
+
 bool CVeltoApp::OpenStartupFiles() {
     const SettingsSession settings = m_settings.Open();
     bool named = false;
@@ -71,8 +81,12 @@ bool CVeltoApp::OpenStartupFiles() {
 }
 
 void CVeltoApp::InstallQtTranslation() {
+    // The copy Velto ships first, then the one of the Qt on the system.
+    const QString shipped =
+        ShippedFile(QCoreApplication::applicationDirPath(), QStringLiteral("translations"));
     auto* translator = new QTranslator(QCoreApplication::instance());
-    if (translator->load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (translator->load(QStringLiteral("qtbase_de"), shipped) ||
+        translator->load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(translator);
     else
         delete translator;

@@ -23,6 +23,8 @@ public:
     // Shows the main window, opens "Datei1" to "Datei3" of the settings, then the given files; starts
     // with a new project when none was named at all.
     void Start(const QStringList& files);
+    // Opens the files another program started by the user handed over, and comes to the front.
+    void OpenHandedOver(const QStringList& files);
 
     // German texts for Qt's own dialogs, when the system has them.
     static void InstallQtTranslation();

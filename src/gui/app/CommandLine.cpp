@@ -10,12 +10,15 @@ const QCommandLineOption kHelp({QStringLiteral("h"), QStringLiteral("help")},
                                QString::fromUtf8("Zeigt diese Hilfe an."));
 const QCommandLineOption kVersion({QStringLiteral("v"), QStringLiteral("version")},
                                   QString::fromUtf8("Zeigt die Versionsnummer an."));
+const QCommandLineOption kNewInstance(QStringLiteral("new-instance"),
+                                      QString::fromUtf8("Startet ein eigenes Velto, auch wenn eins läuft."));
 } // namespace
 
 CommandLine ParseCommandLine(const QStringList& args) {
     QCommandLineParser parser;
     parser.addOption(kHelp);
     parser.addOption(kVersion);
+    parser.addOption(kNewInstance);
     parser.addPositionalArgument(QStringLiteral("Datei"), QString());
     CommandLine out;
     if (!parser.parse(args)) {
@@ -26,6 +29,7 @@ CommandLine ParseCommandLine(const QStringList& args) {
     }
     out.help = parser.isSet(kHelp);
     out.version = parser.isSet(kVersion);
+    out.newInstance = parser.isSet(kNewInstance);
     out.files = parser.positionalArguments();
     return out;
 }
@@ -37,10 +41,13 @@ QString UsageText() {
                              "Projektdatei (.VT5) wird in einem eigenen Fenster geöffnet, nach den\n"
                              "Dateien, die in den Einstellungen für den Start eingetragen sind.\n"
                              "Ohne Datei beginnt Velto mit einem neuen Projekt.\n"
+                             "Läuft Velto schon, öffnet das laufende Velto die Dateien und\n"
+                             "kommt nach vorn.\n"
                              "\n"
                              "Optionen:\n"
-                             "  -h, --help     Zeigt diese Hilfe an.\n"
-                             "  -v, --version  Zeigt die Versionsnummer an.\n");
+                             "  -h, --help      Zeigt diese Hilfe an.\n"
+                             "  -v, --version   Zeigt die Versionsnummer an.\n"
+                             "  --new-instance  Startet ein eigenes Velto, auch wenn eins läuft.\n");
 }
 
 QString VersionText() {

@@ -1,5 +1,5 @@
 #pragma once
-// The command line: "velto [Datei ...]", with --help and --version.
+// The command line: "velto [Datei ...]", with --help, --version and --new-instance.
 #include <QString>
 #include <QStringList>
 
@@ -8,6 +8,8 @@ namespace velto {
 struct CommandLine {
     bool help = false;
     bool version = false;
+    // Start a program of its own even when Velto is already running.
+    bool newInstance = false;
     QStringList files;
     QString error; // in German; empty when the line was understood
 };

@@ -54,7 +54,9 @@ QMenu* EditMenu(ActionSet& actions, QWidget* parent) {
          {NodeDone, kSeparator, NodeBold, NodeItalic, NodeUnderline, NodeStrikeOut, NodeColor, kSeparator,
           ClockIn, ClockOut});
     QMenu* note = menu->addMenu(QString::fromUtf8("&Notiz"));
-    Fill(note, actions, {NoteBold, NoteItalic, NoteUnderline, kSeparator, NoteFont, InsertHyperlink});
+    Fill(note, actions,
+         {NoteBold, NoteItalic, NoteUnderline, kSeparator, NoteFont, InsertHyperlink, kSeparator, NoteBullets,
+          NoteNumbering, NoteIndentMore, NoteIndentLess});
     Fill(menu, actions, {kSeparator, FindText, MyTasks, kSeparator, SortByDate});
     return menu;
 }

@@ -76,6 +76,11 @@ inline constexpr int WidthDown = 32812;
 inline constexpr int WidthUp = 32813;
 inline constexpr int MyTasks = 32816;
 inline constexpr int Assignees = 32817;
+// The note's lists and indents; numbers of the program's own range.
+inline constexpr int NoteBullets = 32819;
+inline constexpr int NoteNumbering = 32820;
+inline constexpr int NoteIndentMore = 32821;
+inline constexpr int NoteIndentLess = 32822;
 
 // Private messages of the modeless dialogs and the note pane to the view and the chart
 inline constexpr int SaveNote = 138;

@@ -82,6 +82,26 @@ void Letter(QPainter& p, const QString& text, bool bold, bool italic, bool under
     p.drawText(QRectF(0, 0, 16, 16), Qt::AlignCenter, text);
 }
 
+// Three lines of a list, each after its label; indented: the middle one a level deeper, with an
+// arrow saying which way the indent goes.
+void ListLines(QPainter& p, const std::function<void(QPainter&, QPointF)>& label) {
+    for (int i = 0; i < 3; ++i) {
+        const double y = 3.5 + i * 4.5;
+        label(p, QPointF(2.5, y));
+        p.setPen(QPen(kInk, 1.5, Qt::SolidLine, Qt::FlatCap));
+        p.drawLine(QPointF(6, y), QPointF(15, y));
+    }
+}
+
+void IndentLines(QPainter& p, bool more) {
+    p.setPen(QPen(kInk, 1.5, Qt::SolidLine, Qt::FlatCap));
+    for (int i = 0; i < 4; ++i) {
+        const double y = 2.5 + i * 3.7;
+        p.drawLine(QPointF(i == 0 || i == 3 ? 1 : 7, y), QPointF(15, y));
+    }
+    Arrow(p, QPointF(more ? 1 : 5.5, 8), QPointF(more ? 5.5 : 1, 8), kBlue);
+}
+
 void Bars(QPainter& p) {
     p.setPen(Qt::NoPen);
     p.setBrush(kBlue);
@@ -272,6 +292,28 @@ const std::map<int, Drawing>& Drawings() {
         {NoteBold, [](QPainter& p) { Letter(p, "F", true, false, false); }},
         {NoteItalic, [](QPainter& p) { Letter(p, "K", false, true, false); }},
         {NoteUnderline, [](QPainter& p) { Letter(p, "U", false, false, true); }},
+        {NoteBullets,
+         [](QPainter& p) {
+             ListLines(p, [](QPainter& q, QPointF at) {
+                 q.setPen(Qt::NoPen);
+                 q.setBrush(kInk);
+                 q.drawEllipse(at, 1.4, 1.4);
+             });
+         }},
+        {NoteNumbering,
+         [](QPainter& p) {
+             int number = 0;
+             ListLines(p, [&number](QPainter& q, QPointF at) {
+                 QFont font("Liberation Sans");
+                 font.setPixelSize(5);
+                 q.setFont(font);
+                 q.setPen(kInk);
+                 q.drawText(QRectF(at.x() - 2.5, at.y() - 3, 5, 6), Qt::AlignCenter,
+                            QString::number(++number));
+             });
+         }},
+        {NoteIndentMore, [](QPainter& p) { IndentLines(p, true); }},
+        {NoteIndentLess, [](QPainter& p) { IndentLines(p, false); }},
         {Settings,
          [](QPainter& p) {
              p.setPen(QPen(kInk, 1));

@@ -1,9 +1,9 @@
 #include "view/AlarmBell.h"
 
+#include "base/DataFiles.h"
 #include "base/Icons.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QSoundEffect>
 #include <QSystemTrayIcon>
@@ -55,7 +55,7 @@ void DesktopAlarmBell::Withdraw() {
 }
 
 QString AlarmSoundFile() {
-    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("ALARM.WAV"));
+    return ShippedFile(QCoreApplication::applicationDirPath(), QStringLiteral("ALARM.WAV"));
 }
 
 } // namespace velto

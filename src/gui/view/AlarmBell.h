@@ -43,7 +43,7 @@ private:
     std::function<void()> m_clicked;
 };
 
-// "ALARM.WAV" beside the program.
+// "ALARM.WAV" beside the program, or in the installed data folder.
 QString AlarmSoundFile();
 
 } // namespace velto

@@ -10,9 +10,11 @@
 #include "text/NoteFormat.h"
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
+#include "view/NoteBlocks.h"
 #include "view/NoteEditor.h"
 #include "view/NoteHyperlinks.h"
 #include "view/NoteIcons.h"
+#include "view/NotePictures.h"
 #include "view/NoteRichText.h"
 #include "view/NoteSelection.h"
 #include "view/ViewContext.h"
@@ -21,7 +23,9 @@
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QHBoxLayout>
+#include <QMainWindow>
 #include <QMenu>
+#include <QStatusBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -40,7 +44,7 @@ struct Button {
     bool checkable; // shows the state of the selection
 };
 
-constexpr std::array<Button, 10> kButtons = {{
+constexpr std::array<Button, 14> kButtons = {{
     {CNotePane::kBoldButton, "Fett.", true},
     {CNotePane::kItalicButton, "Kursiv", true},
     {CNotePane::kUnderlineButton, "Unterstrichen", true},
@@ -51,6 +55,11 @@ constexpr std::array<Button, 10> kButtons = {{
     {CNotePane::kLargerButton, "Text größer", false},
     {CNotePane::kSmallerButton, "Text kleiner", false},
     {CNotePane::kHyperlinkButton, "Hyperlink", false},
+    // The list and indent buttons carry the ids of their commands.
+    {cmd::NoteBullets, "Aufzählung", true},
+    {cmd::NoteNumbering, "Nummerierung", true},
+    {cmd::NoteIndentLess, "Einzug verkleinern", false},
+    {cmd::NoteIndentMore, "Einzug vergrößern", false},
 }};
 
 // The context menu of the note; 0 is a separator.
@@ -64,6 +73,11 @@ constexpr MenuItem kContextMenu[] = {
     {cmd::NoteUnderline, "Unterstrichen"},
     {cmd::NoteFont, "Zeichen..."},
     {cmd::InsertHyperlink, "&Hyperlink einfügen..."},
+    {0, ""},
+    {cmd::NoteBullets, "Auf&zählung"},
+    {cmd::NoteNumbering, "&Nummerierung"},
+    {cmd::NoteIndentMore, "Einzug ver&größern"},
+    {cmd::NoteIndentLess, "Einzug ver&kleinern"},
     {0, ""},
     {cmd::EditCut, "Ausschneiden"},
     {cmd::EditCopy, "Kopieren"},
@@ -103,9 +117,27 @@ bool IsEditCommand(int id) {
     return id == cmd::EditUndo || id == cmd::EditCopy || id == cmd::EditCut || id == cmd::EditPaste;
 }
 
+std::optional<rtf::ListKind> ListKindOf(int id) {
+    switch (id) {
+    case cmd::NoteBullets:
+        return rtf::ListKind::Bullet;
+    case cmd::NoteNumbering:
+        return rtf::ListKind::Decimal;
+    default:
+        return std::nullopt;
+    }
+}
+
 bool IsNoteCommand(int id) {
     return id == cmd::NoteBold || id == cmd::NoteItalic || id == cmd::NoteUnderline || id == cmd::NoteFont ||
-           id == cmd::InsertHyperlink;
+           id == cmd::InsertHyperlink || ListKindOf(id) || id == cmd::NoteIndentMore ||
+           id == cmd::NoteIndentLess;
+}
+
+// A list item's kind counts as that of its list: bullets of any shape, numbers of any style.
+bool IsListOfKind(const QTextCursor& cursor, rtf::ListKind kind) {
+    const std::optional<rtf::ListKind> shown = notetext::ListKindAt(cursor);
+    return shown && (*shown == rtf::ListKind::Bullet) == (kind == rtf::ListKind::Bullet);
 }
 
 bool Contains(const CProjectNode* first, const CProjectNode* node) {
@@ -154,15 +186,20 @@ CNotePane::CNotePane(CVeltoDoc& doc, Prompter& prompter, QWidget* parent)
     connect(m_editor, &NoteEditor::focusLost, this, &CNotePane::SaveNote);
     connect(m_editor, &NoteEditor::doubleClicked, this, &CNotePane::OnDoubleClick);
     connect(m_editor, &NoteEditor::contextMenuWanted, this, &CNotePane::ShowContextMenu);
+    connect(m_editor, &NoteEditor::picturesScaledDown, this, &CNotePane::TellPicturesScaledDown);
     connect(m_editor, &QTextEdit::cursorPositionChanged, this, &CNotePane::UpdateButtons);
     connect(m_editor, &QTextEdit::selectionChanged, this, &CNotePane::UpdateButtons);
     connect(m_editor, &QTextEdit::currentCharFormatChanged, this, &CNotePane::UpdateButtons);
 
     // The usual keys of text editors; the program's own shortcuts leave them free.
-    const std::array<std::pair<int, QKeySequence>, 3> keys = {
+    const std::array<std::pair<int, QKeySequence>, 7> keys = {
         {{cmd::NoteBold, QKeySequence(Qt::CTRL | Qt::Key_B)},
          {cmd::NoteItalic, QKeySequence(Qt::CTRL | Qt::Key_I)},
-         {cmd::NoteUnderline, QKeySequence(Qt::CTRL | Qt::Key_U)}}};
+         {cmd::NoteUnderline, QKeySequence(Qt::CTRL | Qt::Key_U)},
+         {cmd::NoteBullets, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_L)},
+         {cmd::NoteNumbering, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
+         {cmd::NoteIndentMore, QKeySequence(Qt::CTRL | Qt::Key_M)},
+         {cmd::NoteIndentLess, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M)}}};
     for (const auto& [id, key] : keys) {
         auto* action = new QAction(m_editor);
         action->setShortcut(key);
@@ -286,6 +323,8 @@ void CNotePane::UpdateButtons() {
         const int id = kButtons[i].id;
         if (const auto effect = EffectOf(id))
             m_buttons[i]->setChecked(notetext::EffectOfSelection(cursor, *effect) == true);
+        else if (const auto kind = ListKindOf(id))
+            m_buttons[i]->setChecked(IsListOfKind(cursor, *kind));
         else if (const auto shown = AlignmentOf(id))
             m_buttons[i]->setChecked(alignment == *shown ||
                                      (id == kAlignLeftButton && !(alignment & ~Qt::AlignLeft)));
@@ -319,6 +358,24 @@ void CNotePane::RegisterCommands() {
         m_commands.Add(
             button, editing([this, alignment = *AlignmentOf(button)] { m_editor->setAlignment(alignment); }),
             editable);
+    for (int command : {cmd::NoteBullets, cmd::NoteNumbering}) {
+        const rtf::ListKind kind = *ListKindOf(command);
+        m_commands.Add(command, editing([this, kind] {
+                           QTextCursor cursor = m_editor->textCursor();
+                           notetext::ToggleList(cursor, kind);
+                       }),
+                       [this, kind](CommandState& state) {
+                           state.enabled = Editable();
+                           state.checked = IsListOfKind(m_editor->textCursor(), kind);
+                       });
+    }
+    for (const auto& [command, direction] :
+         {std::pair(cmd::NoteIndentMore, 1), std::pair(cmd::NoteIndentLess, -1)})
+        m_commands.Add(command, editing([this, direction = direction] {
+                           QTextCursor cursor = m_editor->textCursor();
+                           notetext::StepIndent(cursor, direction);
+                       }),
+                       editable);
     m_commands.Add(kColourButton, editing([this] { ChooseColour(); }), editable);
     m_commands.Add(kLargerButton, editing([this] { StepSize(rtf::kSizeStepPoints); }), editable);
     m_commands.Add(kSmallerButton, editing([this] { StepSize(-rtf::kSizeStepPoints); }), editable);
@@ -446,11 +503,22 @@ QMenu* CNotePane::CreateContextMenu(QWidget* parent) {
         CommandState state;
         m_commands.OnUpdateCommand(item.id, state);
         action->setEnabled(state.enabled);
-        action->setCheckable(EffectOf(item.id).has_value());
+        action->setCheckable(EffectOf(item.id).has_value() || ListKindOf(item.id).has_value());
         action->setChecked(state.checked);
         connect(action, &QAction::triggered, this, [this, id = item.id] { m_commands.OnCommand(id); });
     }
     return menu;
+}
+
+void CNotePane::TellPicturesScaledDown(int count) {
+    auto* frame = qobject_cast<QMainWindow*>(window());
+    if (!frame)
+        return;
+    const QString message =
+        count == 1
+            ? QStringLiteral("Das eingefügte Bild war größer als %1 × %1 Pixel und wurde verkleinert.")
+            : QStringLiteral("%2 eingefügte Bilder waren größer als %1 × %1 Pixel und wurden verkleinert.");
+    frame->statusBar()->showMessage(message.arg(notetext::kLargestPastedPixels).arg(count), kStatusNoteMs);
 }
 
 QString CNotePane::ProjectFolder() const {

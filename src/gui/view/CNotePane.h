@@ -1,7 +1,7 @@
 #pragma once
 // The note pane of a project window: the selected node's note (RTF) in a rich-text control (137)
-// below a row of ten format buttons (141 to 150). An edited note is written back into its node, with
-// the change time stamp and the document's modified flag, on every key let go, after every format
+// below a row of format buttons (141 to 150, then lists and indents). An edited note is written back into its
+// node, with the change time stamp and the document's modified flag, on every key let go, after every format
 // operation and when the control loses the focus; a note that was only looked at keeps its bytes.
 #include "base/CommandMap.h"
 #include "model/CTime.h"
@@ -55,6 +55,8 @@ public:
     static constexpr int kLargerButton = 148;
     static constexpr int kSmallerButton = 149;
     static constexpr int kHyperlinkButton = 150;
+    // How long the status bar tells of pictures scaled down on paste.
+    static constexpr int kStatusNoteMs = 10000;
 
     CNotePane(CVeltoDoc& doc, Prompter& prompter, QWidget* parent = nullptr);
     ~CNotePane() override;
@@ -71,8 +73,9 @@ public:
     void SetReadOnly(bool readOnly);
     bool EditorHasFocus() const;
     void FocusEditor();
-    // 32791/32792/32793 (checked by the selection), 32800, 32787, and, only while the editor has the
-    // focus, 57643 undo, 57634 copy, 57635 cut, 57637 paste. False for any other id.
+    // 32791/32792/32793 (checked by the selection), 32800, 32787, the list and indent commands
+    // 32819 to 32822, and, only while the editor has the focus, 57643 undo, 57634 copy, 57635 cut,
+    // 57637 paste. False for any other id.
     bool OnUpdateCommand(int id, CommandState& state);
     bool OnCommand(int id);
     QTextEdit* Editor() const;
@@ -106,13 +109,14 @@ private:
     void OnTextTyped(const QString& text);
     void OnDoubleClick();
     void ShowContextMenu(const QPoint& globalPos);
+    void TellPicturesScaledDown(int count);
     QString ProjectFolder() const;
 
     CVeltoDoc& m_doc;
     Prompter& m_prompter;
     NoteEditor* m_editor;
     QWidget* m_buttonRow;
-    std::array<QToolButton*, 10> m_buttons{};
+    std::array<QToolButton*, 14> m_buttons{};
     NotePaneDialogs m_dialogs;
     std::unique_ptr<notetext::NoteLinkOpener> m_desktopOpener;
     notetext::NoteLinkOpener* m_opener;

@@ -97,7 +97,6 @@ const char* ThemeNameOf(int buttonId) {
     }
 }
 
-// The three effect buttons look like the menu's commands of the same effect.
 int EffectCommandOf(int buttonId) {
     switch (buttonId) {
     case CNotePane::kBoldButton:
@@ -113,7 +112,10 @@ int EffectCommandOf(int buttonId) {
 } // namespace
 
 QIcon NoteButtonIcon(int buttonId) {
-    if (const CommandInfo* command = FindCommand(EffectCommandOf(buttonId)))
+    // The effect buttons look like the menu's commands of the same effect; the list and indent
+    // buttons are their commands.
+    const int effect = EffectCommandOf(buttonId);
+    if (const CommandInfo* command = FindCommand(effect ? effect : buttonId))
         return CommandIcon(*command);
     return QIcon::fromTheme(QString::fromLatin1(ThemeNameOf(buttonId)), PaintedIcon(DrawingOf(buttonId)));
 }

@@ -1,27 +1,22 @@
 #include "view/NoteRichText.h"
 
 #include "base/ColorRef.h"
+#include "view/NoteBlocks.h"
+#include "view/NotePictures.h"
+#include "view/NoteProperties.h"
+#include "view/NoteTables.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace velto::notetext {
 namespace {
-
-constexpr int kHalfPointsProperty = QTextFormat::UserProperty + 1;
-constexpr int kUnterminatedProperty =
-    QTextFormat::UserProperty + 2; // on a block: no paragraph mark closes it
-// On a block: the paragraph layout, list membership and table cell the pane does not show yet, kept so
-// that saving loses none of them.
-constexpr int kLayoutProperty = QTextFormat::UserProperty + 3;
-constexpr int kListProperty = QTextFormat::UserProperty + 5;
-constexpr int kCellProperty = QTextFormat::UserProperty + 6;
-// On an object replacement character: the note's picture it stands for, shown as a blank for now.
-constexpr int kPictureProperty = QTextFormat::UserProperty + 4;
 
 // Qt draws no font of 0 pt or below, and giant sizes only cost memory.
 constexpr double kSmallestShownPoints = 1.0;
@@ -61,12 +56,10 @@ QTextBlockFormat ToBlockFormat(const rtf::Paragraph& paragraph) {
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysAfter);
     if (paragraph.end == rtf::ParagraphBreak::None)
         format.setProperty(kUnterminatedProperty, true);
-    if (paragraph.layout != rtf::ParagraphLayout())
-        format.setProperty(kLayoutProperty, QVariant::fromValue(paragraph.layout));
-    if (paragraph.list)
-        format.setProperty(kListProperty, QVariant::fromValue(*paragraph.list));
+    ApplyLayout(format, paragraph.layout,
+                paragraph.list ? std::optional<int>(paragraph.list->level) : std::nullopt);
     if (paragraph.cell)
-        format.setProperty(kCellProperty, QVariant::fromValue(*paragraph.cell));
+        format.setProperty(kCellEdgeProperty, paragraph.cell->rightEdge);
     return format;
 }
 
@@ -90,25 +83,98 @@ void AppendFragments(rtf::DocumentBuilder& builder, const QTextBlock& block) {
         const QTextFragment fragment = it.fragment();
         const QTextCharFormat format = fragment.charFormat();
         const rtf::CharFormat noteFormat = ToNoteFormat(format);
-        // Only the note's own pictures come back; other objects (pasted ones) have no place in a note.
-        const auto picture = format.property(kPictureProperty).value<rtf::Picture>();
+        // Only the note's own pictures come back; a paste turns the images it brings into such.
+        const rtf::PictureRef picture = PictureOf(format);
         const QStringList pieces = fragment.text().split(QChar::ObjectReplacementCharacter);
         for (qsizetype i = 0; i < pieces.size(); ++i) {
-            if (i > 0 && format.hasProperty(kPictureProperty))
-                builder.AppendPicture(picture, noteFormat);
+            if (i > 0 && picture)
+                builder.AppendPicture(*picture, noteFormat);
             builder.AppendText(pieces[i].toStdString(), noteFormat);
         }
     }
 }
 
 void InsertRun(QTextCursor& cursor, const rtf::Run& run) {
-    QTextCharFormat format = ToTextFormat(run.format);
-    if (!run.picture) {
+    const QTextCharFormat format = ToTextFormat(run.format);
+    if (run.picture)
+        InsertPicture(cursor, run.picture, format);
+    else
         cursor.insertText(QString::fromStdString(run.text), format);
-        return;
+}
+
+// Inserts the paragraphs of a note at a cursor, block after block, tables as tables.
+class NoteInserter {
+public:
+    // Where the first paragraph goes: into the cursor's empty block, which it gives its formats, or
+    // into the cursor's paragraph, whose formats stay.
+    enum class Start { IntoEmptyBlock, IntoParagraph };
+
+    NoteInserter(QTextCursor& cursor, int firstListId, Start start)
+        : m_cursor(cursor), m_lists(firstListId), m_start(start) {}
+
+    void Insert(const rtf::Document& note) {
+        const std::span<const rtf::Paragraph> paragraphs = note.paragraphs;
+        for (size_t i = 0; i < paragraphs.size();) {
+            if (!paragraphs[i].cell) {
+                InsertNext(paragraphs[i++]);
+                continue;
+            }
+            size_t end = i;
+            while (end < paragraphs.size() && paragraphs[end].cell)
+                ++end;
+            InsertTableOf(paragraphs.subspan(i, end - i));
+            i = end;
+        }
     }
-    format.setProperty(kPictureProperty, QVariant::fromValue(*run.picture));
-    cursor.insertText(QString(QChar::ObjectReplacementCharacter), format);
+
+    // Whether the cursor is in an empty block no paragraph has filled (the one after a table).
+    bool AtEmptyBlock() const { return m_start == Start::IntoEmptyBlock; }
+
+private:
+    void InsertNext(const rtf::Paragraph& paragraph) {
+        if (m_start == Start::IntoParagraph)
+            InsertRuns(m_cursor, paragraph);
+        else
+            InsertParagraph(m_cursor, paragraph, m_start == Start::IntoEmptyBlock);
+        m_start = std::nullopt;
+    }
+
+    void InsertTableOf(std::span<const rtf::Paragraph> cells) {
+        // Qt keeps a block before every table; one no paragraph has filled stays out of the note.
+        if (m_start == Start::IntoEmptyBlock)
+            MarkStructural(m_cursor);
+        InsertTable(m_cursor, cells,
+                    [this](QTextCursor& cursor, const rtf::Paragraph& paragraph, bool intoCurrent) {
+                        InsertParagraph(cursor, paragraph, intoCurrent);
+                    });
+        m_start = Start::IntoEmptyBlock;
+    }
+
+    void InsertParagraph(QTextCursor& cursor, const rtf::Paragraph& paragraph, bool intoCurrent) {
+        if (intoCurrent) {
+            cursor.setBlockFormat(ToBlockFormat(paragraph));
+            cursor.setBlockCharFormat(ToTextFormat(paragraph.mark));
+        } else {
+            cursor.insertBlock(ToBlockFormat(paragraph), ToTextFormat(paragraph.mark));
+        }
+        m_lists.Place(cursor, paragraph.list);
+        InsertRuns(cursor, paragraph);
+    }
+
+    static void InsertRuns(QTextCursor& cursor, const rtf::Paragraph& paragraph) {
+        for (const rtf::Run& run : paragraph.runs)
+            InsertRun(cursor, run);
+    }
+
+    QTextCursor& m_cursor;
+    ListPlacer m_lists;
+    std::optional<Start> m_start; // nothing once the first paragraph is in
+};
+
+void MarkUnterminated(QTextCursor& cursor) {
+    QTextBlockFormat format = cursor.blockFormat();
+    format.setProperty(kUnterminatedProperty, true);
+    cursor.setBlockFormat(format);
 }
 
 } // namespace
@@ -117,45 +183,61 @@ void ShowNote(QTextDocument& target, const rtf::Document& note) {
     target.setUndoRedoEnabled(false);
     target.clear();
     QTextCursor cursor(&target);
-    bool first = true;
-    for (const rtf::Paragraph& paragraph : note.paragraphs) {
-        if (first) {
-            cursor.setBlockFormat(ToBlockFormat(paragraph));
-            cursor.setBlockCharFormat(ToTextFormat(paragraph.mark));
-        } else {
-            cursor.insertBlock(ToBlockFormat(paragraph), ToTextFormat(paragraph.mark));
-        }
-        first = false;
-        for (const rtf::Run& run : paragraph.runs)
-            InsertRun(cursor, run);
-    }
-    // An empty note is one unterminated empty block, which TakeNote reads as no paragraph at all.
-    if (first) {
-        rtf::Paragraph nothing;
-        nothing.end = rtf::ParagraphBreak::None;
-        cursor.setBlockFormat(ToBlockFormat(nothing));
-    }
+    NoteInserter inserter(cursor, 1, NoteInserter::Start::IntoEmptyBlock);
+    inserter.Insert(note);
+    // An empty note is one unterminated empty block, which TakeNote reads as no paragraph at all; so
+    // is the block Qt keeps after a table that ends the note.
+    if (inserter.AtEmptyBlock())
+        MarkUnterminated(cursor);
     target.setUndoRedoEnabled(true);
     target.setModified(false);
 }
 
 rtf::Document TakeNote(const QTextDocument& source) {
     rtf::DocumentBuilder builder;
+    ListReader lists;
     for (QTextBlock block = source.begin(); block.isValid(); block = block.next()) {
+        if (IsStructural(block))
+            continue;
         AppendFragments(builder, block);
         const rtf::ParagraphBreak end = EndOf(block);
         // An unterminated empty block is no paragraph at all: it is how an empty note shows.
         if (end == rtf::ParagraphBreak::None && !builder.HasOpenParagraph())
             break;
-        const QTextBlockFormat format = block.blockFormat();
-        builder.SetLayout(format.property(kLayoutProperty).value<rtf::ParagraphLayout>());
-        if (format.hasProperty(kListProperty))
-            builder.SetList(format.property(kListProperty).value<rtf::ListMembership>());
-        if (format.hasProperty(kCellProperty))
-            builder.SetCell(format.property(kCellProperty).value<rtf::TableCell>());
-        builder.EndParagraph(ToNoteAlignment(format.alignment()), ToNoteFormat(block.charFormat()), end);
+        builder.SetLayout(LayoutOf(block));
+        builder.SetList(lists.MembershipOf(block));
+        builder.SetCell(CellOf(block));
+        builder.EndParagraph(ToNoteAlignment(block.blockFormat().alignment()),
+                             ToNoteFormat(block.charFormat()), end);
     }
     return builder.Finish(rtf::Alignment::Left, rtf::CharFormat());
+}
+
+void PasteNote(QTextCursor& cursor, const rtf::Document& note) {
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    const QTextBlockFormat restFormat = cursor.blockFormat();
+    const QTextCharFormat restMark = cursor.blockCharFormat();
+    const bool intoEmpty = cursor.block().length() == 1;
+    NoteInserter inserter(cursor, NextListId(*cursor.document()),
+                          intoEmpty ? NoteInserter::Start::IntoEmptyBlock
+                                    : NoteInserter::Start::IntoParagraph);
+    inserter.Insert(note);
+    // A pasted paragraph mark ends the paragraph; what stood after the cursor follows as before.
+    const bool endsWithMark =
+        !note.paragraphs.empty() && note.paragraphs.back().end != rtf::ParagraphBreak::None;
+    if (endsWithMark && !inserter.AtEmptyBlock())
+        cursor.insertBlock(restFormat, restMark);
+    cursor.endEditBlock();
+}
+
+rtf::Document NoteOfSelection(const QTextCursor& cursor) {
+    QTextDocument selected;
+    QTextCursor into(&selected);
+    into.insertFragment(cursor.selection());
+    // The selection's last paragraph goes on in the document, its mark is not part of it.
+    MarkUnterminated(into);
+    return TakeNote(selected);
 }
 
 QTextCharFormat ToTextFormat(const rtf::CharFormat& format) {

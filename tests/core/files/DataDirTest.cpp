@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <map>
 #include <optional>
 
 namespace velto {
@@ -34,25 +35,42 @@ private:
     std::optional<std::string> m_old;
 };
 
-// The override wins; else an absolute $XDG_DATA_HOME, else the home folder's default.
-TEST(DataDir, TheDataFilesLieInTheOverrideOrTheUserDataDirectory) {
-    ScopedEnv home("HOME", "/home/u");
+// The override wins; else each platform's per-user data folder, with its fallbacks.
+TEST(DataDir, TheDataFilesLieInTheOverrideOrThePlatformsUserDataFolder) {
+    using Variables = std::map<std::string, std::string>;
     const struct {
-        const char* override;
-        const char* xdg;
+        Platform platform;
+        Variables variables;
         std::string dir;
     } cases[] = {
-        {"/srv/velto", "/home/u/data", "/srv/velto"},
-        {"", "/home/u/data", "/home/u/data/kolvarin/Velto5"},
-        {"", "relative/data", "/home/u/.local/share/kolvarin/Velto5"},
-        {nullptr, nullptr, "/home/u/.local/share/kolvarin/Velto5"},
+        {Platform::Unix, {{"VELTO_DATA_DIR", "/srv/velto"}, {"HOME", "/home/u"}}, "/srv/velto"},
+        {Platform::Unix,
+         {{"XDG_DATA_HOME", "/home/u/data"}, {"HOME", "/home/u"}},
+         "/home/u/data/kolvarin/Velto5"},
+        {Platform::Unix,
+         {{"XDG_DATA_HOME", "relative/data"}, {"HOME", "/home/u"}},
+         "/home/u/.local/share/kolvarin/Velto5"},
+        {Platform::Windows,
+         {{"APPDATA", "C:\\Users\\u\\AppData\\Roaming"}, {"HOME", "/home/u"}},
+         "C:\\Users\\u\\AppData\\Roaming/kolvarin/Velto5"},
+        {Platform::Windows, {{"USERPROFILE", "D:\\Profile"}}, "D:\\Profile/AppData/Roaming/kolvarin/Velto5"},
+        {Platform::MacOs, {{"HOME", "/Users/u"}}, "/Users/u/Library/Application Support/kolvarin/Velto5"},
     };
     for (const auto& c : cases) {
-        ScopedEnv dir("VELTO_DATA_DIR", c.override), xdg("XDG_DATA_HOME", c.xdg);
-        EXPECT_EQ(DataDirectory(), c.dir);
-        EXPECT_EQ(HolidayFilePath(), c.dir + "/Feiertage.dat");
-        EXPECT_EQ(AssigneeFilePath(), c.dir + "/Bearbeiter.dat");
+        const auto environment = [&c](const char* name) {
+            const auto it = c.variables.find(name);
+            return it == c.variables.end() ? std::string() : it->second;
+        };
+        EXPECT_EQ(DataDirectoryFor(c.platform, environment), c.dir);
     }
+    // Windows without any profile folder: not the root of a drive.
+    const std::string nowhere =
+        DataDirectoryFor(Platform::Windows, [](const char*) { return std::string(); });
+    EXPECT_EQ(nowhere, std::filesystem::temp_directory_path().generic_string() + "/kolvarin/Velto5");
+
+    ScopedEnv dir("VELTO_DATA_DIR", "/srv/velto");
+    EXPECT_EQ(HolidayFilePath(), "/srv/velto/Feiertage.dat");
+    EXPECT_EQ(AssigneeFilePath(), "/srv/velto/Bearbeiter.dat");
 }
 
 TEST(DataDir, EnsureCreatesTheMissingParents) {

@@ -126,10 +126,11 @@ std::vector<std::optional<ListMembership>> Lists(const rtf::Document& document) 
     return lists;
 }
 
+// The second list names its id before its levels, as some writers do.
 constexpr char kListTables[] =
     R"({\*\listtable{\list\listtemplateid7{\listlevel\levelnfc23\levelstartat1{\leveltext\'01\'b7;}})"
-    R"({\listlevel\levelnfc4\levelstartat2}{\listname ;}\listid70}{\list{\listlevel\levelnfcn1\levelstartat4})"
-    R"(\listid80}})"
+    R"({\listlevel\levelnfc4\levelstartat2}{\listname ;}\listid70}{\list\listid80{\listlevel\levelnfcn1)"
+    R"(\levelstartat4}}})"
     R"({\*\listoverridetable{\listoverride\listid70\listoverridecount0\ls1}{\listoverride\listid80\ls2}})";
 
 TEST(RtfLists, BothFormsGiveEachParagraphItsListLevelKindAndStart) {

@@ -84,6 +84,27 @@ TEST_F(MainFrame, TheWindowMenuListsTheProjectsAndActivatesTheChosenOne) {
     EXPECT_EQ(frame.ActiveChild(), one);
 }
 
+TEST_F(MainFrame, TheTitleNamesTheActiveProjectMaximisedOrNot) {
+    CMainFrame& frame = MakeFrame();
+    EXPECT_EQ(frame.windowTitle(), "Velto");
+    CChildFrame* one = frame.Documents().OpenDocumentFile(WriteProject("Eins.VT5"));
+    CChildFrame* two = frame.Documents().OpenDocumentFile(WriteProject("Zwei.VT5"));
+    ASSERT_TRUE(one && two);
+    EXPECT_EQ(frame.windowTitle(), "Velto - Zwei.VT5[*]");
+    two->showMaximized();
+    frame.Documents().OpenDocumentFile(ProjectPath("Eins.VT5")); // activates the open one
+    QCoreApplication::processEvents();
+    EXPECT_EQ(frame.windowTitle(), "Velto - Eins.VT5[*]") << "maximised, the same form";
+    one->GetDocument().m_bReadOnly = true;
+    frame.OnIdle();
+    EXPECT_EQ(frame.windowTitle(), "Velto - Eins.VT5 - SCHREIBGESCHÜTZT[*]");
+    one->showNormal();
+    frame.OnIdle();
+    EXPECT_EQ(frame.windowTitle(), "Velto - Eins.VT5 - SCHREIBGESCHÜTZT[*]");
+    one->GetDocument().m_bReadOnly = false;
+    CloseWithoutQuestions(frame);
+}
+
 TEST_F(MainFrame, PlacementMaximizedStateBarsAndNoteFlagSurviveARestart) {
     {
         CMainFrame& frame = MakeFrame();
@@ -98,10 +119,14 @@ TEST_F(MainFrame, PlacementMaximizedStateBarsAndNoteFlagSurviveARestart) {
         router.Execute(cmd::ViewToolbar);
         frame.SavePlacement();
     }
-    EXPECT_EQ(Stored("Right").toInt(), 740);
-    EXPECT_EQ(Stored("Bottom").toInt(), 550);
+    // The frame is stored, its border (2 pixels on this platform) included, and placed again.
+    EXPECT_EQ(Stored("Left").toInt(), 38);
+    EXPECT_EQ(Stored("Bottom").toInt(), 552);
     EXPECT_EQ(Stored("Max").toInt(), 0);
     CMainFrame again(desktop, settings, *recent);
+    again.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(again.frameGeometry(), QRect(38, 48, 704, 504));
     EXPECT_EQ(again.geometry(), QRect(40, 50, 700, 500));
     EXPECT_TRUE(again.statusBar()->isHidden());
     EXPECT_FALSE(again.ToolBar().isHidden());
@@ -110,8 +135,14 @@ TEST_F(MainFrame, PlacementMaximizedStateBarsAndNoteFlagSurviveARestart) {
     ASSERT_TRUE(again.isMaximized());
     again.SavePlacement();
     EXPECT_EQ(Stored("Max").toInt(), 1);
-    EXPECT_EQ(Stored("Bottom").toInt(), 550) << "the normal rectangle is kept";
+    EXPECT_EQ(Stored("Bottom").toInt(), 552) << "the normal rectangle is kept";
     EXPECT_TRUE(CMainFrame(desktop, settings, *recent).WasMaximized());
+    // A rectangle off the screen falls back to 800 x 600 with the title bar on the screen.
+    Store({{"Left", -5000}, {"Top", 0}, {"Right", 100}, {"Bottom", 100}, {"Max", 0}});
+    CMainFrame fallback(desktop, settings, *recent);
+    fallback.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fallback.frameGeometry(), QRect(0, 0, 800, 600));
     EXPECT_TRUE(desktop.prompter.asked().empty());
 }
 

@@ -3,11 +3,17 @@
 
 #include "app/CVeltoApp.h"
 #include "app/CommandLine.h"
+#include "app/SingleInstance.h"
 #include "base/CommandIds.h"
 #include "support/TempDir.h"
 #include "view/CVeltoView.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QTest>
+
+#include <atomic>
+#include <thread>
 
 namespace velto {
 
@@ -66,8 +72,38 @@ TEST(CommandLine, FilesOptionsAndErrors) {
     EXPECT_TRUE(ParseCommandLine({"velto", "--help"}).help);
     EXPECT_TRUE(ParseCommandLine({"velto", "-h"}).help);
     EXPECT_TRUE(ParseCommandLine({"velto", "--version"}).version);
+    EXPECT_TRUE(ParseCommandLine({"velto", "--new-instance", "a.VT5"}).newInstance);
     EXPECT_TRUE(UsageText().startsWith("Aufruf: velto"));
     EXPECT_EQ(ParseCommandLine({"velto", "--gibtsnicht", "a.VT5"}).error, "Unbekannte Option: gibtsnicht");
+}
+
+// A second program hands its files to the running one, which opens them and comes forward; the
+// socket a crashed program left behind is taken over.
+TEST_F(Startup, ASecondProgramHandsItsFilesToTheRunningOne) {
+    const QString name = QStringLiteral("velto-test-%1").arg(QCoreApplication::applicationPid());
+    // What a crash leaves: the socket's file, and nobody listening.
+    const QString stale = QDir(QDir::tempPath()).filePath(name);
+    testsupport::WriteFile(stale.toStdString(), "");
+    SingleInstance running(name);
+    EXPECT_FALSE(running.HandOver({})) << "nobody answers on a stale socket";
+    ASSERT_TRUE(running.Listen());
+
+    CVeltoApp app(desktop);
+    app.Start({WriteProject("Erstes.VT5")});
+    QObject::connect(&running, &SingleInstance::filesHandedOver, &app.MainFrame(),
+                     [&app](const QStringList& files) { app.OpenHandedOver(files); });
+    app.MainFrame().showMinimized();
+    const QString second = WriteProject("Zweites Projekt.VT5");
+    // The second program waits for the answer, so it runs beside the event loop of the first.
+    std::atomic<int> handedOver = -1;
+    std::thread program([&] { handedOver = SingleInstance(name).HandOver({second}) ? 1 : 0; });
+    QTRY_VERIFY(handedOver != -1);
+    program.join();
+    EXPECT_EQ(handedOver, 1);
+    ASSERT_EQ(app.MainFrame().Children().size(), 2);
+    EXPECT_EQ(app.MainFrame().ActiveChild()->windowTitle(), "Zweites Projekt.VT5[*]");
+    EXPECT_FALSE(app.MainFrame().isMinimized());
+    CloseWithoutQuestions(app.MainFrame());
 }
 
 } // namespace velto

@@ -81,7 +81,7 @@ TEST(NoteRichText, ShownAsQtDrawsIt) {
     EXPECT_FALSE(tiny.hasProperty(QTextFormat::ForegroundBrush)) << "automatic colour";
 }
 
-TEST(NoteRichText, ASizeSetByOtherMeansWinsAndPastedObjectsAreDropped) {
+TEST(NoteRichText, ASizeSetByOtherMeansWinsAndForeignObjectsAreDropped) {
     QTextCharFormat format;
     notetext::SetHalfPoints(format, -4);
     format.setFontPointSize(15.5); // the font dialog or pasted text changed it
@@ -96,8 +96,9 @@ TEST(NoteRichText, ASizeSetByOtherMeansWinsAndPastedObjectsAreDropped) {
     EXPECT_EQ(rtf::PlainText(rtf::WriteRtf(note)), "Bild:Ende");
 }
 
-// Any text the reader can make of real files, also the corners (control characters, symbol fonts,
-// empty paragraphs after tables), goes through the pane unchanged.
+// Any note the reader can make of real files goes through the pane unchanged: its lists, pictures,
+// tables and layout, and the corners (control characters, symbol fonts, empty paragraphs after
+// tables).
 TEST(NoteRichText, CorpusNotesSurviveThePane) {
     const std::filesystem::path files = std::filesystem::path(testenv::SharedDir()) / "rtf-corpus" / "files";
     if (!std::filesystem::is_directory(files))
