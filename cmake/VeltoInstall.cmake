@@ -7,7 +7,7 @@ set(VELTO_DATA_DESTINATION ${CMAKE_INSTALL_DATADIR}/velto)
 set(VELTO_ICON_THEME ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 
 install(TARGETS velto velto-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES ${VELTO_MANUAL_PDF} ${CMAKE_SOURCE_DIR}/examples/Beispielprojekt.VT5
+install(FILES ${VELTO_MANUAL_PDF} ${VELTO_ALARM_SOUND} ${CMAKE_SOURCE_DIR}/examples/Beispielprojekt.VT5
         DESTINATION ${VELTO_DATA_DESTINATION})
 
 # Qt's German texts for its own dialogs, so that an installation does not depend on a translation

@@ -150,9 +150,9 @@ void RecomputeSubtreeVisibility(CProjectNode* root) {
     ApplyVisibility(root->m_pNext, {{root->m_nLevel, root->m_bVisible && root->m_bExpanded}}, root->m_nLevel);
 }
 
-void ExpandAncestors(CProjectNode* first, CProjectNode* node) {
+bool ExpandAncestors(CProjectNode* first, CProjectNode* node) {
     if (!node)
-        return;
+        return false;
     int level = node->m_nLevel;
     for (CProjectNode* p = node->m_pPrev; p; p = p->m_pPrev) {
         if (p->m_nLevel < level) {
@@ -161,6 +161,7 @@ void ExpandAncestors(CProjectNode* first, CProjectNode* node) {
         }
     }
     RecomputeVisibility(first);
+    return level <= 0;
 }
 
 void SelectOnly(CProjectNode* first, CProjectNode* node) {

@@ -40,8 +40,9 @@ void RecomputeVisibility(CProjectNode* first);
 void RecomputeSubtreeVisibility(CProjectNode* root);
 // Expands every ancestor of node (so that it becomes visible) and recomputes visibility. In a sound
 // tree the ancestors are all project nodes; in a malformed one a task may stand above deeper nodes,
-// and it is expanded too so that node really shows.
-void ExpandAncestors(CProjectNode* first, CProjectNode* node);
+// and it is expanded too so that node really shows. False when the ancestors end above level 0
+// (a malformed list whose head is deeper than 0): the ancestors found are expanded all the same.
+bool ExpandAncestors(CProjectNode* first, CProjectNode* node);
 // Clears every node's selection and selects node.
 void SelectOnly(CProjectNode* first, CProjectNode* node);
 // "Alle Knoten reduzieren": clears m_bExpanded of every project node, selects the first node and

@@ -57,6 +57,8 @@ public:
     // Run-time values of the view, not saved.
     int m_nRowPos = 0;
     int m_nRowAux = 0;
+    // Read by the reminder check of every minute, which walks the whole list.
+    CTime m_timeReminder;
 
     CHoursList m_pHours;
     CCostList m_pCosts;  // calculated costs
@@ -87,7 +89,6 @@ public:
     float m_fHourlyRate = 0.0f;
     float m_fCostPlanned = 0.0f;
     float m_fCostNeeded = 0.0f;
-    CTime m_timeReminder;
     SharedText m_strResponsible;
     int m_bClockedIn = 0; // not saved
     CTime m_timeClockIn;  // not saved

@@ -18,8 +18,9 @@ const QCommandLineOption
     kDataFiles(QStringLiteral("data-files"),
                QString::fromUtf8("Zeigt, wo Velto seine mitgelieferten Dateien findet."));
 
-// What Velto ships besides the program; the alarm sound is added with the alarm.
-const char* const kShippedFiles[] = {"Velto.pdf", "Beispielprojekt.VT5", "translations/qtbase_de.qm"};
+// What Velto ships besides the program.
+const char* const kShippedFiles[] = {"Velto.pdf", "ALARM.WAV", "Beispielprojekt.VT5",
+                                     "translations/qtbase_de.qm"};
 } // namespace
 
 CommandLine ParseCommandLine(const QStringList& args) {

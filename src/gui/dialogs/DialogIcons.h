@@ -1,6 +1,7 @@
 #pragma once
-// The pictures on the node dialog's owner-drawn buttons: the reminder off and on, and the
-// responsible person. Drawn here so that the program ships no image files for them.
+// The pictures on the node dialog's owner-drawn buttons (the reminder off and on, the responsible
+// person) and the alarm clock of the alarm window. Drawn here so that the program ships no image
+// files for them.
 #include <QIcon>
 
 namespace velto {
@@ -8,5 +9,7 @@ namespace velto {
 QIcon ReminderOffIcon();
 QIcon ReminderOnIcon();
 QIcon ResponsibleIcon();
+// A ringing alarm clock, drawn large enough for the alarm window.
+QIcon AlarmIcon();
 
 } // namespace velto

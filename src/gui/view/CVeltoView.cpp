@@ -2,17 +2,24 @@
 
 #include "base/CommandIds.h"
 #include "base/CommandTable.h"
+#include "base/Cp1252Text.h"
+#include "base/ProjectFiles.h"
 #include "base/ShellState.h"
 #include "chart/CGrafik.h"
 #include "common/Prompter.h"
+#include "dialogs/CAlarmDlg.h"
 #include "dialogs/NodeDialogs.h"
 #include "files/ClockJournal.h"
 #include "files/DataDir.h"
 #include "model/NodeList.h"
 #include "model/NumberFormat.h"
+#include "view/AlarmBell.h"
 #include "view/CNotePane.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QVBoxLayout>
 
@@ -22,8 +29,6 @@
 namespace velto {
 
 namespace {
-// Commands of the view whose features come later (search, my tasks, reports, printing, alarm):
-// the view claims them so they show disabled instead of reaching the main frame.
 // The items of the node context menu; 0 is a separator. Menu 154 leaves out those of tasks only.
 constexpr std::array kNodeMenu = {
     cmd::NodeDone,  0, cmd::NodeBold, cmd::NodeItalic, cmd::NodeUnderline, cmd::NodeStrikeOut,
@@ -57,11 +62,33 @@ int SteppedZoom(int zoom, int step) {
     const bool inside = step < 0 ? zoom > CVeltoView::kMinZoom : zoom < CVeltoView::kMaxZoom;
     return inside ? zoom + step : zoom;
 }
+
+// Activates the project window titled title, looking at each window once, so that a window closed
+// meanwhile or a title no window has any more cannot keep the search going.
+void ActivateProjectWindow(const QWidget& view, const QString& title) {
+    QMdiArea* area = nullptr;
+    for (QWidget* parent = view.parentWidget(); parent && !area; parent = parent->parentWidget())
+        area = qobject_cast<QMdiArea*>(parent);
+    if (!area)
+        return;
+    for (QMdiSubWindow* window : area->subWindowList()) {
+        if (window->windowTitle().remove(QStringLiteral("[*]")) == title) {
+            area->setActiveSubWindow(window);
+            return;
+        }
+    }
+}
+
+// Brings a window back from the task bar as it was before (maximized or not).
+void Restore(QWidget& window) {
+    window.setWindowState((window.windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+}
 } // namespace
 
 CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext context, QWidget* parent)
     : QWidget(parent), m_doc(doc), m_shell(shell), m_context(std::move(context)), m_chart(new CGrafik(this)),
-      m_notePane(new CNotePane(doc, doc.GetPrompter(), m_chart)) {
+      m_notePane(new CNotePane(doc, doc.GetPrompter(), m_chart)), m_clock(&CTime::GetCurrentTime),
+      m_bell(std::make_unique<DesktopAlarmBell>(AlarmSoundFile())) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_chart);
@@ -80,13 +107,14 @@ CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext cont
     m_reminderTimer.setObjectName(QStringLiteral("minuteTimer"));
     m_reminderTimer.setInterval(kReminderPeriodMs);
     connect(&m_reminderTimer, &QTimer::timeout, this, &CVeltoView::OnMinuteTimer);
-    m_reminderTimer.start();
     SetLayout({m_doc.m_view.chartWidth1, m_doc.m_view.chartWidth2, int(m_doc.m_view.zoom)});
     m_notePane->ShowNode(Current());
     RegisterCommands();
 }
 
 CVeltoView::~CVeltoView() {
+    // The alarm window talks to members that go before the widget's children.
+    delete m_alarm;
     m_doc.SetClockOutHandler({});
     m_doc.RemoveObserver(this);
     m_chart->DetachDocument();
@@ -95,6 +123,22 @@ CVeltoView::~CVeltoView() {
 void CVeltoView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     Redraw();
+}
+
+void CVeltoView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // The reminders are checked from the view's first sizing on.
+    if (!m_reminderTimer.isActive())
+        m_reminderTimer.start();
+}
+
+void CVeltoView::SetClock(std::function<CTime()> clock) {
+    m_clock = clock;
+    m_chart->SetClock(std::move(clock));
+}
+
+void CVeltoView::SetAlarmBell(std::unique_ptr<AlarmBell> bell) {
+    m_bell = std::move(bell);
 }
 
 CProjectNode* CVeltoView::Current() const {
@@ -194,11 +238,14 @@ void CVeltoView::RegisterCommands() {
         },
         Guard::WhenEnabled);
 
-    // Commands of features still to come (search, my tasks, reports, printing, alarm): claimed
-    // disabled, so that the frame's handler of a shared id never runs while a project is open.
+    c.Add(
+        cmd::GoToAlarmNode, [this] { GoToAlarmNode(); },
+        [this](CommandState& s) { s.enabled = m_alarmNode.IsFollowing(); }, Guard::WhenEnabled);
+
+    // Commands of features still to come (search, my tasks, reports, printing): claimed disabled,
+    // so that the frame's handler of a shared id never runs while a project is open.
     for (int id : {cmd::FindText, cmd::MyTasks, cmd::HoursReport, cmd::CostReport, cmd::FilePrint,
-                   cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::GoToAlarmNode, cmd::SearchStep,
-                   cmd::MyTasksChosen})
+                   cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::SearchStep, cmd::MyTasksChosen})
         c.AddDisabled(id);
 }
 
@@ -212,6 +259,10 @@ bool CVeltoView::OnCommand(int id) {
 }
 
 void CVeltoView::OnDocumentUpdated(CVeltoDoc&) {
+    // A node deleted under the open alarm takes the alarm with it; an undo that brings it back
+    // brings its reminder back, which rings again on the next tick.
+    if (m_alarm && !m_alarmNode.Find(m_doc.m_pFirstNode))
+        CloseAlarm();
     // The chart observes the document itself and reindexes on its next redraw. The pane follows
     // the selection once the command is through: a command may update the views more than once,
     // and by then the chart's fresh row index knows the selected node without a walk of the list.
@@ -425,6 +476,88 @@ void CVeltoView::OnMinuteTimer() {
     // worked out when the rows are indexed, so the index is rebuilt.
     m_chart->InvalidateRows();
     Redraw();
+    CheckReminders();
+}
+
+// ---- reminders and the alarm ----
+
+void CVeltoView::CheckReminders() {
+    if (m_alarm)
+        return;
+    if (CProjectNode* due = LastDueReminder(m_doc.m_pFirstNode, m_clock()))
+        RaiseAlarm(*due);
+}
+
+void CVeltoView::RaiseAlarm(CProjectNode& node) {
+    // Asked before the alarm window takes the focus: is another program in front?
+    const bool elsewhere = QApplication::activeWindow() == nullptr;
+    m_alarmNode.Follow(m_doc.m_pFirstNode, node);
+    const QString title = ToQString(node.m_strTitle);
+    const QString project = FromCoreText(m_doc.GetTitle());
+    m_alarm = new CAlarmDlg(title, project, m_doc.GetPrompter(), this);
+    connect(m_alarm, &CAlarmDlg::SwitchOffChosen, this, &CVeltoView::SwitchAlarmOff);
+    connect(m_alarm, &CAlarmDlg::SnoozeChosen, this, &CVeltoView::SnoozeAlarm);
+    connect(m_alarm, &CAlarmDlg::GoToChosen, this, &CVeltoView::GoToAlarm);
+    connect(m_alarm, &QDialog::finished, this, &CVeltoView::CloseAlarm);
+    m_alarm->show();
+    if (window()->isMinimized())
+        Restore(*window());
+    m_bell->Ring();
+    if (elsewhere)
+        m_bell->Notify(m_alarm->windowTitle(), title, [this] { BringForward(); });
+}
+
+// The reminder is saved with the project, so a changed one marks it modified, read-only or not.
+void CVeltoView::SwitchAlarmOff() {
+    if (CProjectNode* node = m_alarmNode.Find(m_doc.m_pFirstNode)) {
+        node->m_timeReminder = CTime();
+        AfterChange();
+    }
+}
+
+void CVeltoView::SnoozeAlarm(int seconds) {
+    if (CProjectNode* node = m_alarmNode.Find(m_doc.m_pFirstNode)) {
+        node->m_timeReminder = m_clock() + seconds;
+        AfterChange();
+    }
+}
+
+void CVeltoView::GoToAlarm() {
+    ActivateProjectWindow(*this, m_alarm->ProjectTitle());
+    OnCommand(cmd::GoToAlarmNode);
+}
+
+void CVeltoView::GoToAlarmNode() {
+    CProjectNode* node = m_alarmNode.Find(m_doc.m_pFirstNode);
+    const std::optional<int> row = node ? ShowAlarmNode(m_doc.m_pFirstNode, node) : std::nullopt;
+    m_doc.UpdateAllViews();
+    if (!row) {
+        m_doc.GetPrompter().Tell("Alarmknoten nicht gefunden!", Prompter::kCaption, PromptIcon::Warning);
+        return;
+    }
+    m_chart->OnVScroll(CGrafik::ScrollCode::ThumbPosition, *row);
+    m_doc.SetModifiedFlag();
+}
+
+void CVeltoView::CloseAlarm() {
+    m_alarmNode.Forget();
+    m_bell->Withdraw();
+    if (CAlarmDlg* alarm = m_alarm) {
+        m_alarm = nullptr;
+        alarm->disconnect(this);
+        alarm->hide();
+        alarm->deleteLater();
+    }
+}
+
+void CVeltoView::BringForward() {
+    Restore(*window());
+    window()->raise();
+    window()->activateWindow();
+    if (m_alarm) {
+        m_alarm->raise();
+        m_alarm->activateWindow();
+    }
 }
 
 // ---- note pane ----

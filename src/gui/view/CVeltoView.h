@@ -2,14 +2,20 @@
 // The view of one project inside its window: hosts the timeline chart, runs the node commands of
 // the menus, toolbar, keys and the node context menu on the selected node, keeps the one-level undo
 // copy current before every change of the tree, and ends every change by updating all views,
-// redrawing the chart and marking the document modified.
+// redrawing the chart and marking the document modified. Once a minute it checks the reminders and
+// raises the alarm window of a due one.
 #include "base/CommandMap.h"
 #include "chart/ChartHost.h"
 #include "document/CVeltoDoc.h"
+#include "outline/Reminders.h"
 #include "view/ViewContext.h"
 
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
+
+#include <functional>
+#include <memory>
 
 class QMenu;
 
@@ -17,6 +23,8 @@ namespace velto {
 
 struct SaveOutcome;
 struct ShellState;
+class AlarmBell;
+class CAlarmDlg;
 class CGrafik;
 class CNotePane;
 class CProjectNode;
@@ -48,6 +56,11 @@ public:
     CNotePane& NotePane() const { return *m_notePane; }
     // Writes what was typed into the note back into its node (before a save or a close).
     void SaveNote();
+
+    // The clock of the reminders, of today's column and of the late marks; tests fix it.
+    void SetClock(std::function<CTime()> clock);
+    // What sounds and notifies when an alarm is raised; tests put a quiet one here.
+    void SetAlarmBell(std::unique_ptr<AlarmBell> bell);
 
     bool OnUpdateCommand(int id, CommandState& state) override;
     bool OnCommand(int id) override;
@@ -83,6 +96,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     CProjectNode* Current() const;
@@ -112,6 +126,17 @@ private:
     void OnMinuteTimer();
     void ShowSelectedNote();
 
+    // The alarm: one window at a time, for the last node whose reminder was due at the tick.
+    void CheckReminders();
+    void RaiseAlarm(CProjectNode& node);
+    void SwitchAlarmOff();
+    void SnoozeAlarm(int seconds);
+    // "Gehe zu": the project's window comes to the front, then the view goes to the node.
+    void GoToAlarm();
+    void GoToAlarmNode();
+    void CloseAlarm();
+    void BringForward();
+
     // The common ends of the commands: what changed the tree or a node, and what only changed
     // what is shown.
     void AfterChange();
@@ -124,6 +149,10 @@ private:
     CGrafik* m_chart;
     CNotePane* m_notePane;
     QTimer m_reminderTimer{this};
+    std::function<CTime()> m_clock;
+    std::unique_ptr<AlarmBell> m_bell;
+    QPointer<CAlarmDlg> m_alarm;
+    NodeTracker m_alarmNode;
     bool m_noteFollowPending = false;
     int m_mindMapZoom = 20;
     bool m_showsMindMap = false;

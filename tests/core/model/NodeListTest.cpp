@@ -199,7 +199,7 @@ TEST(NodeListShow, VisibilityFollowsEveryAncestorFoundByLevelAlone) {
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A a B C") << "a2 is hidden by a, not a1";
 
     // Opening jump's ancestors expands B and leaves a collapsed.
-    ExpandAncestors(tree.first, tree["jump"]);
+    EXPECT_TRUE(ExpandAncestors(tree.first, tree["jump"]));
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A a B jump b C");
     ExpandAncestors(tree.first, tree["a1"]);
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bVisible), "R A a a1 a2 B jump b C");
@@ -209,6 +209,8 @@ TEST(NodeListShow, VisibilityFollowsEveryAncestorFoundByLevelAlone) {
     malformed["R"]->m_bExpanded = 0;
     RecomputeVisibility(malformed.first);
     EXPECT_EQ(Flagged(malformed.first, &CProjectNode::m_bVisible), "R N n");
+    EXPECT_FALSE(ExpandAncestors(malformed.first, malformed["x"])) << "no ancestor at level 0";
+    EXPECT_TRUE(malformed["R"]->m_bExpanded) << "the ancestors found are expanded all the same";
 }
 
 TEST(NodeListShow, CollapseAllSelectsTheHeadAndExpandAllKeepsTheSelection) {
