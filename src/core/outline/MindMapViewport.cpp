@@ -5,9 +5,8 @@
 namespace velto {
 
 int MindMapViewport::Clamp(int origin, int extentStart, int extent, int view) {
-    if (extent <= view)
-        return extentStart - (view - extent) / 2;
-    return std::clamp(origin, extentStart, extentStart + extent - view);
+    const int last = extentStart + extent - view; // the far edge of the map on the window's far edge
+    return std::clamp(origin, std::min(extentStart, last), std::max(extentStart, last));
 }
 
 void MindMapViewport::SetViewSize(int width, int height) {

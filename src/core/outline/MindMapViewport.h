@@ -1,8 +1,9 @@
 #pragma once
 // The part of the mind map a window looks at: the map point at the window's top-left corner, kept
 // so that the window shows as much of the map as it can, and the scroll bars that go with it. Along
-// an axis where the whole map fits, the map stands in the middle and the scroll bar has no range;
-// otherwise the range is the map's extent minus the window's.
+// an axis where the map is larger than the window, the scroll range is the map's extent minus the
+// window's; where the whole map fits, it stays wholly in view wherever it was put (so a branch
+// folded away does not move the rest), and the scroll bar has no range.
 #include "outline/MindMapGeometry.h"
 
 namespace velto {
