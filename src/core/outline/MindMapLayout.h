@@ -70,8 +70,6 @@ public:
     const std::vector<MindMapBox>& Boxes() const { return m_boxes; }
     const RootBox& Root() const { return m_root; }
     int FontSize() const { return m_fontSize; }
-    int RootBoxWidth() const { return m_rootBoxWidth; }
-    void SetRootBoxWidth(int width) { m_rootBoxWidth = width; }
     const TitleExtentCache& Extents() const { return m_extents; }
     // The smallest rectangle holding every box and mark, with a margin of one character height.
     MapRect Extent() const { return m_extent; }
@@ -127,8 +125,8 @@ private:
     RootBox m_root;
     MapRect m_extent;
     int m_fontSize = 20;
-    int m_rootBoxWidth = 0;
-    int m_firstLeft = -1; // the root's first child on the left
+    int m_rootBoxWidth = 0; // kept from layout to layout, 0 until the first (see FitRootBox)
+    int m_firstLeft = -1;   // the root's first child on the left
     int m_selectedAtBuild = -1;
 };
 

@@ -93,15 +93,11 @@ public:
     bool MindMapMode() const { return m_mindMapMode; }
     // The starting character height of the map's titles (the view's mind-map zoom).
     void SetMindMapFontSize(int size) { m_mindMapFontSize = std::clamp(size, 1, 1000); }
-    int MindMapFontSize() const { return m_mindMapFontSize; }
     // Lays the map out where the document changed and draws the part in view, with scroll bars 151
     // and 152 in place of the timeline's controls and the note pane.
     void ZeichneAllesNeuMindMap();
     const MindMapLayout& MindMap() const { return m_mindMap; }
     const MindMapViewport& MindMapView() const { return m_mapView; }
-    // The width of the root box, kept between layouts so that the box keeps its size while the
-    // root's title changes little.
-    int RootBoxWidth() const { return m_mindMap.RootBoxWidth(); }
 
     void OnVScroll(ScrollCode code, int thumbPosition = 0);
     // Scrolls so that the selected node is shown after it was selected from elsewhere (search,

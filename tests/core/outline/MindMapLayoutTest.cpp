@@ -125,6 +125,9 @@ TEST_F(MindMapLayoutTest, ChildrenSplitIntoHalvesLevelsGoOutwardsAndCollapsedBra
     EXPECT_EQ(layout.LineEnd(BoxOf("a1")), (MapPoint{Box("A").rect.Right() - 1, Box("A").rect.Centre().y}));
     EXPECT_EQ(layout.LineEnd(BoxOf("D")), (MapPoint{root.x, 0}));
     EXPECT_FALSE(Box("A").collapsed);
+    first->m_strTitle = "RRR";
+    Relayout();
+    EXPECT_EQ(layout.Root().width, 16) << "the root box kept its width from the title R";
 
     Find(first, "A")->m_bExpanded = 0;
     Relayout();
@@ -260,6 +263,12 @@ TEST_F(MindMapLayoutTest, TitlesAreMeasuredAgainOnlyWhenTitleFormatOrSizeChanged
     const int atTwenty = measurer.calls;
     layout.Build(first, 30, measurer);
     EXPECT_EQ(measurer.calls - atTwenty, layout.Root().measurements + 3) << "a new size measures all";
+    AppendCopies(Find(first, "c"), 99);
+    Relayout();
+    EXPECT_EQ(layout.Extents().Size(), 102u);
+    first->m_bExpanded = 0;
+    Relayout();
+    EXPECT_EQ(layout.Extents().Size(), 0u) << "the extents of a large folded branch are forgotten";
 }
 
 TEST_F(MindMapLayoutTest, DamagedListsAndDeepChainsAreLaidOut) {
