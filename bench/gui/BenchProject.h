@@ -1,6 +1,7 @@
 #pragma once
-// What the GUI benchmarks share: a prompter that says yes to everything and a project of every
-// node kind.
+// What the GUI benchmarks share: a prompter that says yes to everything, a project of every node
+// kind and a host for the chart.
+#include "chart/ChartHost.h"
 #include "common/Prompter.h"
 #include "document/CVeltoDoc.h"
 
@@ -13,6 +14,21 @@ public:
     PromptAnswer Ask(std::string_view, std::string_view, PromptButtons buttons, PromptIcon) override {
         return buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::Yes;
     }
+};
+
+// A chart host of a document that asks nothing.
+class BenchHost : public ChartHost {
+public:
+    BenchHost() : doc(prompter) {}
+    CVeltoDoc* Document() override { return &doc; }
+    void TakeUndoCopy() override {}
+    void EditSelectedNode() override {}
+    bool NotePaneHasFocus() const override { return false; }
+    void PasteIntoNotePane() override {}
+    Prompter& ChartPrompter() override { return prompter; }
+
+    SilentPrompter prompter;
+    CVeltoDoc doc;
 };
 
 // A note of about 1 KB, as people write them.

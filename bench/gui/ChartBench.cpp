@@ -10,21 +10,8 @@ namespace velto {
 
 namespace {
 
+using bench::BenchHost;
 using bench::BuildProject;
-
-class BenchHost : public ChartHost {
-public:
-    BenchHost() : doc(prompter) {}
-    CVeltoDoc* Document() override { return &doc; }
-    void TakeUndoCopy() override {}
-    void EditSelectedNode() override {}
-    bool NotePaneHasFocus() const override { return false; }
-    void PasteIntoNotePane() override {}
-    Prompter& ChartPrompter() override { return prompter; }
-
-    bench::SilentPrompter prompter;
-    CVeltoDoc doc;
-};
 
 struct Chart {
     explicit Chart(int nodes) {

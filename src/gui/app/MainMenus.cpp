@@ -73,7 +73,7 @@ QMenu* ViewMenu(MenuSet set, ActionSet& actions, QWidget* parent) {
              {MindMapMode, kSeparator, ZoomOut, ZoomIn, WidthDown, WidthUp, kSeparator, CollapseAll,
               ExpandAll, kSeparator, ToggleCosts});
     } else {
-        Fill(menu, actions, {TimelineMode, kSeparator, ZoomOut, ZoomIn});
+        Fill(menu, actions, {TimelineMode, kSeparator, ZoomOut, ZoomIn, kSeparator, CollapseAll, ExpandAll});
     }
     return menu;
 }
@@ -125,8 +125,10 @@ MenuBarMenus BuildMenus(MenuSet set, ActionSet& actions, QWidget* parent) {
 QList<int> ToolbarCommands(MenuSet set) {
     using namespace cmd;
     if (set == MenuSet::MindMap)
-        return {FileNew, FileOpen, FileSave,   kSeparator,   FilePrint,  kSeparator,
-                ZoomOut, ZoomIn,   kSeparator, TimelineMode, kSeparator, Manual};
+        return {FileNew,     FileOpen,   FileSave,   kSeparator,   EditCut,    EditCopy,
+                EditPaste,   kSeparator, FilePrint,  kSeparator,   NewNode,    EditNode,
+                DeleteNode,  EditUndo,   kSeparator, ZoomOut,      ZoomIn,     kSeparator,
+                CollapseAll, ExpandAll,  kSeparator, TimelineMode, kSeparator, Manual};
     return {FileNew,     FileOpen,  FileSave,   kSeparator,  EditCut,     EditCopy,   EditPaste,
             kSeparator,  FilePrint, kSeparator, NewNode,     EditNode,    DeleteNode, EditUndo,
             kSeparator,  ZoomOut,   ZoomIn,     kSeparator,  CollapseAll, ExpandAll,  kSeparator,

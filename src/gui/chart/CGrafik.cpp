@@ -83,6 +83,19 @@ CGrafik::CGrafik(QWidget* parent) : QWidget(parent), m_clock(&CTime::GetCurrentT
     m_todayButton->hide();
     connect(m_todayButton, &QPushButton::clicked, this, &CGrafik::OnJumpToToday);
 
+    m_mapVScroll = MakeScrollBar(Qt::Vertical, QStringLiteral("Scrollbalken vertikal Mind Map"),
+                                 QStringLiteral("scrollBar151"), this);
+    connect(m_mapVScroll, &QScrollBar::valueChanged, this, [this](int value) {
+        m_mapView.SetVerticalPos(value);
+        ZeichneAllesNeu();
+    });
+    m_mapHScroll = MakeScrollBar(Qt::Horizontal, QStringLiteral("Scrollbalken horizontal Mind Map"),
+                                 QStringLiteral("scrollBar152"), this);
+    connect(m_mapHScroll, &QScrollBar::valueChanged, this, [this](int value) {
+        m_mapView.SetHorizontalPos(value);
+        ZeichneAllesNeu();
+    });
+
     m_dragTimer.setInterval(kTimerMs);
     connect(&m_dragTimer, &QTimer::timeout, this, &CGrafik::OnDragTimer);
 }
@@ -97,7 +110,7 @@ void CGrafik::SetHost(ChartHost* host) {
     m_doc = host ? host->Document() : nullptr;
     if (m_doc)
         m_doc->AddObserver(this);
-    m_rows.Invalidate();
+    InvalidateRows();
 }
 
 void CGrafik::DetachDocument() {
@@ -106,6 +119,8 @@ void CGrafik::DetachDocument() {
     m_doc = nullptr;
     m_rows.Invalidate();
     m_rows.Refresh(nullptr, CTime());
+    m_mindMap.Clear();
+    m_mindMapStale = true;
 }
 
 void CGrafik::SetClock(std::function<CTime()> clock) {
@@ -134,6 +149,13 @@ void CGrafik::SetCalendarPos(int position) {
 
 void CGrafik::OnDocumentUpdated(CVeltoDoc&) {
     m_rows.Invalidate();
+    if (!m_selectionOnlyUpdate)
+        m_mindMapStale = true;
+}
+
+void CGrafik::InvalidateRows() {
+    m_rows.Invalidate();
+    m_mindMapStale = true;
 }
 
 ChartLayout CGrafik::LayoutFor(QSize size) const {
@@ -159,9 +181,7 @@ void CGrafik::Tell(const char* text) {
 
 // ---- drawing ----
 
-void CGrafik::ZeichneAllesNeu() {
-    ShowChartControls();
-    PlaceChildren(Layout());
+void CGrafik::PrepareBuffer() {
     // On a high-density screen the buffer holds device pixels, so the copy stays sharp.
     const qreal ratio = devicePixelRatioF();
     const QSize target = size().expandedTo(QSize(1, 1)) * ratio;
@@ -169,6 +189,14 @@ void CGrafik::ZeichneAllesNeu() {
         m_buffer = QPixmap(target);
         m_buffer.setDevicePixelRatio(ratio);
     }
+}
+
+void CGrafik::ZeichneAllesNeu() {
+    if (m_mindMapMode)
+        return ZeichneAllesNeuMindMap();
+    ShowChartControls();
+    PlaceChildren(Layout());
+    PrepareBuffer();
     if (!First()) {
         m_buffer.fill(Qt::white);
         if (m_doc)
@@ -212,6 +240,8 @@ void CGrafik::ShowChartControls() {
     m_todayButton->show();
     m_calendarScroll->show();
     m_rowScroll->show();
+    m_mapVScroll->hide();
+    m_mapHScroll->hide();
 }
 
 void CGrafik::PlaceChildren(const ChartLayout& layout) {
@@ -287,6 +317,9 @@ void CGrafik::OnJumpToToday() {
 }
 
 void CGrafik::ScrollToSelection() {
+    if (m_mindMapMode)
+        return ScrollMindMapToSelection();
+    m_mapScrollPending = true;
     RefreshRows();
     ScrollRowIntoView(m_rows.SelectedRow());
     OnVScroll(ScrollCode::Refresh);
@@ -302,15 +335,22 @@ void CGrafik::ScrollRowIntoView(int row) {
         m_firstRow = row - shown + 1;
 }
 
-void CGrafik::wheelEvent(QWheelEvent* event) {
+int CGrafik::WheelLines(QWheelEvent* event, bool& sideways) {
     const QPoint delta = event->angleDelta();
-    const bool calendar = delta.x() != 0 || (event->modifiers() & Qt::ShiftModifier);
-    m_wheelRemainder += calendar ? (delta.x() ? delta.x() : delta.y()) : delta.y();
+    sideways = delta.x() != 0 || (event->modifiers() & Qt::ShiftModifier);
+    m_wheelRemainder += sideways ? (delta.x() ? delta.x() : delta.y()) : delta.y();
     const int notches = m_wheelRemainder / 120;
     m_wheelRemainder %= 120;
-    if (notches == 0)
+    return notches * QApplication::wheelScrollLines();
+}
+
+void CGrafik::wheelEvent(QWheelEvent* event) {
+    if (m_mindMapMode)
+        return WheelOnMindMap(event);
+    bool calendar = false;
+    const int lines = WheelLines(event, calendar);
+    if (lines == 0)
         return;
-    const int lines = notches * QApplication::wheelScrollLines();
     if (calendar) {
         SetCalendarPos(m_calendarPos - lines);
         ZeichneAllesNeu();
@@ -327,6 +367,8 @@ void CGrafik::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return QWidget::mousePressEvent(event);
     m_leftDown = true;
+    if (m_mindMapMode)
+        return PressOnMindMap(event->position().toPoint());
     PressAt(event->position().toPoint());
 }
 
@@ -386,6 +428,8 @@ void CGrafik::PressOnRow(const ChartLayout& layout, QPoint pos) {
 void CGrafik::mouseMoveEvent(QMouseEvent* event) {
     const QPoint pos = event->position().toPoint();
     m_lastMouse = pos;
+    if (m_mindMapMode)
+        return PanMindMap(pos);
     const ChartLayout layout = Layout();
     if (m_dragMode == Drag::None)
         UpdateHoverCursor(layout, pos);
@@ -439,6 +483,7 @@ void CGrafik::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return QWidget::mouseReleaseEvent(event);
     m_leftDown = false;
+    m_panning = false;
     m_dragTimer.stop();
     unsetCursor();
     if (m_dragMode == Drag::None)
@@ -493,6 +538,8 @@ void CGrafik::mouseDoubleClickEvent(QMouseEvent* event) {
         return QWidget::mouseDoubleClickEvent(event);
     m_leftDown = true;
     const QPoint pos = event->position().toPoint();
+    if (m_mindMapMode)
+        return DoubleClickOnMindMap(pos);
     const ChartLayout layout = Layout();
     RefreshRows();
     const RowHit hit = HitRow(layout, pos);
@@ -538,6 +585,20 @@ void CGrafik::ToggleExpanded(CProjectNode* node) {
 }
 
 void CGrafik::keyPressEvent(QKeyEvent* event) {
+    if (m_mindMapMode) {
+        switch (event->key()) {
+        case Qt::Key_Up:
+            return StepInMindMap(MindMapLayout::Step::Up);
+        case Qt::Key_Down:
+            return StepInMindMap(MindMapLayout::Step::Down);
+        case Qt::Key_Left:
+            return StepInMindMap(MindMapLayout::Step::Left);
+        case Qt::Key_Right:
+            return StepInMindMap(MindMapLayout::Step::Right);
+        default:
+            return QWidget::keyPressEvent(event);
+        }
+    }
     if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
         return MoveSelection(event->key() == Qt::Key_Down);
     QWidget::keyPressEvent(event);
@@ -568,6 +629,8 @@ CProjectNode* CGrafik::SelectedNode() {
 CProjectNode* CGrafik::SelectNodeAt(QPoint pos) {
     if (!First())
         return nullptr;
+    if (m_mindMapMode)
+        return SelectMindMapBoxAt(pos);
     RefreshRows();
     CProjectNode* node = HitRow(Layout(), pos).node;
     if (node) {

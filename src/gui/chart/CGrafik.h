@@ -1,17 +1,22 @@
 #pragma once
-// The chart window of a project: draws the timeline of the host's document into a back buffer,
-// and handles selection, editing, divider and node drags, scrolling and the node clipboard.
+// The chart window of a project: draws the timeline or the mind map of the host's document into a
+// back buffer, and handles selection, editing, divider and node drags, scrolling and the node
+// clipboard. The mind map's parts are in CGrafikMindMap.cpp.
 #include "chart/ChartHost.h"
 #include "chart/ChartLayout.h"
+#include "chart/TitleMeasurer.h"
 #include "document/CVeltoDoc.h"
 #include "outline/ChartCalendar.h"
 #include "outline/ChartRows.h"
+#include "outline/MindMapLayout.h"
+#include "outline/MindMapViewport.h"
 
 #include <QPixmap>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -83,16 +88,30 @@ public:
     bool RenderTimeline(QPainter& painter, QSize size);
     const QPixmap& BackBuffer() const { return m_buffer; }
 
+    // The mind map instead of the timeline: from now on every ZeichneAllesNeu draws the map.
+    void SetMindMapMode(bool on) { m_mindMapMode = on; }
+    bool MindMapMode() const { return m_mindMapMode; }
+    // The starting character height of the map's titles (the view's mind-map zoom).
+    void SetMindMapFontSize(int size) { m_mindMapFontSize = std::clamp(size, 1, 1000); }
+    // Lays the map out where the document changed and draws the part in view, with scroll bars 151
+    // and 152 in place of the timeline's controls and the note pane.
+    void ZeichneAllesNeuMindMap();
+    const MindMapLayout& MindMap() const { return m_mindMap; }
+    const MindMapViewport& MindMapView() const { return m_mapView; }
+
     void OnVScroll(ScrollCode code, int thumbPosition = 0);
-    // Scrolls the row list so that the selected node's row is shown (after a go-to-node).
+    // Scrolls so that the selected node is shown after it was selected from elsewhere (search,
+    // alarm, my tasks): the timeline's row list, or the mind map's view. A node selected while the
+    // timeline is shown is also scrolled to when the map is shown next.
     void ScrollToSelection();
     // Selects the node of the row under pos (a right click before its context menu); the node, or
     // null when pos is on no row.
     CProjectNode* SelectNodeAt(QPoint pos);
     // The selected node, from the row index when it is shown (no walk of a fresh index).
     CProjectNode* SelectedNode();
-    // Forgets the row index; the next redraw rebuilds it. Called on every document update.
-    void InvalidateRows() { m_rows.Invalidate(); }
+    // Forgets the row index and the map's layout; the next redraw rebuilds them. Called on every
+    // document update, and when the clock may have made tasks late.
+    void InvalidateRows();
     // One step of the drag timer: scrolls while a node is held above the first or below the last row.
     void OnDragTimer();
 
@@ -123,6 +142,30 @@ private:
     void SyncRowScrollBar();
     void ShowChartControls();
     void Tell(const char* text);
+
+    void PrepareBuffer();
+    // Whole wheel notches turned, as lines to scroll (the desktop's lines per notch); sideways for a
+    // horizontal wheel or with Shift.
+    int WheelLines(QWheelEvent* event, bool& sideways);
+
+    // The mind map (CGrafikMindMap.cpp).
+    QRect MindMapArea() const;
+    void ShowMindMapControls();
+    void SyncMindMapScrollBars();
+    void EnsureMindMap();
+    void RestoreMapView(bool hadMap, int oldFontSize, MapPoint oldCentre, const CProjectNode* anchor,
+                        MapPoint anchorAt);
+    int MindMapSelection();
+    void ShowMapBox(int box);
+    void ScrollMindMapToSelection();
+    void PressOnMindMap(QPoint pos);
+    void DoubleClickOnMindMap(QPoint pos);
+    void PanMindMap(QPoint pos);
+    void StepInMindMap(MindMapLayout::Step step);
+    void WheelOnMindMap(QWheelEvent* event);
+    void SelectInMindMap(int box, bool scroll);
+    CProjectNode* SelectMindMapBoxAt(QPoint pos);
+    void AfterMindMapSelection();
 
     void PressAt(QPoint pos);
     bool PressOnDivider(const ChartLayout& layout, QPoint pos);
@@ -157,6 +200,8 @@ private:
     QScrollBar* m_rowScroll = nullptr;      // 131
     QScrollBar* m_calendarScroll = nullptr; // 132
     QPushButton* m_todayButton = nullptr;   // 136
+    QScrollBar* m_mapVScroll = nullptr;     // 151
+    QScrollBar* m_mapHScroll = nullptr;     // 152
     QPointer<QWidget> m_notePane;
     QTimer m_dragTimer;
 
@@ -174,6 +219,26 @@ private:
     bool m_leftDown = false;
     QPoint m_lastMouse;
     int m_wheelRemainder = 0;
+
+    bool m_mindMapMode = false;
+    int m_mindMapFontSize = 20;
+    TitleMeasurer m_titleMeasurer;
+    MindMapLayout m_mindMap;
+    MindMapViewport m_mapView;
+    // The layout no longer matches the document; nothing of it may be read before it is rebuilt.
+    bool m_mindMapStale = true;
+    const CProjectNode* m_mapFirst = nullptr;
+    // Set while the map tells the document of a new selection, which changes nothing it laid out.
+    bool m_selectionOnlyUpdate = false;
+    // The box of the selected node, as far as the map knows it.
+    int m_mapSelected = -1;
+    // The node that should stay where it is in the window when the map is laid out next (a toggled
+    // branch), instead of the selected one.
+    const CProjectNode* m_mapAnchor = nullptr;
+    bool m_mapScrollPending = false;
+    bool m_panning = false;
+    QPoint m_panStart;
+    MapPoint m_panOrigin;
 };
 
 } // namespace velto

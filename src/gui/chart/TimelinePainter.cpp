@@ -1,5 +1,6 @@
 #include "chart/TimelinePainter.h"
 
+#include "chart/ChartStyle.h"
 #include "chart/ChartText.h"
 #include "model/NodeList.h"
 
@@ -9,42 +10,14 @@
 
 namespace velto {
 
+using namespace chartstyle;
+
 namespace {
 
-const QColor kBackground(255, 255, 255);
-const QColor kGrid(200, 200, 200);
-const QColor kProgress(0, 255, 0);
-const QColor kLate(255, 0, 0);
 const QColor kCostOver(255, 100, 100);
 const QColor kCostOther(100, 100, 100);
-const QColor kNote(255, 255, 0);
-const QColor kMilestone(0, 0, 255);
-const QColor kCell(230, 230, 230);
 const QColor kResponsible(230, 230, 0);
 const QColor kToday(255, 0, 0);
-
-// The chart's font height is the character cell height; Qt's pixel size is the em size, which for
-// the usual sans faces is about nine tenths of the cell.
-int EmPixels(int cellHeight) {
-    return std::max(1, cellHeight * 9 / 10);
-}
-
-QFont ChartFont(int cellHeight, QFont::Weight weight = QFont::Normal) {
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(EmPixels(cellHeight));
-    font.setWeight(weight);
-    return font;
-}
-
-QFont RowFont(const CProjectNode& node, int fontSize) {
-    QFont font(ToQString(node.m_strFontName));
-    font.setPixelSize(EmPixels(fontSize));
-    font.setWeight(node.m_bBold ? QFont::Black : QFont::Normal);
-    font.setItalic(node.m_bItalic != 0);
-    font.setUnderline(node.m_bUnderline != 0);
-    font.setStrikeOut(node.m_bStrikeOut != 0);
-    return font;
-}
 
 void DrawHLine(QPainter& p, const QColor& color, int x1, int x2, int y) {
     p.setPen(color);
@@ -188,7 +161,7 @@ void TimelinePainter::PaintRowText(const CProjectNode& node, int rowTop) {
     if (right <= x)
         return;
     const std::string text = ChartRowText(node, m_s.options.datePrefix, m_s.options.showResponsible);
-    m_p.setFont(RowFont(node, l.FontSize()));
+    m_p.setFont(TitleFont(TitleStyleOf(node, l.FontSize())));
     m_p.setPen(ColorFromColorRef(node.m_crColor));
     m_p.drawText(QRect(x, rowTop, right - x, l.FontSize()),
                  Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, ToQString(text));

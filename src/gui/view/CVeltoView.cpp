@@ -287,6 +287,11 @@ void CVeltoView::SaveNote() {
 
 void CVeltoView::Redraw() {
     m_showsMindMap = m_shell.mindMapMode;
+    m_chart->SetMindMapMode(m_showsMindMap);
+    m_chart->SetMindMapFontSize(m_mindMapZoom);
+    // The map hides the note pane; back on the timeline it is the view that shows it again.
+    if (!m_showsMindMap)
+        m_notePane->show();
     m_notePane->SetToolbarVisible(m_shell.noteToolbar);
     m_chart->ZeichneAllesNeu();
 }

@@ -2,7 +2,9 @@
 #include "ShellTestSupport.h"
 
 #include "base/CommandIds.h"
+#include "chart/CGrafik.h"
 #include "support/TempDir.h"
+#include "view/CNotePane.h"
 #include "view/CVeltoView.h"
 
 #include <QDragEnterEvent>
@@ -54,6 +56,7 @@ TEST_F(MainFrame, TheMenuSetFollowsTheProjectsAndTheMode) {
     EXPECT_TRUE(Ids(frame.ToolBar().actions()).contains(MindMapMode));
     ASSERT_TRUE(frame.Router().Execute(MindMapMode));
     EXPECT_TRUE(first->GetView().ShowsMindMap() && second->GetView().ShowsMindMap());
+    EXPECT_TRUE(second->GetView().Chart().MindMapMode() && second->GetView().NotePane().isHidden());
     const std::set<int> mindMap = viewMenu();
     EXPECT_TRUE(mindMap.contains(TimelineMode) && mindMap.contains(ZoomIn));
     EXPECT_FALSE(mindMap.contains(MindMapMode) || mindMap.contains(WidthDown));
@@ -61,6 +64,7 @@ TEST_F(MainFrame, TheMenuSetFollowsTheProjectsAndTheMode) {
     EXPECT_FALSE(Ids(frame.ToolBar().actions()).contains(MindMapMode));
     ASSERT_TRUE(frame.Router().Execute(TimelineMode));
     EXPECT_FALSE(first->GetView().ShowsMindMap() || second->GetView().ShowsMindMap());
+    EXPECT_FALSE(second->GetView().Chart().MindMapMode() || second->GetView().NotePane().isHidden());
     EXPECT_EQ(viewMenu(), view);
     for (CChildFrame* child : {first, second})
         child->close();

@@ -87,6 +87,7 @@ TEST_F(ViewCommands, ZoomStaysInsideItsRangeInEachModeAndWidthHasNoBound) {
     view.Redraw();
     Run(cmd::ZoomOut, 30);
     EXPECT_EQ(view.MindMapZoom(), CVeltoView::kMinZoom);
+    EXPECT_EQ(view.Chart().MindMap().FontSize(), CVeltoView::kMinZoom) << "the map is laid out at its zoom";
     Run(cmd::WidthDown, 40);
     EXPECT_EQ(view.GetLayout().chartWidth1, 200 - 400);
     doc.m_view.zoom = 5; // from a file, outside the range: it only steps back towards it
