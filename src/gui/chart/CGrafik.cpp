@@ -214,17 +214,9 @@ void CGrafik::ZeichneAllesNeu() {
 bool CGrafik::RenderTimeline(QPainter& painter, QSize size) {
     RefreshRows();
     m_firstRow = std::clamp(m_firstRow, 0, std::max(0, m_rows.Count() - 1));
-    int startRow = m_firstRow;
-    if (m_printing) {
-        CProjectNode* node = CurrentNode(First());
-        if (!node) {
-            Tell("Fehler Drucken!");
-            return false;
-        }
-        while (node && !node->m_bVisible)
-            node = node->m_pNext;
-        startRow = node ? m_rows.RowOf(node) : m_rows.Count();
-    }
+    const int startRow = m_printing ? PrintStartRow() : m_firstRow;
+    if (startRow < 0)
+        return false;
     const ChartLayout layout = LayoutFor(size);
     const int today = Today();
     const TimelineScene scene{
@@ -232,6 +224,44 @@ bool CGrafik::RenderTimeline(QPainter& painter, QSize size) {
         m_options, m_holidays, m_printing};
     TimelinePainter(painter, scene).Paint();
     return true;
+}
+
+int CGrafik::PrintStartRow() {
+    RefreshRows();
+    const CProjectNode* node = CurrentNode(First());
+    if (!node) {
+        Tell("Fehler Drucken!");
+        return -1;
+    }
+    while (node && !node->m_bVisible)
+        node = node->m_pNext;
+    return node ? m_rows.RowOf(node) : m_rows.Count();
+}
+
+int CGrafik::ShownRowCount() {
+    RefreshRows();
+    return m_rows.Count();
+}
+
+int CGrafik::FirstShownDay() const {
+    return chartcal::FirstCalendarDay(Today(), m_calendarPos);
+}
+
+ChartLayout CGrafik::PrintLayoutFor(QSize size) const {
+    return ChartLayout(size, m_fontSize, m_chartWidth1, 0);
+}
+
+void CGrafik::RenderPrintPage(QPainter& painter, QSize size, int firstRow, int rowCount, int firstDay) {
+    RefreshRows();
+    const ChartLayout layout = PrintLayoutFor(size);
+    TimelineScene scene{layout, m_rows, firstRow, Today(), firstDay, m_options, m_holidays, true};
+    scene.rowLimit = rowCount;
+    TimelinePainter(painter, scene).Paint();
+}
+
+int CGrafik::WidthForDays(int days) const {
+    const ChartLayout probe(QSize(0, 0), m_fontSize, 0, 0);
+    return std::max(0, m_chartWidth1) + 2 + days * probe.DayWidth() + ChartLayout::kScrollBarExtent;
 }
 
 void CGrafik::ShowChartControls() {

@@ -86,6 +86,24 @@ public:
     // Draws the timeline for a target of this size; false (after "Fehler Drucken!") when printing
     // finds no selected node.
     bool RenderTimeline(QPainter& painter, QSize size);
+
+    // Printing. The row a print starts at: the selected node's, or the next shown one when it is
+    // folded away; -1 after "Fehler Drucken!" when no node is selected.
+    int PrintStartRow();
+    // Shown rows of the document (the row index is brought up to date).
+    int ShownRowCount();
+    // The day in the window's first calendar column.
+    int FirstShownDay() const;
+    // One page of paper: the layout of the window's zoom and text column without note area or
+    // scroll bars, and the rows firstRow .. firstRow + rowCount - 1 drawn over a calendar from
+    // firstDay. The page is of the size PrintLayoutFor gives.
+    ChartLayout PrintLayoutFor(QSize size) const;
+    void RenderPrintPage(QPainter& painter, QSize size, int firstRow, int rowCount, int firstDay);
+    // The width that shows this many calendar days beside the text column.
+    int WidthForDays(int days) const;
+    CTime Now() const { return m_clock(); }
+    // The laid-out mind map of the current document, laid out now if the document changed.
+    const MindMapLayout& LaidOutMindMap();
     const QPixmap& BackBuffer() const { return m_buffer; }
 
     // The mind map instead of the timeline: from now on every ZeichneAllesNeu draws the map.

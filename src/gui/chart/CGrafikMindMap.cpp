@@ -52,6 +52,14 @@ void CGrafik::ZeichneAllesNeuMindMap() {
     update();
 }
 
+const MindMapLayout& CGrafik::LaidOutMindMap() {
+    if (First())
+        EnsureMindMap();
+    else
+        m_mindMap.Clear();
+    return m_mindMap;
+}
+
 void CGrafik::ShowMindMapControls() {
     m_todayButton->hide();
     m_calendarScroll->hide();

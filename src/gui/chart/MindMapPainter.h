@@ -1,6 +1,6 @@
 #pragma once
-// Paints a laid-out mind map into any QPainter: the chart window's back buffer, a test image, and
-// later a printer page. Only what crosses the view is drawn: the lines cut to it, then the boxes
+// Paints a laid-out mind map into any QPainter: the chart window's back buffer, a test image, or
+// a printer page. Only what crosses the view is drawn: the lines cut to it, then the boxes
 // with their titles, status strips and marks.
 #include "outline/MindMapLayout.h"
 

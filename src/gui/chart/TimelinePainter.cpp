@@ -130,7 +130,8 @@ void TimelinePainter::PaintRows() {
     const ChartLayout& l = m_s.layout;
     m_p.save();
     m_p.setClipRect(QRect(0, 0, l.Client().width(), l.RowAreaBottom()));
-    for (int i = 0; i < l.ShownRowCapacity(); ++i) {
+    const int shown = std::min(l.ShownRowCapacity(), m_s.rowLimit);
+    for (int i = 0; i < shown; ++i) {
         const CProjectNode* node = m_s.rows.At(m_s.firstRow + i);
         if (!node)
             break;

@@ -23,7 +23,8 @@ struct TimelineScene {
     int firstDay = 0; // day number of the first calendar column
     const ChartOptions& options;
     const chartcal::HolidayCalendar& holidays;
-    bool printing = false; // no selection frame on paper
+    bool printing = false;  // no selection frame on paper
+    int rowLimit = 1 << 30; // a printed page stops before the row that starts the next page
 };
 
 class TimelinePainter {

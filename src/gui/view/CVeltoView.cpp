@@ -1,5 +1,7 @@
 #include "view/CVeltoView.h"
 
+#include "view/ChartPrinting.h"
+
 #include "base/CommandIds.h"
 #include "base/CommandTable.h"
 #include "base/Cp1252Text.h"
@@ -15,6 +17,7 @@
 #include "model/NumberFormat.h"
 #include "view/AlarmBell.h"
 #include "view/CNotePane.h"
+#include "view/ChartPrinting.h"
 
 #include <QAction>
 #include <QApplication>
@@ -242,11 +245,17 @@ void CVeltoView::RegisterCommands() {
         cmd::GoToAlarmNode, [this] { GoToAlarmNode(); },
         [this](CommandState& s) { s.enabled = m_alarmNode.IsFollowing(); }, Guard::WhenEnabled);
 
-    // Commands of features still to come (search, my tasks, reports, printing): claimed disabled,
-    // so that the frame's handler of a shared id never runs while a project is open.
-    for (int id : {cmd::FindText, cmd::MyTasks, cmd::HoursReport, cmd::CostReport, cmd::FilePrint,
-                   cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::SearchStep, cmd::MyTasksChosen})
+    // Commands of features still to come (search, my tasks, reports): claimed disabled, so that the
+    // frame's handler of a shared id never runs while a project is open.
+    for (int id : {cmd::FindText, cmd::MyTasks, cmd::HoursReport, cmd::CostReport, cmd::SearchStep,
+                   cmd::MyTasksChosen})
         c.AddDisabled(id);
+
+    for (const auto& [id, mode] :
+         {std::pair{cmd::FilePrint, PrintMode::Dialog}, std::pair{cmd::FilePrintDirect, PrintMode::Direct},
+          std::pair{cmd::FilePrintPreview, PrintMode::Preview}})
+        c.Add(id,
+              [this, mode = mode] { PrintChart(this, *m_chart, m_doc.GetPrompter(), m_showsMindMap, mode); });
 }
 
 bool CVeltoView::OnUpdateCommand(int id, CommandState& state) {

@@ -290,10 +290,20 @@ TEST_F(ViewCommands, CutAndPasteThroughTheViewTakeTheUndoCopy) {
 
 TEST_F(ViewCommands, LaterFeaturesAreClaimedSoTheFramesSharedIdsStayQuiet) {
     MakeView();
-    for (int id : {cmd::FindText, cmd::FilePrint}) {
+    for (int id : {cmd::FindText, cmd::HoursReport}) {
         EXPECT_FALSE(Query(id).enabled) << id;
         EXPECT_TRUE(Run(id)) << id;
     }
+}
+
+TEST_F(ViewCommands, EveryPrintCommandRefusesWithoutASelectedNodeBeforeAnyDialog) {
+    MakeView();
+    SelectOnly(doc.m_pFirstNode, nullptr);
+    for (int id : {cmd::FilePrint, cmd::FilePrintDirect, cmd::FilePrintPreview}) {
+        EXPECT_TRUE(Query(id).enabled) << id;
+        EXPECT_TRUE(Run(id)) << id;
+    }
+    EXPECT_EQ(prompter.texts(), std::vector<std::string>(3, "Fehler Drucken!"));
 }
 
 TEST_F(ViewCommands, TheNoteFollowsTheSelectionAndWhatWasTypedReachesTheUndoCopy) {
