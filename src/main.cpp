@@ -1,6 +1,7 @@
 // velto: the desktop program. Everything but the command line lives in the velto_gui library.
 #include "VeltoVersion.h"
 #include "app/CVeltoApp.h"
+#include "app/ChartExport.h"
 #include "app/CommandLine.h"
 #include "app/SingleInstance.h"
 #include "base/QtDesktop.h"
@@ -24,6 +25,17 @@ int Print(FILE* stream, const QString& text, int exitCode) {
     std::fputs(text.toLocal8Bit().constData(), stream);
     return exitCode;
 }
+
+// "--export": no window, so no display either; the offscreen platform draws the fonts alike.
+int Export(int argc, char** argv, const CommandLine& line) {
+    QString error = line.error;
+    const auto request = error.isEmpty() ? ExportRequestOf(line, error) : std::nullopt;
+    if (!request)
+        return Print(stderr, error + QStringLiteral("\n\n") + UsageText(), kExportUsage);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    return RunExport(*request, stderr);
+}
 } // namespace
 
 int main(int argc, char** argv) {
@@ -33,6 +45,8 @@ int main(int argc, char** argv) {
         return Print(stdout, UsageText(), 0);
     if (early.version)
         return Print(stdout, VersionText(), 0);
+    if (!early.exportOut.isEmpty())
+        return Export(argc, argv, early);
     if (early.dataFiles) {
         // The program's folder needs the application object, but no display.
         QCoreApplication core(argc, argv);

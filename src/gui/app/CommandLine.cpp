@@ -18,6 +18,14 @@ const QCommandLineOption
     kDataFiles(QStringLiteral("data-files"),
                QString::fromUtf8("Zeigt, wo Velto seine mitgelieferten Dateien findet."));
 
+const QCommandLineOption kExport(QStringLiteral("export"), QString(), QStringLiteral("OUT"));
+const QCommandLineOption kView(QStringLiteral("view"), QString(), QStringLiteral("timeline|mindmap"),
+                               QStringLiteral("timeline"));
+const QCommandLineOption kPages(QStringLiteral("pages"), QString(), QStringLiteral("NxM"),
+                                QStringLiteral("1x1"));
+const QCommandLineOption kFrom(QStringLiteral("from"), QString(), QStringLiteral("JJJJ-MM-TT"));
+const QCommandLineOption kTo(QStringLiteral("to"), QString(), QStringLiteral("JJJJ-MM-TT"));
+
 // What Velto ships besides the program.
 const char* const kShippedFiles[] = {"Velto.pdf", "ALARM.WAV", "Beispielprojekt.VT5",
                                      "translations/qtbase_de.qm"};
@@ -29,6 +37,8 @@ CommandLine ParseCommandLine(const QStringList& args) {
     parser.addOption(kVersion);
     parser.addOption(kNewInstance);
     parser.addOption(kDataFiles);
+    for (const QCommandLineOption& option : {kExport, kView, kPages, kFrom, kTo})
+        parser.addOption(option);
     parser.addPositionalArgument(QStringLiteral("Datei"), QString());
     CommandLine out;
     if (!parser.parse(args)) {
@@ -42,6 +52,11 @@ CommandLine ParseCommandLine(const QStringList& args) {
     out.newInstance = parser.isSet(kNewInstance);
     out.dataFiles = parser.isSet(kDataFiles);
     out.files = parser.positionalArguments();
+    out.exportOut = parser.value(kExport);
+    out.view = parser.value(kView);
+    out.pages = parser.value(kPages);
+    out.from = parser.value(kFrom);
+    out.to = parser.value(kTo);
     return out;
 }
 
@@ -59,7 +74,19 @@ QString UsageText() {
                              "  -h, --help      Zeigt diese Hilfe an.\n"
                              "  -v, --version   Zeigt die Versionsnummer an.\n"
                              "  --new-instance  Startet ein eigenes Velto, auch wenn eins läuft.\n"
-                             "  --data-files    Zeigt, wo Velto seine mitgelieferten Dateien findet.\n");
+                             "  --data-files    Zeigt, wo Velto seine mitgelieferten Dateien findet.\n"
+                             "\n"
+                             "Ausgabe ohne Fenster:\n"
+                             "  velto --export AUSGABE DATEI [--view timeline|mindmap] [--pages NxM]\n"
+                             "        [--from JJJJ-MM-TT --to JJJJ-MM-TT]\n"
+                             "  Schreibt den Zeitplan (timeline, Vorgabe) oder die Mind Map der\n"
+                             "  Projektdatei DATEI nach AUSGABE und endet. AUSGABE.pdf: der Zeitplan\n"
+                             "  ab dem ersten Knoten über so viele Seiten wie nötig, die Mind Map auf\n"
+                             "  N x M Seiten (--pages, Vorgabe 1x1, je 1 bis 20); .png und .svg: das\n"
+                             "  Ganze als ein Bild. --from/--to wählen die Tage des Zeitplans, sonst\n"
+                             "  reicht er vom ersten Start bis zum letzten Termin.\n"
+                             "  Ende mit 0: geschrieben; 1: falscher Aufruf; 2: DATEI nicht lesbar;\n"
+                             "  3: AUSGABE nicht schreibbar.\n");
 }
 
 QString DataFilesText(const QString& programDir) {

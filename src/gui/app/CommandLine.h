@@ -1,5 +1,6 @@
 #pragma once
-// The command line: "velto [Datei ...]", with --help, --version and --new-instance.
+// The command line: "velto [Datei ...]", with --help, --version and --new-instance, and
+// "velto --export OUT FILE" with its options.
 #include <QString>
 #include <QStringList>
 
@@ -13,6 +14,12 @@ struct CommandLine {
     // Say where the shipped files were found, and end.
     bool dataFiles = false;
     QStringList files;
+    // --export OUT and its companions; OUT empty without --export.
+    QString exportOut;
+    QString view = QStringLiteral("timeline");
+    QString pages = QStringLiteral("1x1");
+    QString from;
+    QString to;
     QString error; // in German; empty when the line was understood
 };
 

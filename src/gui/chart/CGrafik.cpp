@@ -264,6 +264,12 @@ int CGrafik::WidthForDays(int days) const {
     return std::max(0, m_chartWidth1) + 2 + days * probe.DayWidth() + ChartLayout::kScrollBarExtent;
 }
 
+int CGrafik::HeightForRows(int rows) const {
+    // Below the rows a print layout keeps one row height and the scroll bar's band free.
+    const ChartLayout probe(QSize(0, 0), m_fontSize, 0, 0);
+    return probe.RowTop(rows) + m_fontSize + ChartLayout::kScrollBarExtent;
+}
+
 void CGrafik::ShowChartControls() {
     if (!m_todayButton->isHidden())
         return;

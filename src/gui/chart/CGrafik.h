@@ -99,8 +99,10 @@ public:
     // firstDay. The page is of the size PrintLayoutFor gives.
     ChartLayout PrintLayoutFor(QSize size) const;
     void RenderPrintPage(QPainter& painter, QSize size, int firstRow, int rowCount, int firstDay);
-    // The width that shows this many calendar days beside the text column.
+    // The width that shows this many calendar days beside the text column, and the height that
+    // shows this many rows below the header.
     int WidthForDays(int days) const;
+    int HeightForRows(int rows) const;
     CTime Now() const { return m_clock(); }
     // The laid-out mind map of the current document, laid out now if the document changed.
     const MindMapLayout& LaidOutMindMap();
