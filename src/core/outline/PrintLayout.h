@@ -20,6 +20,10 @@ inline constexpr int kMaxPagesPerSide = 20;
 inline bool PagesPerSideValid(int pages) {
     return pages >= kMinPagesPerSide && pages <= kMaxPagesPerSide;
 }
+// Landscape pages suit a map that is wider on each of its pages than it is high.
+inline bool PrefersLandscape(double mapWidth, double mapHeight, PageGrid grid) {
+    return mapWidth * grid.down > mapHeight * grid.across;
+}
 // "NxM" with N and M in 1..20 ("3x2": three across, two down), or nothing.
 std::optional<PageGrid> ParsePageGrid(std::string_view text);
 // "YYYY-MM-DD" as a day number (days since 1970-01-01), or nothing for an impossible date.

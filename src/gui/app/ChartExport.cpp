@@ -123,8 +123,12 @@ private:
         QPdfWriter pdf(&out);
         pdf.setPageSize(QPageSize(QPageSize::A4));
         pdf.setCreator(QStringLiteral("Velto"));
-        if (m_request.mindMap)
+        if (m_request.mindMap) {
+            const MapRect extent = m_chart.LaidOutMindMap().Extent();
+            if (PrefersLandscape(extent.w, extent.h, m_request.pages))
+                pdf.setPageOrientation(QPageLayout::Landscape);
             return PrintMindMap(m_chart, pdf, m_request.pages) > 0;
+        }
         pdf.setPageOrientation(QPageLayout::Landscape);
         return PrintTimeline(m_chart, pdf, TimelinePrint{0, m_firstDay, m_width}) > 0;
     }

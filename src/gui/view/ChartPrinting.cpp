@@ -18,34 +18,41 @@ namespace {
 const char* const kPrinterUnusable = "Der Drucker kann nicht benutzt werden. Bitte prüfen Sie die "
                                      "Einstellungen im Druckdialog.";
 
-// Prints onto the printer it is handed; 0 pages when the printer could not be opened.
-using PageSource = std::function<int(QPrinter&)>;
+struct PageSource {
+    // Prints onto the printer it is handed; 0 pages when the printer could not be opened.
+    std::function<int(QPrinter&)> print;
+    QPageLayout::Orientation orientation = QPageLayout::Landscape;
+};
 
 // The pages to print, or nothing when the user cancelled or no node is selected (already told).
-PageSource ChoosePages(QWidget* parent, CGrafik& chart, Prompter& prompter, bool mindMap) {
+std::optional<PageSource> ChoosePages(QWidget* parent, CGrafik& chart, Prompter& prompter, bool mindMap) {
     if (mindMap) {
         CMindMapPrintDlg dialog(prompter, parent);
         if (dialog.exec() != QDialog::Accepted)
-            return {};
-        return
-            [&chart, grid = dialog.Grid()](QPrinter& printer) { return PrintMindMap(chart, printer, grid); };
+            return std::nullopt;
+        const PageGrid grid = dialog.Grid();
+        const MapRect extent = chart.LaidOutMindMap().Extent();
+        return PageSource{[&chart, grid](QPrinter& printer) { return PrintMindMap(chart, printer, grid); },
+                          PrefersLandscape(extent.w, extent.h, grid) ? QPageLayout::Landscape
+                                                                     : QPageLayout::Portrait};
     }
     const auto what = WindowTimelinePrint(chart);
     if (!what)
-        return {};
-    return [&chart, what = *what](QPrinter& printer) { return PrintTimeline(chart, printer, what); };
+        return std::nullopt;
+    return PageSource{
+        [&chart, what = *what](QPrinter& printer) { return PrintTimeline(chart, printer, what); }};
 }
 
 } // namespace
 
 void PrintChart(QWidget* parent, CGrafik& chart, Prompter& prompter, bool mindMap, PrintMode mode) {
-    const PageSource pages = ChoosePages(parent, chart, prompter, mindMap);
+    const auto pages = ChoosePages(parent, chart, prompter, mindMap);
     if (!pages)
         return;
     QPrinter printer(QPrinter::HighResolution);
-    printer.setPageOrientation(mindMap ? QPageLayout::Portrait : QPageLayout::Landscape);
+    printer.setPageOrientation(pages->orientation);
     const auto print = [&](QPrinter& target) {
-        if (pages(target) == 0)
+        if (pages->print(target) == 0)
             prompter.Tell(kPrinterUnusable, Prompter::kCaption, PromptIcon::Warning);
     };
     switch (mode) {

@@ -64,6 +64,9 @@ TEST(PrintLayout, TilesCoverTheScaledMapWithSharedStripsAndCutsInTheirMiddle) {
     EXPECT_DOUBLE_EQ(odd.TileOrigin(0).x + *odd.CutsOf(0).right / odd.Scale(),
                      odd.TileOrigin(1).x + *odd.CutsOf(1).left / odd.Scale());
     EXPECT_FALSE(MapTiling(0, 0, 10, 10, 100, 100, PageGrid{}, 10).CutsOf(0).right) << "one page, no cuts";
+
+    EXPECT_TRUE(PrefersLandscape(300, 100, PageGrid{2, 1}));
+    EXPECT_FALSE(PrefersLandscape(300, 100, PageGrid{4, 1})) << "each of four pages is narrow";
 }
 
 TEST(PrintLayout, FooterTextsSayPageAndPrintTime) {
