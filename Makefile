@@ -22,7 +22,7 @@ bench: configure
 	@cmake --build $(BUILD_DIR) -j $(JOBS) --target velto_bench
 	@echo "Benchmarks built. Run them one at a time on a quiet machine (see docs/performance.md):"
 	@echo "  $(BUILD_DIR)/bench/velto_core_bench    # node list, project file, RTF"
-	@echo "  $(BUILD_DIR)/bench/velto_gui_bench     # chart redraw, view commands, note pane (offscreen)"
+	@echo "  $(BUILD_DIR)/bench/velto_gui_bench     # chart redraw, view commands, note pane, printing (offscreen)"
 	@echo "  add e.g. --benchmark_filter=BM_Rtf to run only some of them"
 
 # The Debian package (velto_<version>_<arch>.deb in the build folder); see cmake/VeltoPackage.cmake.

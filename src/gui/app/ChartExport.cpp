@@ -18,6 +18,7 @@
 #include <QSvgGenerator>
 
 #include <algorithm>
+#include <climits>
 
 namespace velto {
 
@@ -245,7 +246,7 @@ std::optional<ExportRequest> ExportRequestOf(const CommandLine& line, QString& e
 int RunExport(const ExportRequest& request, std::FILE* errors) {
     StreamPrompter prompter(errors);
     CVeltoDoc doc(prompter);
-    if (!QFileInfo(request.file).isFile()) {
+    if (!QFileInfo::exists(request.file)) {
         std::fprintf(errors, "Die Datei \"%s\" gibt es nicht.\n", qPrintable(request.file));
         return kExportUnreadable;
     }
