@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
         return Print(stdout, UsageText(), 0);
     if (early.version)
         return Print(stdout, VersionText(), 0);
-    if (!early.exportOut.isEmpty())
+    if (early.exportMode)
         return Export(argc, argv, early);
     if (early.dataFiles) {
         // The program's folder needs the application object, but no display.

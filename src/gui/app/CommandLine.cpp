@@ -29,6 +29,13 @@ const QCommandLineOption kTo(QStringLiteral("to"), QString(), QStringLiteral("JJ
 // What Velto ships besides the program.
 const char* const kShippedFiles[] = {"Velto.pdf", "ALARM.WAV", "Beispielprojekt.VT5",
                                      "translations/qtbase_de.qm"};
+// --export before the end of the options ("--"), with or without its value.
+bool NamesExport(const QStringList& args) {
+    for (qsizetype i = 1; i < args.size() && args[i] != QLatin1String("--"); ++i)
+        if (args[i] == QLatin1String("--export") || args[i].startsWith(QLatin1String("--export=")))
+            return true;
+    return false;
+}
 } // namespace
 
 CommandLine ParseCommandLine(const QStringList& args) {
@@ -52,6 +59,7 @@ CommandLine ParseCommandLine(const QStringList& args) {
     out.newInstance = parser.isSet(kNewInstance);
     out.dataFiles = parser.isSet(kDataFiles);
     out.files = parser.positionalArguments();
+    out.exportMode = NamesExport(args);
     out.exportOut = parser.value(kExport);
     out.view = parser.value(kView);
     out.pages = parser.value(kPages);

@@ -14,7 +14,9 @@ struct CommandLine {
     // Say where the shipped files were found, and end.
     bool dataFiles = false;
     QStringList files;
-    // --export OUT and its companions; OUT empty without --export.
+    // --export OUT and its companions. exportMode is set by --export even without OUT, so that a
+    // wrong export line is answered as one.
+    bool exportMode = false;
     QString exportOut;
     QString view = QStringLiteral("timeline");
     QString pages = QStringLiteral("1x1");
