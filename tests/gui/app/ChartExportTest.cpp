@@ -66,6 +66,8 @@ TEST(ChartExportUsage, OptionsAreCheckedBeforeAnythingIsRead) {
     ASSERT_TRUE(defaults);
     EXPECT_FALSE(defaults->mindMap);
     EXPECT_FALSE(defaults->firstDay);
+    EXPECT_TRUE(ParseCommandLine({"velto", "--export"}).exportMode) << "answered as an export, not a window";
+    EXPECT_FALSE(ParseCommandLine({"velto", "--", "--export"}).exportMode);
     for (const QStringList& bad :
          {QStringList{"--export", "k.pdf"},
           {"--export", "k.pdf", "a.VT5", "b.VT5"},
