@@ -6,28 +6,48 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <system_error>
 #include <thread>
 #include <vector>
 
 namespace velto {
 
+namespace {
+
+// The end of the run of ASCII bytes from pos on, eight bytes at a time: most of a note is ASCII.
+size_t AsciiRunEnd(std::string_view text, size_t pos) {
+    constexpr uint64_t kHighBits = 0x8080808080808080ull;
+    for (uint64_t word; pos + 8 <= text.size(); pos += 8) {
+        std::memcpy(&word, text.data() + pos, 8);
+        if (word & kHighBits)
+            break;
+    }
+    while (pos < text.size() && static_cast<unsigned char>(text[pos]) < 0x80)
+        ++pos;
+    return pos;
+}
+
+} // namespace
+
 std::string NoteSearchText(std::string_view rtf) {
-    const std::string utf8 = rtf::PlainText(rtf);
-    std::string text;
-    text.reserve(utf8.size());
-    for (size_t pos = 0; pos < utf8.size();) {
-        const auto byte = static_cast<unsigned char>(utf8[pos]);
-        if (byte < 0x80) {
-            text += char(byte);
-            ++pos;
-            continue;
-        }
-        const std::optional<char32_t> character = cp1252::DecodeUtf8(utf8, pos);
+    std::string text = rtf::PlainText(rtf);
+    // Converted in place: no character takes more bytes in Windows-1252 than in UTF-8.
+    size_t out = 0;
+    for (size_t pos = 0; pos < text.size();) {
+        const size_t asciiEnd = AsciiRunEnd(text, pos);
+        if (out != pos)
+            std::memmove(text.data() + out, text.data() + pos, asciiEnd - pos);
+        out += asciiEnd - pos;
+        pos = asciiEnd;
+        if (pos == text.size())
+            break;
+        const std::optional<char32_t> character = cp1252::DecodeUtf8(text, pos);
         const std::optional<unsigned char> fitting =
             character ? cp1252::FromUnicode(*character) : std::nullopt;
-        text += fitting ? char(*fitting) : '\0';
+        text[out++] = fitting ? char(*fitting) : '\0';
     }
+    text.resize(out);
     return text;
 }
 

@@ -19,7 +19,7 @@ template <class List> void AppendEntries(std::string& texts, const List& list) {
 } // namespace
 
 bool SearchTexts::Taken::StillMatches(const CProjectNode& current) const {
-    return node == &current && title == current.m_strTitle && note == current.m_strNote &&
+    return title == current.m_strTitle && note == current.m_strNote &&
            hours.SharesBlockWith(current.m_pHours) && calculated.SharesBlockWith(current.m_pCosts) &&
            needed.SharesBlockWith(current.m_pCosts2);
 }
@@ -28,12 +28,14 @@ void SearchTexts::Update(CProjectNode* first) {
     size_t position = 0;
     size_t selected = kNone;
     for (CProjectNode* node = first; node; node = node->m_pNext, ++position) {
-        if (position == m_nodes.size() || !m_nodes[position].StillMatches(*node))
+        if (position == m_nodes.size() || m_nodes[position].node != node)
             return TakeAll(first);
+        if (!m_nodes[position].StillMatches(*node))
+            Retake(position);
         if (node->m_bSelected && selected == kNone)
             selected = position;
     }
-    if (position != m_nodes.size())
+    if (position != m_nodes.size() || m_unused > m_texts.size() / 2)
         return TakeAll(first);
     m_selected = selected;
 }
@@ -44,26 +46,35 @@ void SearchTexts::TakeAll(CProjectNode* first) {
         m_notes.StartPreparing(first);
     m_nodes.clear();
     m_texts.clear();
+    m_unused = 0;
     m_selected = kNone;
     for (CProjectNode* node = first; node; node = node->m_pNext) {
         if (node->m_bSelected && m_selected == kNone)
             m_selected = m_nodes.size();
-        Take(node);
+        m_nodes.push_back(Take(node));
     }
     // The notes of changed and deleted nodes are no longer needed.
     m_notes.ForgetUnused();
 }
 
-void SearchTexts::Take(CProjectNode* node) {
-    Taken& taken = m_nodes.emplace_back(Taken{node,
-                                              node->m_strTitle,
-                                              node->m_strNote,
-                                              node->m_pHours,
-                                              node->m_pCosts,
-                                              node->m_pCosts2,
-                                              m_notes.Get(node->m_strNote),
-                                              m_texts.size(),
-                                              {}});
+// A node changed in place (its title, note or an entry was edited): its texts go to the end, and
+// what they replace is left unused until TakeAll starts afresh.
+void SearchTexts::Retake(size_t position) {
+    Taken& taken = m_nodes[position];
+    m_unused += taken.ends[3] - taken.begin + taken.noteText.size();
+    taken = Take(taken.node);
+}
+
+SearchTexts::Taken SearchTexts::Take(CProjectNode* node) {
+    Taken taken{node,
+                node->m_strTitle,
+                node->m_strNote,
+                node->m_pHours,
+                node->m_pCosts,
+                node->m_pCosts2,
+                m_notes.Get(node->m_strNote),
+                m_texts.size(),
+                {}};
     Append(m_texts, node->m_strTitle);
     taken.ends[0] = m_texts.size();
     AppendEntries(m_texts, node->m_pHours);
@@ -72,6 +83,7 @@ void SearchTexts::Take(CProjectNode* node) {
     taken.ends[2] = m_texts.size();
     AppendEntries(m_texts, node->m_pCosts2);
     taken.ends[3] = m_texts.size();
+    return taken;
 }
 
 bool SearchTexts::Holds(size_t position, const SearchText& text) const {

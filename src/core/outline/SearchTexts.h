@@ -6,8 +6,9 @@
 //
 // Update compares each node with what was taken from it: a node keeps its texts as long as its
 // title, note and lists are the very ones they were (texts and lists are never changed in place, and
-// the copies kept here hold them, so nothing else can take their place). When anything differs, the
-// texts are taken anew, the notes' plain text from the note cache, so only changed notes are parsed.
+// the copies kept here hold them, so nothing else can take their place). A node that changed has its
+// texts taken anew; when nodes came, went or moved, all are, the notes' plain text from the note
+// cache, so only changed notes are parsed.
 #include "outline/NoteSearchTexts.h"
 #include "outline/TextSearch.h"
 
@@ -51,16 +52,20 @@ private:
         size_t begin;
         size_t ends[4];
 
+        // Whether the node's title, note and lists are still those the texts were taken from.
         bool StillMatches(const CProjectNode& current) const;
     };
 
     void TakeAll(CProjectNode* first);
-    void Take(CProjectNode* node);
+    void Retake(size_t position);
+    Taken Take(CProjectNode* node);
 
     std::vector<Taken> m_nodes;
-    // The title and entry texts of all nodes, in list order. A search text never holds a NUL, so the
-    // NUL after each text keeps a match from running into the next one.
+    // The title and entry texts of all nodes, in list order but for retaken nodes. A search text
+    // never holds a NUL, so the NUL after each text keeps a match from running into the next one.
     std::string m_texts;
+    // Bytes of texts, and of notes in the note cache, that changed nodes left behind.
+    size_t m_unused = 0;
     size_t m_selected = kNone;
     NoteSearchTexts m_notes;
 };

@@ -11,6 +11,7 @@
 #include "model/NodeList.h"
 #include "model/NumberFormat.h"
 #include "view/CNotePane.h"
+#include "view/NodeFinders.h"
 
 #include <QAction>
 #include <QMenu>
@@ -22,8 +23,6 @@
 namespace velto {
 
 namespace {
-// Commands of the view whose features come later (search, my tasks, reports, printing, alarm):
-// the view claims them so they show disabled instead of reaching the main frame.
 // The items of the node context menu; 0 is a separator. Menu 154 leaves out those of tasks only.
 constexpr std::array kNodeMenu = {
     cmd::NodeDone,  0, cmd::NodeBold, cmd::NodeItalic, cmd::NodeUnderline, cmd::NodeStrikeOut,
@@ -61,7 +60,8 @@ int SteppedZoom(int zoom, int step) {
 
 CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext context, QWidget* parent)
     : QWidget(parent), m_doc(doc), m_shell(shell), m_context(std::move(context)), m_chart(new CGrafik(this)),
-      m_notePane(new CNotePane(doc, doc.GetPrompter(), m_chart)) {
+      m_notePane(new CNotePane(doc, doc.GetPrompter(), m_chart)),
+      m_finders(std::make_unique<NodeFinders>(*this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_chart);
@@ -194,11 +194,12 @@ void CVeltoView::RegisterCommands() {
         },
         Guard::WhenEnabled);
 
-    // Commands of features still to come (search, my tasks, reports, printing, alarm): claimed
-    // disabled, so that the frame's handler of a shared id never runs while a project is open.
-    for (int id : {cmd::FindText, cmd::MyTasks, cmd::HoursReport, cmd::CostReport, cmd::FilePrint,
-                   cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::GoToAlarmNode, cmd::SearchStep,
-                   cmd::MyTasksChosen})
+    m_finders->RegisterCommands(c);
+
+    // Commands of features still to come (reports, printing, alarm): claimed disabled, so that
+    // the frame's handler of a shared id never runs while a project is open.
+    for (int id : {cmd::HoursReport, cmd::CostReport, cmd::FilePrint, cmd::FilePrintDirect,
+                   cmd::FilePrintPreview, cmd::GoToAlarmNode})
         c.AddDisabled(id);
 }
 
@@ -212,6 +213,7 @@ bool CVeltoView::OnCommand(int id) {
 }
 
 void CVeltoView::OnDocumentUpdated(CVeltoDoc&) {
+    m_finders->OnDocumentUpdated();
     // The chart observes the document itself and reindexes on its next redraw. The pane follows
     // the selection once the command is through: a command may update the views more than once,
     // and by then the chart's fresh row index knows the selected node without a walk of the list.

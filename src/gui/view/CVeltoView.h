@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <memory>
+
 class QMenu;
 
 namespace velto {
@@ -20,6 +22,7 @@ struct ShellState;
 class CGrafik;
 class CNotePane;
 class CProjectNode;
+class NodeFinders;
 
 // The view values a project file keeps.
 struct ViewLayout {
@@ -69,6 +72,9 @@ public:
     // The node context menu: menu 140 for a task, 154 (without "Erledigt" and the clock) otherwise.
     // Its items run this view's commands; the caller shows it.
     QMenu* CreateNodeMenu(QWidget* parent);
+
+    // The text search and "Meine Aufgaben" with their dialogs.
+    NodeFinders& Finders() const { return *m_finders; }
 
     // The status pane's node info line for the current node ("Erstellt: ..."), in hours or costs.
     static QString NodeInfoLine(const CProjectNode& node, bool costs);
@@ -131,6 +137,7 @@ private:
     // Earliest first on the first sort; every sort flips it.
     bool m_sortAscending = true;
     CommandMap m_commands;
+    std::unique_ptr<NodeFinders> m_finders;
 };
 
 } // namespace velto

@@ -289,7 +289,7 @@ TEST_F(ViewCommands, CutAndPasteThroughTheViewTakeTheUndoCopy) {
 
 TEST_F(ViewCommands, LaterFeaturesAreClaimedSoTheFramesSharedIdsStayQuiet) {
     MakeView();
-    for (int id : {cmd::FindText, cmd::FilePrint}) {
+    for (int id : {cmd::HoursReport, cmd::FilePrint}) {
         EXPECT_FALSE(Query(id).enabled) << id;
         EXPECT_TRUE(Run(id)) << id;
     }
