@@ -15,7 +15,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <memory>
+#include <thread>
 
 namespace velto {
 
@@ -65,6 +67,23 @@ void BM_SearchFirstPassAfterOpening(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_SearchFirstPassAfterOpening)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+// The same when the third character comes 450 ms after the search command (three keys at 150 ms):
+// the notes are parsed in the background meanwhile, as the user types.
+void BM_SearchFirstPassAtTypingPace(benchmark::State& state) {
+    SearchWindow window;
+    for (auto _ : state) {
+        state.PauseTiming();
+        window.view.reset();
+        state.ResumeTiming();
+        CSearchDlg& search = window.OpenView();
+        state.PauseTiming();
+        std::this_thread::sleep_for(std::chrono::milliseconds(450));
+        state.ResumeTiming();
+        search.findChild<QLineEdit*>("text")->setText(kAbsent);
+    }
+}
+BENCHMARK(BM_SearchFirstPassAtTypingPace)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 // The same after a one-character change of one note, as the note pane saves it.
 void BM_SearchPassAfterANoteChanged(benchmark::State& state) {

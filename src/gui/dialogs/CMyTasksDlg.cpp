@@ -45,7 +45,8 @@ CMyTasksDlg::CMyTasksDlg(CVeltoDoc& doc, QWidget* parent)
     setWindowTitle("Meine Aufgaben in: " + FromCoreText(doc.GetTitle()));
     m_persons->setObjectName("persons");
     m_tasks->setObjectName("tasks");
-    connect(m_persons, &QListWidget::currentRowChanged, this, &CMyTasksDlg::FillTasks);
+    // A click makes a row current before it selects it, so the selection is what counts.
+    connect(m_persons, &QListWidget::itemSelectionChanged, this, &CMyTasksDlg::FillTasks);
     connect(m_tasks, &QListWidget::itemDoubleClicked, this, &CMyTasksDlg::GoTo);
 
     auto* buttons = new QDialogButtonBox(this);

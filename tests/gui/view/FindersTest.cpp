@@ -22,6 +22,10 @@ using namespace charttest;
 
 namespace {
 
+// The indicators in the order of the parts.
+const std::vector<std::string> kIndicators{"inTitle", "inNote", "inHours", "inCalculatedCosts",
+                                           "inNeededCosts"};
+
 class Finders : public ::testing::Test {
 protected:
     Finders() : doc(prompter) {
@@ -60,8 +64,8 @@ protected:
     }
     static std::vector<std::string> Shown(const QDialog& dialog) {
         std::vector<std::string> shown;
-        for (const char* name : {"inTitle", "inNote", "inHours", "inCalculatedCosts", "inNeededCosts"})
-            if (!dialog.findChild<QLabel*>(name)->isHidden())
+        for (const std::string& name : kIndicators)
+            if (!dialog.findChild<QLabel*>(QString::fromStdString(name))->isHidden())
                 shown.emplace_back(name);
         return shown;
     }
@@ -73,7 +77,9 @@ protected:
         return rows;
     }
     static void Choose(QDialog& dialog, const char* list, int row) {
-        dialog.findChild<QListWidget*>(list)->setCurrentRow(row);
+        auto* widget = dialog.findChild<QListWidget*>(list);
+        QTest::mouseClick(widget->viewport(), Qt::LeftButton, {},
+                          widget->visualItemRect(widget->item(row)).center());
     }
 
     ScriptedPrompter prompter;
@@ -117,6 +123,14 @@ TEST_F(Finders, TypingSearchesFromTheThirdCharacterAndAHitIsOpenedAndScrolledTo)
     search.findChild<QLineEdit*>("text")->setText(QString::fromUtf8("Ber→"));
     EXPECT_EQ(Selected(), Node("Bericht")) << "a text no project can hold finds nothing";
     EXPECT_TRUE(prompter.asked().empty());
+}
+
+TEST_F(Finders, EachPartHasAnIndicatorOfItsOwn) {
+    CSearchDlg& search = OpenSearch();
+    for (int part = 0; part < kSearchPartCount; ++part) {
+        search.ShowParts(1u << part);
+        EXPECT_EQ(Shown(search), std::vector<std::string>{kIndicators[size_t(part)]});
+    }
 }
 
 TEST_F(Finders, SearchingOnAfterTheFoundNodeWasDeletedOrUndone) {
