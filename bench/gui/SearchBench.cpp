@@ -56,21 +56,9 @@ void BM_SearchPassWarm(benchmark::State& state) {
 }
 BENCHMARK(BM_SearchPassWarm)->Unit(benchmark::kMillisecond);
 
-// From the search command to the end of the step the third typed character starts, at once.
-void BM_SearchFirstPassAfterOpening(benchmark::State& state) {
-    SearchWindow window;
-    for (auto _ : state) {
-        state.PauseTiming();
-        window.view.reset();
-        state.ResumeTiming();
-        window.OpenView().findChild<QLineEdit*>("text")->setText(kAbsent);
-    }
-}
-BENCHMARK(BM_SearchFirstPassAfterOpening)->Unit(benchmark::kMillisecond)->Iterations(5);
-
-// The same when the third character comes 450 ms after the search command (three keys at 150 ms):
-// the notes are parsed in the background meanwhile, as the user types.
-void BM_SearchFirstPassAtTypingPace(benchmark::State& state) {
+// From the search command to the end of the step that the third typed character starts, typing
+// the given time after the command; the notes are parsed in the background meanwhile.
+void FirstPass(benchmark::State& state, std::chrono::milliseconds typing) {
     SearchWindow window;
     for (auto _ : state) {
         state.PauseTiming();
@@ -78,10 +66,21 @@ void BM_SearchFirstPassAtTypingPace(benchmark::State& state) {
         state.ResumeTiming();
         CSearchDlg& search = window.OpenView();
         state.PauseTiming();
-        std::this_thread::sleep_for(std::chrono::milliseconds(450));
+        std::this_thread::sleep_for(typing);
         state.ResumeTiming();
         search.findChild<QLineEdit*>("text")->setText(kAbsent);
     }
+}
+
+// The text typed at once after the command.
+void BM_SearchFirstPassAfterOpening(benchmark::State& state) {
+    FirstPass(state, std::chrono::milliseconds(0));
+}
+BENCHMARK(BM_SearchFirstPassAfterOpening)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+// Three keys at 150 ms each after the command.
+void BM_SearchFirstPassAtTypingPace(benchmark::State& state) {
+    FirstPass(state, std::chrono::milliseconds(450));
 }
 BENCHMARK(BM_SearchFirstPassAtTypingPace)->Unit(benchmark::kMillisecond)->Iterations(5);
 

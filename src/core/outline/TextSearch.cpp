@@ -118,13 +118,13 @@ SearchHit SearchStep(CProjectNode* first, const SearchText& text, int direction,
     if (count == 0)
         return {};
     const bool backward = direction < 0;
+    const size_t selected = texts.SelectedPosition();
+    const size_t origin = selected != SearchTexts::kNone ? selected : (backward ? count - 1 : 0);
     const auto next = [&](size_t position) {
         if (backward)
             return position == 0 ? count - 1 : position - 1;
         return position + 1 == count ? 0 : position + 1;
     };
-    const size_t selected = texts.SelectedPosition();
-    const size_t origin = selected != SearchTexts::kNone ? selected : (backward ? count - 1 : 0);
     const auto hit = [&](size_t position) {
         return SearchHit{texts.NodeAt(position), texts.PartsHolding(position, text)};
     };
