@@ -127,6 +127,7 @@ void NoteSearchTexts::FinishPreparing() {
     m_batch->Work();
     for (std::thread& thread : m_batch->threads)
         thread.join();
+    m_texts.reserve(m_texts.size() + m_batch->notes.size());
     for (size_t i = 0; i < m_batch->notes.size(); ++i)
         m_texts.insert_or_assign(m_batch->keys[i],
                                  Entry{std::move(m_batch->notes[i]), std::move(m_batch->texts[i]), m_pass});

@@ -6,8 +6,8 @@
 //
 // A note is known by the address of its text: notes are never changed in place (a changed note is a
 // new text), and the entry keeps a reference to the text, so no other note can take its address while
-// it is known. A search step therefore looks a note up without reading it, where a cache keyed by
-// the note's bytes would have to hash all of them on every step.
+// it is known. A note is therefore looked up without reading it, where rtf::PlainTextCache, keyed by
+// the note's bytes, hashes all of them: on a large project that alone takes about a whole step.
 #include "model/NoteText.h"
 
 #include <cstdint>
@@ -40,7 +40,6 @@ public:
     // Forgets the notes not asked for since the last call: the old texts of changed notes and the
     // notes of deleted nodes.
     void ForgetUnused();
-    size_t Size() const { return m_texts.size(); }
 
 private:
     struct Entry {

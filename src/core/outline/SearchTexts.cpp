@@ -25,17 +25,23 @@ bool SearchTexts::Taken::StillMatches(const CProjectNode& current) const {
 }
 
 void SearchTexts::Update(CProjectNode* first) {
-    size_t position = 0;
+    if (m_nodes.empty() || m_nodes.front().node != first)
+        return TakeAll(first);
+    // The nodes are read by the addresses kept here rather than by following the links, so that the
+    // processor fetches many of them at once; a node is only read once the node before it, which is
+    // in the list, has been found to link to it.
     size_t selected = kNone;
-    for (CProjectNode* node = first; node; node = node->m_pNext, ++position) {
-        if (position == m_nodes.size() || m_nodes[position].node != node)
+    for (size_t position = 0; position < m_nodes.size(); ++position) {
+        CProjectNode* node = m_nodes[position].node;
+        const CProjectNode* next = position + 1 < m_nodes.size() ? m_nodes[position + 1].node : nullptr;
+        if (node->m_pNext != next)
             return TakeAll(first);
         if (!m_nodes[position].StillMatches(*node))
             Retake(position);
         if (node->m_bSelected && selected == kNone)
             selected = position;
     }
-    if (position != m_nodes.size() || m_unused > m_texts.size() / 2)
+    if (m_unused > m_texts.size() / 2)
         return TakeAll(first);
     m_selected = selected;
 }

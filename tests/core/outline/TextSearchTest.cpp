@@ -170,6 +170,9 @@ TEST_F(TextSearchTest, FollowsChangedNotesTitlesEntriesAndDeletedAndSwappedNodes
     std::swap(first, copy);
     EXPECT_EQ(Step("neu", kSearchForward), "b");
     FreeNodeList(copy);
+    AppendCopies(N("Miete"), 1); // the last node
+    N("Miete")->m_pNext->m_strTitle = "zuletzt";
+    EXPECT_EQ(Step("zuletzt", kSearchForward), "zuletzt") << "a node added at the end";
 }
 
 TEST_F(TextSearchTest, NotesParsedInTheBackgroundAreTheSameAsParsedOneByOne) {
