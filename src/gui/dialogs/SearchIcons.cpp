@@ -38,7 +38,7 @@ void DrawNote(QPainter& p) {
         p.drawLine(QPointF(8, 10.5 + 3 * line), QPointF(line == 3 ? 13 : 17, 10.5 + 3 * line));
 }
 
-// A clock at ten past ten.
+// A clock at four.
 void DrawHours(QPainter& p) {
     p.setPen(QPen(kInk, 1.4));
     p.setBrush(QColor(225, 240, 255));
