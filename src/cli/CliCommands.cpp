@@ -3,6 +3,7 @@
 #include "ExitStatus.h"
 #include "ProjectCommands.h"
 #include "RtfCommands.h"
+#include "SearchCommand.h"
 #include "VeltoVersion.h"
 
 #include <string_view>
@@ -38,6 +39,10 @@ constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE | --he
   resave EIN AUS      Projektdatei lesen und neu schreiben
   rtf-text DATEI      der reine Text einer RTF-Datei
   rtf-rewrite DATEI   eine RTF-Datei, so wie Velto sie schreibt
+  search DATEI TEXT [--case]
+                      die Knoten, die TEXT enthalten: Nummer, Teile (t Titel, n Notiz,
+                      h Stunden, c kalkulierte, b benötigte Kosten) und Titel je Zeile;
+                      --case beachtet Groß- und Kleinschreibung
   --help              diese Hilfe
   --version           die Versionsnummer
 Exit-Status: 0 gelungen, 1 falscher Aufruf, 2 Datei nicht lesbar oder schreibbar bzw.
@@ -55,6 +60,9 @@ int RunCommandLine(const std::vector<std::string>& words, std::ostream& out, std
         out << "velto-cli " << kVeltoVersion << "\n";
         return kExitOk;
     }
+    if (!words.empty() && words[0] == "search" &&
+        (words.size() == 3 || (words.size() == 4 && words[3] == "--case")))
+        return RunSearch(words[1], words[2], words.size() == 4, out, err);
     for (const Command& command : kCommands) {
         if (words.empty() || words[0] != command.name)
             continue;

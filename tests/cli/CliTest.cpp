@@ -3,6 +3,7 @@
 #include "CliCommands.h"
 #include "core/outline/OutlineTestSupport.h"
 #include "document/ProjectFile.h"
+#include "outline/SearchTexts.h"
 #include "support/TempDir.h"
 
 #include <bit>
@@ -272,6 +273,50 @@ TEST_F(CliTest, RtfTextAndRewriteReadTheNoteAsTheProgramDoes) {
         EXPECT_EQ(std::tuple(missing.status, missing.out), std::tuple(2, ""));
         EXPECT_NE(missing.err.find("fehlt.rtf"), std::string::npos);
     }
+}
+
+// The positions at which the search dialog stops, stepping forward from the last node round once.
+std::vector<size_t> DialogStops(CProjectNode* first, std::string_view text, bool matchCase) {
+    SearchTexts texts;
+    texts.Update(first);
+    SelectOnly(first, texts.NodeAt(texts.Count() - 1));
+    std::vector<size_t> stops;
+    while (CProjectNode* node = SearchStep(first, SearchText(text, matchCase), kSearchForward, texts).node) {
+        SelectOnly(first, node);
+        texts.Update(first);
+        if (!stops.empty() && texts.SelectedPosition() <= stops.back())
+            break;
+        stops.push_back(texts.SelectedPosition());
+    }
+    return stops;
+}
+
+std::vector<size_t> Indexes(const std::string& lines) {
+    std::vector<size_t> indexes;
+    std::istringstream in(lines);
+    for (std::string line; std::getline(in, line);)
+        indexes.push_back(std::stoul(line));
+    return indexes;
+}
+
+TEST_F(CliTest, SearchListsTheNodesTheDialogStopsAtWithTheirParts) {
+    ProjectContent content = RichProject();
+    WriteFile(PathOf("a.VT5"), WriteProject(content));
+    const CliRun hours = Run({"search", PathOf("a.VT5"), "STUNDEN"});
+    EXPECT_EQ(std::tuple(hours.status, hours.out, hours.err),
+              std::tuple(0, "1\tcb\t" + std::string(300, 'T') + "\n", ""));
+    EXPECT_EQ(Run({"search", PathOf("a.VT5"), "STUNDEN", "--case"}).out, "");
+    EXPECT_EQ(Run({"search", PathOf("a.VT5"), "müller"}).out, "0\tt\tProjekt \"Müller\" \\ €\n");
+    for (const char* text : {"ein", "nnn", "max", "bear", "e"})
+        EXPECT_EQ(Indexes(Run({"search", PathOf("a.VT5"), text}).out),
+                  DialogStops(content.firstNode, text, false))
+            << text;
+    EXPECT_EQ(Run({"search", PathOf("a.VT5"), "n\u2192"}).out, "") << "no arrow in Windows-1252";
+
+    EXPECT_EQ(Run({"search", PathOf("fehlt.VT5"), "x"}).status, 2);
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"search", PathOf("a.VT5")}, {"search", PathOf("a.VT5"), "x", "--Case"}})
+        EXPECT_EQ(Run(arguments).status, 1);
 }
 
 } // namespace

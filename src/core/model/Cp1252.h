@@ -21,6 +21,17 @@ std::string FromUtf8Lossy(std::string_view utf8);
 // Whether every character of the UTF-8 text has a Windows-1252 byte.
 bool Fits(std::string_view utf8);
 
+// The small letter of a capital: ASCII, the Latin-1 capitals (not the multiplication sign) and the
+// four capitals of the 0x80 row that have a small partner (Š Œ Ž Ÿ); any other byte as it is. Two
+// bytes are one letter in either case when they fold to the same byte.
+constexpr unsigned char FoldCase(unsigned char byte) {
+    if ((byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7))
+        return byte + 0x20;
+    if (byte == 0x8A || byte == 0x8C || byte == 0x8E)
+        return byte + 0x10;
+    return byte == 0x9F ? 0xFF : byte;
+}
+
 // Appends the UTF-8 form of a code point.
 void AppendUtf8(std::string& out, char32_t codePoint);
 // Decodes one UTF-8 sequence at pos and advances pos; nothing for a malformed sequence (pos then

@@ -122,6 +122,9 @@ public:
         return Words::Unpack(record.words, Text(record.text[0]), Text(record.text[1]));
     }
     Entry front() const { return (*this)[0]; }
+    // Whether both are the same list, without reading it: a list is never changed in place, so one
+    // that shares its block with a kept copy is still what it was when the copy was taken.
+    bool SharesBlockWith(const EntryList& other) const { return m_block == other.m_block; }
     const_iterator begin() const { return {this, 0}; }
     const_iterator end() const { return {this, size()}; }
 

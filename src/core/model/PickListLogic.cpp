@@ -1,5 +1,7 @@
 #include "model/PickListLogic.h"
 
+#include "model/Cp1252.h"
+
 #include <algorithm>
 
 namespace velto {
@@ -37,30 +39,11 @@ EntryChoices ChooseEntryChoices(bool presetFileHasContent, const std::vector<std
 
 namespace {
 
-// Lower case of a Windows-1252 byte: ASCII, the Latin-1 capitals (not the multiplication sign)
-// and the four capitals of the 0x80 row that have a small partner.
-unsigned char FoldCase(unsigned char byte) {
-    if (byte >= 'A' && byte <= 'Z')
-        return byte + 0x20;
-    if (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7)
-        return byte + 0x20;
-    switch (byte) {
-    case 0x8A:
-    case 0x8C:
-    case 0x8E:
-        return byte + 0x10;
-    case 0x9F:
-        return 0xFF;
-    default:
-        return byte;
-    }
-}
-
 int CompareFolded(std::string_view a, std::string_view b) {
     const size_t n = std::min(a.size(), b.size());
     for (size_t i = 0; i < n; ++i) {
-        const unsigned char x = FoldCase(static_cast<unsigned char>(a[i]));
-        const unsigned char y = FoldCase(static_cast<unsigned char>(b[i]));
+        const unsigned char x = cp1252::FoldCase(static_cast<unsigned char>(a[i]));
+        const unsigned char y = cp1252::FoldCase(static_cast<unsigned char>(b[i]));
         if (x != y)
             return x < y ? -1 : 1;
     }
@@ -86,15 +69,32 @@ size_t ListBoxInsertPosition(const std::vector<std::string>& items, std::string_
     return pos;
 }
 
-std::vector<std::string> ResponsibleChoices(const CProjectNode* first) {
-    std::vector<std::string> choices{std::string(kNobody)};
+std::vector<std::string> ResponsiblePersons(const CProjectNode* first) {
+    std::vector<std::string> persons;
     for (const CProjectNode* node = first; node; node = node->m_pNext) {
         const std::string_view person = node->m_strResponsible;
-        if (!person.empty() && std::find(choices.begin(), choices.end(), person) == choices.end())
-            choices.emplace_back(person);
+        if (!person.empty() && std::find(persons.begin(), persons.end(), person) == persons.end())
+            persons.emplace_back(person);
     }
-    SortLikeListBox(choices);
+    SortLikeListBox(persons);
+    return persons;
+}
+
+std::vector<std::string> ResponsibleChoices(const CProjectNode* first) {
+    std::vector<std::string> choices = ResponsiblePersons(first);
+    if (std::find(choices.begin(), choices.end(), kNobody) == choices.end()) {
+        choices.emplace_back(kNobody);
+        SortLikeListBox(choices);
+    }
     return choices;
+}
+
+std::vector<CProjectNode*> NodesOfPerson(CProjectNode* first, std::string_view person) {
+    std::vector<CProjectNode*> nodes;
+    for (CProjectNode* node = first; node; node = node->m_pNext)
+        if (node->m_strResponsible == person)
+            nodes.push_back(node);
+    return nodes;
 }
 
 std::string ComposeResponsible(const std::string& name, const std::string& shortCode) {

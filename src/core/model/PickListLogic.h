@@ -45,6 +45,10 @@ size_t ListBoxInsertPosition(const std::vector<std::string>& items, std::string_
 
 // The first entry of the responsible list; choosing it clears the responsible person.
 inline constexpr std::string_view kNobody = "--- Keiner ---";
+// Every distinct non-empty responsible text of the project (compared exactly), in list-box order.
+std::vector<std::string> ResponsiblePersons(const CProjectNode* first);
+// The nodes whose responsible text is exactly person, in list order.
+std::vector<CProjectNode*> NodesOfPerson(CProjectNode* first, std::string_view person);
 // "--- Keiner ---" and every distinct non-empty responsible text of the project, in list-box order.
 std::vector<std::string> ResponsibleChoices(const CProjectNode* first);
 // A new responsible person as stored: name, blank, the two guillemets (0xAB 0xBB), blank, short code.

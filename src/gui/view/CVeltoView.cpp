@@ -18,6 +18,7 @@
 #include "view/AlarmBell.h"
 #include "view/CNotePane.h"
 #include "view/ChartPrinting.h"
+#include "view/NodeFinders.h"
 
 #include <QAction>
 #include <QApplication>
@@ -91,7 +92,8 @@ void Restore(QWidget& window) {
 CVeltoView::CVeltoView(CVeltoDoc& doc, const ShellState& shell, ViewContext context, QWidget* parent)
     : QWidget(parent), m_doc(doc), m_shell(shell), m_context(std::move(context)), m_chart(new CGrafik(this)),
       m_notePane(new CNotePane(doc, doc.GetPrompter(), m_chart)), m_clock(&CTime::GetCurrentTime),
-      m_bell(std::make_unique<DesktopAlarmBell>(AlarmSoundFile())) {
+      m_bell(std::make_unique<DesktopAlarmBell>(AlarmSoundFile())),
+      m_finders(std::make_unique<NodeFinders>(*this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_chart);
@@ -244,11 +246,11 @@ void CVeltoView::RegisterCommands() {
     c.Add(
         cmd::GoToAlarmNode, [this] { GoToAlarmNode(); },
         [this](CommandState& s) { s.enabled = m_alarmNode.IsFollowing(); }, Guard::WhenEnabled);
+    m_finders->RegisterCommands(c);
 
-    // Commands of features still to come (search, my tasks, reports): claimed disabled, so that the
-    // frame's handler of a shared id never runs while a project is open.
-    for (int id : {cmd::FindText, cmd::MyTasks, cmd::HoursReport, cmd::CostReport, cmd::SearchStep,
-                   cmd::MyTasksChosen})
+    // Commands of features still to come (reports): claimed disabled, so that the frame's handler of
+    // a shared id never runs while a project is open.
+    for (int id : {cmd::HoursReport, cmd::CostReport})
         c.AddDisabled(id);
 
     for (const auto& [id, mode] :
@@ -272,6 +274,7 @@ void CVeltoView::OnDocumentUpdated(CVeltoDoc&) {
     // brings its reminder back, which rings again on the next tick.
     if (m_alarm && !m_alarmNode.Find(m_doc.m_pFirstNode))
         CloseAlarm();
+    m_finders->OnDocumentUpdated();
     // The chart observes the document itself and reindexes on its next redraw. The pane follows
     // the selection once the command is through: a command may update the views more than once,
     // and by then the chart's fresh row index knows the selected node without a walk of the list.

@@ -28,6 +28,7 @@ class CAlarmDlg;
 class CGrafik;
 class CNotePane;
 class CProjectNode;
+class NodeFinders;
 
 // The view values a project file keeps.
 struct ViewLayout {
@@ -82,6 +83,9 @@ public:
     // The node context menu: menu 140 for a task, 154 (without "Erledigt" and the clock) otherwise.
     // Its items run this view's commands; the caller shows it.
     QMenu* CreateNodeMenu(QWidget* parent);
+
+    // The text search and "Meine Aufgaben" with their dialogs.
+    NodeFinders& Finders() const { return *m_finders; }
 
     // The status pane's node info line for the current node ("Erstellt: ..."), in hours or costs.
     static QString NodeInfoLine(const CProjectNode& node, bool costs);
@@ -160,6 +164,7 @@ private:
     // Earliest first on the first sort; every sort flips it.
     bool m_sortAscending = true;
     CommandMap m_commands;
+    std::unique_ptr<NodeFinders> m_finders;
 };
 
 } // namespace velto

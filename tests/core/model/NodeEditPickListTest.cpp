@@ -50,6 +50,21 @@ TEST(Responsible, EachPersonIsListedOnceAfterNobody) {
     EXPECT_EQ(ResponsibleFromChoice("--- Keiner ---"), "");
 }
 
+// "Meine Aufgaben": persons compared exactly, nodes in list order, equal titles kept apart.
+TEST(Responsible, PersonsAreExactAndTheirNodesComeInListOrder) {
+    TestTree tree{{0, "R"}, {1, "A"}, {1, "X"}, {1, "B"}, {1, "X"}};
+    tree.first->m_pNext->m_strResponsible = "anna";
+    for (CProjectNode* node = tree.first->m_pNext->m_pNext; node; node = node->m_pNext)
+        node->m_strResponsible = "Anna";
+    EXPECT_EQ(ResponsiblePersons(tree.first), (Texts{"Anna", "anna"}));
+    const std::vector<CProjectNode*> nodes = NodesOfPerson(tree.first, "Anna");
+    ASSERT_EQ(nodes.size(), 3u);
+    EXPECT_EQ(nodes[0]->m_strTitle, "X");
+    EXPECT_EQ(nodes[2]->m_strTitle, "X");
+    EXPECT_EQ(nodes[2], tree.first->m_pNext->m_pNext->m_pNext->m_pNext);
+    EXPECT_TRUE(NodesOfPerson(tree.first, "ANNA").empty());
+}
+
 } // namespace
 
 } // namespace velto

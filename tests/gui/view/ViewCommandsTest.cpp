@@ -290,7 +290,7 @@ TEST_F(ViewCommands, CutAndPasteThroughTheViewTakeTheUndoCopy) {
 
 TEST_F(ViewCommands, LaterFeaturesAreClaimedSoTheFramesSharedIdsStayQuiet) {
     MakeView();
-    for (int id : {cmd::FindText, cmd::HoursReport}) {
+    for (int id : {cmd::HoursReport, cmd::CostReport}) {
         EXPECT_FALSE(Query(id).enabled) << id;
         EXPECT_TRUE(Run(id)) << id;
     }
