@@ -1,9 +1,8 @@
 // Throughput of the RTF engine: plain text and full parse (MB/s of RTF) on the shared corpus and on a
 // generated 1 MB note, writing, a 5 MB note that is mostly pictures against its text alone, and a search pass
-// over 100,000 typical notes with and without the plain-text cache. The corpus lives in
+// over 100,000 typical notes. The corpus lives in
 // $VELTO_SHARED_DIR/rtf-corpus (default compiled in); without it the corpus benchmarks report an error and
 // the others still run.
-#include "text/PlainTextCache.h"
 #include "text/RtfReader.h"
 #include "text/RtfWriter.h"
 
@@ -150,7 +149,7 @@ void BM_RtfWrite_GeneratedNote1MB(benchmark::State& state) {
 }
 
 // One search pass over a project of 100,000 nodes with typical notes (about 500 bytes each): taking
-// every note's plain text, cold (parsing all) and through a warm cache (hashing all).
+// every note's plain text, parsing all of them.
 const std::vector<std::string>& HundredThousandNotes() {
     static const std::vector<std::string> notes = [] {
         std::vector<std::string> result;
@@ -168,16 +167,6 @@ void BM_RtfSearchPass100kNotes_Parse(benchmark::State& state) {
             benchmark::DoNotOptimize(rtf::PlainText(note));
 }
 
-void BM_RtfSearchPass100kNotes_Cached(benchmark::State& state) {
-    const auto& notes = HundredThousandNotes();
-    rtf::PlainTextCache cache;
-    for (const auto& note : notes)
-        cache.Get(note);
-    for (auto _ : state)
-        for (const auto& note : notes)
-            benchmark::DoNotOptimize(cache.Get(note).size());
-}
-
 } // namespace
 
 BENCHMARK(BM_RtfPlainText_Corpus)->Unit(benchmark::kMillisecond);
@@ -190,6 +179,5 @@ BENCHMARK(BM_RtfPlainText_PictureNoteTextOnly)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfParse_PictureNote5MB)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfReadAndWrite_PictureNote5MB)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RtfSearchPass100kNotes_Parse)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_RtfSearchPass100kNotes_Cached)->Unit(benchmark::kMillisecond);
 
 } // namespace velto

@@ -6,8 +6,8 @@
 //
 // A note is known by the address of its text: notes are never changed in place (a changed note is a
 // new text), and the entry keeps a reference to the text, so no other note can take its address while
-// it is known. A note is therefore looked up without reading it, where rtf::PlainTextCache, keyed by
-// the note's bytes, hashes all of them: on a large project that alone takes about a whole step.
+// it is known. A note is therefore looked up without reading it; a key made from the note's bytes
+// would hash all of them, which on a large project alone takes about a whole step.
 #include "model/NoteText.h"
 
 #include <cstdint>

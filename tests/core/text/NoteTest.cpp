@@ -5,7 +5,6 @@
 #include "text/Hyperlink.h"
 #include "text/NoteFormat.h"
 #include "text/NoteLink.h"
-#include "text/PlainTextCache.h"
 #include "text/RtfReader.h"
 
 #include "core/text/RtfTestSupport.h"
@@ -68,21 +67,6 @@ TEST(Hyperlink, TargetSplitsAtTheLastBackslash) {
     EXPECT_EQ(std::tuple(web.folder, web.file), std::tuple("", "http://www.example.com/a/b"));
     const auto share = rtf::SplitLinkTarget(std::u16string_view(u"\\\\server\\share\\"));
     EXPECT_EQ(std::tuple(share.folder, share.file), std::tuple(u"\\\\server\\share\\", u""));
-}
-
-TEST(PlainTextCache, ParsesEachNoteOnceAndStaysBounded) {
-    rtf::PlainTextCache cache(2);
-    const std::string a = R"({\rtf1 Alpha\par Beta})";
-    const std::string b = R"({\rtf1 Gamma})";
-    EXPECT_EQ(cache.Get(a), "Alpha\nBeta");
-    EXPECT_EQ(cache.Get(a), "Alpha\nBeta");
-    EXPECT_EQ(cache.Size(), 1u);
-    EXPECT_EQ(cache.Get(b), "Gamma");
-    // A changed note is a new key, even with the same length.
-    EXPECT_EQ(cache.Get(R"({\rtf1 Gammb})"), "Gammb");
-    EXPECT_LE(cache.Size(), 2u);
-    EXPECT_EQ(cache.Get(a), "Alpha\nBeta");
-    EXPECT_EQ(cache.Get(b), "Gamma");
 }
 
 TEST(NoteSize, StepsInWholePointsWithoutBoundsAndSaturatesAtTheEndsOfInt) {
