@@ -8,6 +8,8 @@
 #include "chart/CGrafik.h"
 #include "common/Prompter.h"
 #include "dialogs/CAlarmDlg.h"
+#include "dialogs/CCostReportDlg.h"
+#include "dialogs/CHoursReportDlg.h"
 #include "dialogs/NodeDialogs.h"
 #include "files/ClockJournal.h"
 #include "files/DataDir.h"
@@ -242,10 +244,15 @@ void CVeltoView::RegisterCommands() {
         cmd::GoToAlarmNode, [this] { GoToAlarmNode(); },
         [this](CommandState& s) { s.enabled = m_alarmNode.IsFollowing(); }, Guard::WhenEnabled);
 
-    // Commands of features still to come (search, my tasks, reports, printing): claimed disabled,
+    // The reports read the project as it is and never change it.
+    c.Add(cmd::HoursReport,
+          [this] { CHoursReportDlg(m_doc.m_pFirstNode, m_doc.GetPrompter(), this).exec(); });
+    c.Add(cmd::CostReport, [this] { CCostReportDlg(m_doc.m_pFirstNode, m_doc.GetPrompter(), this).exec(); });
+
+    // Commands of features still to come (search, my tasks, printing): claimed disabled,
     // so that the frame's handler of a shared id never runs while a project is open.
-    for (int id : {cmd::FindText, cmd::MyTasks, cmd::HoursReport, cmd::CostReport, cmd::FilePrint,
-                   cmd::FilePrintDirect, cmd::FilePrintPreview, cmd::SearchStep, cmd::MyTasksChosen})
+    for (int id : {cmd::FindText, cmd::MyTasks, cmd::FilePrint, cmd::FilePrintDirect, cmd::FilePrintPreview,
+                   cmd::SearchStep, cmd::MyTasksChosen})
         c.AddDisabled(id);
 }
 

@@ -1,0 +1,225 @@
+#include "dialogs/ReportDialog.h"
+
+#include "base/Cp1252Text.h"
+#include "base/ReportPrinter.h"
+#include "base/ReportTableModel.h"
+#include "common/Prompter.h"
+#include "dialogs/CReportPrintDlg.h"
+#include "dialogs/DialogParts.h"
+#include "dialogs/DialogText.h"
+#include "io/SafeWrite.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QDateEdit>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace velto {
+
+namespace {
+
+QPushButton* NewButton(const QString& text, const char* name, QWidget* parent) {
+    auto* button = new QPushButton(text, parent);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QCheckBox* NewBox(const QString& text, const char* name, QWidget* parent) {
+    auto* box = new QCheckBox(text, parent);
+    box->setObjectName(name);
+    box->setChecked(true);
+    return box;
+}
+
+} // namespace
+
+ReportDialog::ReportDialog(const QString& title, Prompter& prompter, QWidget* parent)
+    : QDialog(parent), m_prompter(prompter) {
+    setWindowTitle(title);
+    m_model = new ReportTableModel(this);
+    m_list = new QTableView(this);
+    m_list->setObjectName("list");
+    m_list->setModel(m_model);
+    m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->verticalHeader()->hide();
+    m_list->verticalHeader()->setDefaultSectionSize(m_list->fontMetrics().height() + 6);
+    m_list->horizontalHeader()->setStretchLastSection(false);
+    m_list->setWordWrap(false);
+    m_total = new QLabel(this);
+    m_total->setObjectName("total");
+    m_total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+
+    m_choices = new QVBoxLayout;
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(m_choices);
+    layout->addWidget(BuildPeriodRow());
+    layout->addWidget(m_list, 1);
+    layout->addWidget(BuildButtonRow());
+    resize(860, 560);
+}
+
+QWidget* ReportDialog::BuildPeriodRow() {
+    auto* row = new QWidget(this);
+    const QDate today = QDate::currentDate();
+    m_from = NewDayPicker(row);
+    m_from->setObjectName("from");
+    m_from->setDate(QDate(today.year(), today.month(), 1));
+    m_to = NewDayPicker(row);
+    m_to->setObjectName("to");
+    m_to->setDate(QDate(today.year(), today.month(), today.daysInMonth()));
+    m_contains = new QLineEdit(row);
+    m_contains->setObjectName("contains");
+    dlgtext::Restrict(m_contains);
+    m_done = NewBox("Erledigte Aufgaben", "done", row);
+    m_undone = NewBox("Unerledigte Aufgaben", "undone", row);
+
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new QLabel("Report Anfang:", row));
+    layout->addWidget(m_from);
+    layout->addWidget(new QLabel("Ende:", row));
+    layout->addWidget(m_to);
+    layout->addWidget(new QLabel("Enthaltender Text:", row));
+    layout->addWidget(m_contains, 1);
+    layout->addWidget(m_done);
+    layout->addWidget(m_undone);
+
+    connect(m_from, &QDateEdit::dateChanged, this, &ReportDialog::Refill);
+    connect(m_to, &QDateEdit::dateChanged, this, &ReportDialog::Refill);
+    connect(m_contains, &QLineEdit::textChanged, this, &ReportDialog::Refill);
+    connect(m_done, &QCheckBox::toggled, this, &ReportDialog::Refill);
+    connect(m_undone, &QCheckBox::toggled, this, &ReportDialog::Refill);
+    return row;
+}
+
+QWidget* ReportDialog::BuildButtonRow() {
+    auto* row = new QWidget(this);
+    auto* remove = NewButton("ENTF", "remove", row);
+    auto* copy = NewButton("In Zwischenablage kopieren", "copy", row);
+    auto* print = NewButton("Drucken", "print", row);
+    auto* csv = NewButton("Als CSV speichern...", "csv", row);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, row);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (QPushButton* button : {remove, copy, print, csv})
+        layout->addWidget(button);
+    layout->addWidget(m_total, 1);
+    layout->addWidget(buttons);
+
+    connect(remove, &QPushButton::clicked, this, &ReportDialog::RemoveSelected);
+    connect(copy, &QPushButton::clicked, this, &ReportDialog::CopyToClipboard);
+    connect(print, &QPushButton::clicked, this, &ReportDialog::Print);
+    connect(csv, &QPushButton::clicked, this, &ReportDialog::ChooseCsvFile);
+    return row;
+}
+
+const Report& ReportDialog::GetReport() const {
+    return m_model->GetReport();
+}
+
+ReportOptions ReportDialog::Options() const {
+    ReportOptions options;
+    options.from = ToCalendarDay(m_from->date());
+    options.to = ToCalendarDay(m_to->date());
+    options.contains = dlgtext::Keep(m_contains->text());
+    options.done = m_done->isChecked();
+    options.undone = m_undone->isChecked();
+    return options;
+}
+
+void ReportDialog::Refill() {
+    m_model->SetReport(BuildReport(Options()));
+    m_list->hideColumn(0);
+    for (int column = 1; column < m_model->columnCount(); ++column) {
+        const QString header = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        // Texts get room to spare; numbers and short columns only what their title needs.
+        const bool text = header == "Aufgabe" || header == "Bemerkung" || header.startsWith("Bear");
+        m_list->setColumnWidth(
+            column, text ? 170 : std::max(70, m_list->fontMetrics().horizontalAdvance(header) + 24));
+    }
+    m_total->setText(ToQString(GetReport().TotalText()));
+}
+
+std::vector<size_t> ReportDialog::SelectedRows() const {
+    std::vector<size_t> rows;
+    for (const QModelIndex& index : m_list->selectionModel()->selectedRows())
+        rows.push_back(size_t(index.row()));
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void ReportDialog::RemoveSelected() {
+    const std::vector<size_t> rows = SelectedRows();
+    if (rows.empty()) {
+        m_prompter.Tell(kNoEntrySelected);
+        return;
+    }
+    m_model->RemoveReportRows(rows);
+    m_total->setText(ToQString(GetReport().TotalText()));
+}
+
+void ReportDialog::CopyToClipboard() {
+    QGuiApplication::clipboard()->setText(ToQString(ReportClipboardText(GetReport(), SelectedRows())));
+}
+
+bool ReportDialog::SaveCsv(const QString& path) {
+    const std::string csv = ReportCsv(GetReport());
+    const auto produce = [&csv](const PieceWriter& put) {
+        put({reinterpret_cast<const uint8_t*>(csv.data()), csv.size()});
+    };
+    PosixFileSystem files;
+    const int saved = SaveFile(files, path.toStdString(), produce);
+    if (saved < 0) {
+        m_prompter.Tell("Die Datei \"" + path.toStdString() +
+                            "\" kann nicht geschrieben werden: " + FileErrorReason(saved) + ".",
+                        Prompter::kCaption, PromptIcon::Warning);
+    }
+    return saved == 0;
+}
+
+void ReportDialog::ChooseCsvFile() {
+    QString path = QFileDialog::getSaveFileName(this, "Als CSV speichern", {}, "CSV-Dateien (*.csv)");
+    if (path.isEmpty())
+        return;
+    if (!path.endsWith(".csv", Qt::CaseInsensitive))
+        path += ".csv";
+    SaveCsv(path);
+}
+
+int ReportDialog::PrintTo(QPagedPaintDevice& device, const QString& headerLine, int fontSize,
+                          const QDateTime& started) const {
+    ReportPrinter printer(headerLine, fontSize, started);
+    printer.AddReport(GetReport());
+    return printer.Print(device);
+}
+
+void ReportDialog::Print() {
+    const QString headerLine = windowTitle() + "  " + m_from->date().toString("dd.MM.yyyy") + " - " +
+                               m_to->date().toString("dd.MM.yyyy");
+    CReportPrintDlg settings(headerLine, this);
+    if (settings.exec() != QDialog::Accepted)
+        return;
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog choose(&printer, this);
+    if (choose.exec() == QDialog::Accepted)
+        PrintTo(printer, settings.HeaderLine(), settings.FontSize(), QDateTime::currentDateTime());
+}
+
+} // namespace velto
