@@ -2,6 +2,7 @@
 
 #include "ExitStatus.h"
 #include "ProjectCommands.h"
+#include "ReportCommands.h"
 #include "RtfCommands.h"
 #include "VeltoVersion.h"
 
@@ -38,6 +39,9 @@ constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE | --he
   resave EIN AUS      Projektdatei lesen und neu schreiben
   rtf-text DATEI      der reine Text einer RTF-Datei
   rtf-rewrite DATEI   eine RTF-Datei, so wie Velto sie schreibt
+  report hours|costs DATEI --from JJJJ-MM-TT --to JJJJ-MM-TT [--columns LISTE]
+         [--list calculated|needed] [--contains TEXT] [--no-done] [--no-undone] [--csv]
+                      Stunden- oder Kosten-Report wie "In Zwischenablage kopieren" bzw. als CSV
   --help              diese Hilfe
   --version           die Versionsnummer
 Exit-Status: 0 gelungen, 1 falscher Aufruf, 2 Datei nicht lesbar oder schreibbar bzw.
@@ -55,6 +59,8 @@ int RunCommandLine(const std::vector<std::string>& words, std::ostream& out, std
         out << "velto-cli " << kVeltoVersion << "\n";
         return kExitOk;
     }
+    if (!words.empty() && words[0] == "report")
+        return RunReport({words.begin() + 1, words.end()}, out, err);
     for (const Command& command : kCommands) {
         if (words.empty() || words[0] != command.name)
             continue;

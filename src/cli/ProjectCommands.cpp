@@ -11,10 +11,6 @@
 
 namespace velto {
 
-namespace {
-
-// Reads a project as the program opens it and tells err what went wrong. Returns kExitOk,
-// kExitFileError (content empty) or kExitWrongFormat (content is the replacement document).
 int LoadProject(const std::string& path, ProjectContent& content, ReadResult& result, std::ostream& err) {
     std::string error;
     if (!ReadProjectInput(path, content, result, error)) {
@@ -33,6 +29,8 @@ int LoadProject(const std::string& path, ProjectContent& content, ReadResult& re
     err << result.Message(path) << '\n';
     return kExitFileError;
 }
+
+namespace {
 
 int Save(const ProjectContent& content, const std::string& path, std::ostream& err) {
     std::string error;
