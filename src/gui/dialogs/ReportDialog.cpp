@@ -88,16 +88,23 @@ QWidget* ReportDialog::BuildPeriodRow() {
     m_done = NewBox("Erledigte Aufgaben", "done", row);
     m_undone = NewBox("Unerledigte Aufgaben", "undone", row);
 
-    auto* layout = new QHBoxLayout(row);
+    auto* period = new QHBoxLayout;
+    period->addWidget(new QLabel("Report Anfang:", row));
+    period->addWidget(m_from);
+    period->addSpacing(12);
+    period->addWidget(new QLabel("Ende:", row));
+    period->addWidget(m_to);
+    period->addStretch();
+    auto* filter = new QHBoxLayout;
+    filter->addWidget(new QLabel("Enthaltender Text:", row));
+    filter->addWidget(m_contains, 1);
+    filter->addSpacing(12);
+    filter->addWidget(m_done);
+    filter->addWidget(m_undone);
+    auto* layout = new QVBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new QLabel("Report Anfang:", row));
-    layout->addWidget(m_from);
-    layout->addWidget(new QLabel("Ende:", row));
-    layout->addWidget(m_to);
-    layout->addWidget(new QLabel("Enthaltender Text:", row));
-    layout->addWidget(m_contains, 1);
-    layout->addWidget(m_done);
-    layout->addWidget(m_undone);
+    layout->addLayout(period);
+    layout->addLayout(filter);
 
     connect(m_from, &QDateEdit::dateChanged, this, &ReportDialog::Refill);
     connect(m_to, &QDateEdit::dateChanged, this, &ReportDialog::Refill);
@@ -147,14 +154,23 @@ ReportOptions ReportDialog::Options() const {
 void ReportDialog::Refill() {
     m_model->SetReport(BuildReport(Options()));
     m_list->hideColumn(0);
-    for (int column = 1; column < m_model->columnCount(); ++column) {
-        const QString header = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-        // Texts get room to spare; numbers and short columns only what their title needs.
-        const bool text = header == "Aufgabe" || header == "Bemerkung" || header.startsWith("Bear");
-        m_list->setColumnWidth(
-            column, text ? 170 : std::max(70, m_list->fontMetrics().horizontalAdvance(header) + 24));
-    }
+    SizeColumns();
     m_total->setText(ToQString(GetReport().TotalText()));
+}
+
+void ReportDialog::SizeColumns() {
+    // The first rows stand for the rest: measuring all of a large report would hold up every refill.
+    constexpr int kMeasuredRows = 200;
+    constexpr int kWidest = 320;
+    const QFontMetrics metrics = m_list->fontMetrics();
+    const int rows = std::min(m_model->rowCount(), kMeasuredRows);
+    for (int column = 1; column < m_model->columnCount(); ++column) {
+        int width = metrics.horizontalAdvance(
+            m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+        for (int row = 0; row < rows; ++row)
+            width = std::max(width, metrics.horizontalAdvance(m_model->index(row, column).data().toString()));
+        m_list->setColumnWidth(column, std::min(width + 2 * metrics.averageCharWidth() + 8, kWidest));
+    }
 }
 
 std::vector<size_t> ReportDialog::SelectedRows() const {

@@ -52,6 +52,7 @@ private:
     QWidget* BuildPeriodRow();
     QWidget* BuildButtonRow();
     ReportOptions Options() const;
+    void SizeColumns();
     std::vector<size_t> SelectedRows() const;
     void ChooseCsvFile();
     void Print();
