@@ -2,33 +2,14 @@
 
 #include "model/NumberFormat.h"
 
-#include <algorithm>
-
 namespace velto {
-
-namespace {
-
-std::string WithComma(std::string text) {
-    std::replace(text.begin(), text.end(), '.', ',');
-    return text;
-}
-
-} // namespace
 
 CostReport::CostReport(const CProjectNode* first, const ReportOptions& options, CostList list) {
     m_columns = {{"Tag"},          {"Preis", true}, {"Anzahl", true}, {"Aufgabe"},
                  {"Bear./Kommi."}, {"Bemerkung"},   {"Summe", true}};
-    const ReportFilter filter(options);
-    for (const CProjectNode* node = first; node; node = node->m_pNext) {
-        const CCostList& entries = list == CostList::Calculated ? node->m_pCosts : node->m_pCosts2;
-        if (entries.empty() || !filter.TakesNode(*node))
-            continue;
-        for (const CCostEntry entry : entries) {
-            if (filter.TakesDay(entry.m_timeDate) &&
-                filter.TakesTexts(node->m_strTitle.str(), entry.m_str1, entry.m_str2))
-                m_rows.push_back({node, entry});
-        }
-    }
+    Fill(first, options, [list](const CProjectNode& node) -> const CCostList& {
+        return list == CostList::Calculated ? node.m_pCosts : node.m_pCosts2;
+    });
 }
 
 std::string CostReport::Cell(size_t row, size_t column) const {
@@ -40,7 +21,7 @@ std::string CostReport::Cell(size_t row, size_t column) const {
     case 1:
         return ReportNumber(r.entry.m_fUnitPrice);
     case 2:
-        return WithComma(numfmt::FormatGeneral(r.entry.m_fQuantity));
+        return WithDecimalComma(numfmt::FormatGeneral(r.entry.m_fQuantity));
     case 3:
         return std::string(r.node->m_strTitle.str());
     case 4:
@@ -50,10 +31,6 @@ std::string CostReport::Cell(size_t row, size_t column) const {
     default:
         return ReportNumber(r.entry.m_fAmount);
     }
-}
-
-std::string CostReport::SortKey(size_t row) const {
-    return DaySortKey(m_rows[row].entry.m_timeDate);
 }
 
 std::string CostReport::TotalText() const {

@@ -6,23 +6,13 @@
 
 namespace velto {
 
-class CostReport : public Report {
+class CostReport : public EntryReport<CCostEntry> {
 public:
     // Walks the nodes from first in list order, and each node's entries of the list in list order.
     CostReport(const CProjectNode* first, const ReportOptions& options, CostList list);
 
-    size_t RowCount() const override { return m_rows.size(); }
     std::string Cell(size_t row, size_t column) const override;
-    std::string SortKey(size_t row) const override;
-    void RemoveRows(const std::vector<size_t>& rows) override { RemovePositions(m_rows, rows); }
     std::string TotalText() const override;
-
-private:
-    struct Row {
-        const CProjectNode* node;
-        CCostEntry entry;
-    };
-    std::vector<Row> m_rows;
 };
 
 } // namespace velto

@@ -31,16 +31,7 @@ HoursReport::HoursReport(const CProjectNode* first, const ReportOptions& options
     m_fields.push_back(Field::Hours);
     m_columns.push_back({"h", true});
 
-    const ReportFilter filter(options);
-    for (const CProjectNode* node = first; node; node = node->m_pNext) {
-        if (node->m_pHours.empty() || !filter.TakesNode(*node))
-            continue;
-        for (const CHoursEntry entry : node->m_pHours) {
-            if (filter.TakesDay(entry.m_time1) &&
-                filter.TakesTexts(node->m_strTitle.str(), entry.m_str1, entry.m_str2))
-                m_rows.push_back({node, entry});
-        }
-    }
+    Fill(first, options, [](const CProjectNode& node) -> const CHoursList& { return node.m_pHours; });
 }
 
 std::string HoursReport::Cell(size_t row, size_t column) const {
@@ -64,10 +55,6 @@ std::string HoursReport::Cell(size_t row, size_t column) const {
         break;
     }
     return ReportNumber(EntryHours(r.entry));
-}
-
-std::string HoursReport::SortKey(size_t row) const {
-    return DaySortKey(m_rows[row].entry.m_time1);
 }
 
 std::string HoursReport::TotalText() const {

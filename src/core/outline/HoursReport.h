@@ -15,25 +15,17 @@ enum HoursColumn : unsigned {
 };
 inline constexpr unsigned kAllHoursColumns = 31;
 
-class HoursReport : public Report {
+class HoursReport : public EntryReport<CHoursEntry> {
 public:
     // Walks the nodes from first in list order, and each node's entries in list order.
     HoursReport(const CProjectNode* first, const ReportOptions& options, unsigned columns);
 
-    size_t RowCount() const override { return m_rows.size(); }
     std::string Cell(size_t row, size_t column) const override;
-    std::string SortKey(size_t row) const override;
-    void RemoveRows(const std::vector<size_t>& rows) override { RemovePositions(m_rows, rows); }
     std::string TotalText() const override;
 
 private:
     enum class Field { Day, Weekday, Begin, End, Task, Assignee, Remark, Hours };
-    struct Row {
-        const CProjectNode* node;
-        CHoursEntry entry;
-    };
     std::vector<Field> m_fields; // the field of each shown column
-    std::vector<Row> m_rows;
 };
 
 // "weekday,times,task,assignee,remark" or a part of it as column bits; false for an unknown name.

@@ -63,10 +63,13 @@ bool ReportFilter::TakesTexts(std::string_view title, std::string_view assignee,
            ContainsFolded(remark, m_folded);
 }
 
+std::string WithDecimalComma(std::string number) {
+    std::replace(number.begin(), number.end(), '.', ',');
+    return number;
+}
+
 std::string ReportNumber(double value) {
-    std::string text = numfmt::FormatFixed2(value);
-    std::replace(text.begin(), text.end(), '.', ',');
-    return text;
+    return WithDecimalComma(numfmt::FormatFixed2(value));
 }
 
 std::string ReportClipboardText(const Report& report, const std::vector<size_t>& rows) {

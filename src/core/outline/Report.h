@@ -81,7 +81,45 @@ template <class T> void RemovePositions(std::vector<T>& items, const std::vector
     items.resize(kept);
 }
 
-// "%.2f" with a decimal comma, the number style of the reports.
+// The rows of a report over one kind of entry: each the node and the entry, in the order of the
+// project (node by node, each node's entries in their order).
+template <class Entry> class EntryReport : public Report {
+public:
+    size_t RowCount() const override { return m_rows.size(); }
+    std::string SortKey(size_t row) const override { return DaySortKey(DayOf(m_rows[row].entry)); }
+    void RemoveRows(const std::vector<size_t>& rows) override { RemovePositions(m_rows, rows); }
+
+protected:
+    struct Row {
+        const CProjectNode* node;
+        Entry entry;
+    };
+
+    // Takes the entries of the list listOf(node) gives that pass the options.
+    template <class ListOf>
+    void Fill(const CProjectNode* first, const ReportOptions& options, ListOf listOf) {
+        const ReportFilter filter(options);
+        for (const CProjectNode* node = first; node; node = node->m_pNext) {
+            const EntryList<Entry>& entries = listOf(*node);
+            if (entries.empty() || !filter.TakesNode(*node))
+                continue;
+            for (const Entry entry : entries) {
+                if (filter.TakesDay(DayOf(entry)) &&
+                    filter.TakesTexts(node->m_strTitle.str(), entry.m_str1, entry.m_str2))
+                    m_rows.push_back({node, entry});
+            }
+        }
+    }
+
+    std::vector<Row> m_rows;
+
+private:
+    static CTime DayOf(const CHoursEntry& entry) { return entry.m_time1; }
+    static CTime DayOf(const CCostEntry& entry) { return entry.m_timeDate; }
+};
+
+// The number style of the reports: a decimal comma, and "%.2f" for ReportNumber.
+std::string WithDecimalComma(std::string number);
 std::string ReportNumber(double value);
 
 // The clipboard text: the given rows (every row when none is given), each its shown columns joined
