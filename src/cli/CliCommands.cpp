@@ -1,5 +1,6 @@
 #include "CliCommands.h"
 
+#include "CalendarCommand.h"
 #include "ExitStatus.h"
 #include "ProjectCommands.h"
 #include "ReportCommands.h"
@@ -30,6 +31,7 @@ constexpr Command kCommands[] = {
     {"resave", nullptr, RunResave},
     {"rtf-text", RunRtfText},
     {"rtf-rewrite", RunRtfRewrite},
+    {"calendar", RunCalendar},
 };
 
 constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE | --help | --version
@@ -39,6 +41,7 @@ constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE | --he
   resave EIN AUS      Projektdatei lesen und neu schreiben
   rtf-text DATEI      der reine Text einer RTF-Datei
   rtf-rewrite DATEI   eine RTF-Datei, so wie Velto sie schreibt
+  calendar DATEI      das Projekt als iCalendar-Datei (.ics) auf die Standardausgabe
   report hours|costs DATEI --from JJJJ-MM-TT --to JJJJ-MM-TT [--columns LISTE]
          [--list calculated|needed] [--contains TEXT] [--no-done] [--no-undone] [--csv]
                       Stunden- oder Kosten-Report wie "In Zwischenablage kopieren" bzw. als CSV

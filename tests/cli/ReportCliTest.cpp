@@ -1,5 +1,5 @@
-// velto-cli report on the sample project: the same text and CSV the report dialogs produce from the
-// core, and its refusals.
+// velto-cli report and calendar on the sample project: the same text and CSV the report dialogs
+// produce from the core, and the refusals.
 #include "CliCommands.h"
 #include "document/ProjectReading.h"
 #include "model/Cp1252.h"
@@ -48,7 +48,8 @@ TEST_F(ReportCli, PrintsWhatTheDialogsCopyAndSave) {
     EXPECT_EQ(all.status, 0);
     EXPECT_EQ(all.out, cp1252::ToUtf8(ReportClipboardText(hours, {})));
 
-    options.contains = "M\xD6" "BEL";
+    options.contains = "M\xD6"
+                       "BEL";
     options.done = false;
     const HoursReport some(sample.firstNode, options, kHoursTask | kHoursWeekday);
     ASSERT_GT(some.RowCount(), 0u);
@@ -85,6 +86,16 @@ TEST_F(ReportCli, EmptyReportsSucceedAndBadCallsFail) {
     }
     EXPECT_EQ(CallReport({"hours", kSample + ".fehlt", "--from", "2026-11-01", "--to", "2026-11-30"}).status,
               2);
+}
+
+TEST(CalendarCli, PrintsTheCalendarOfAReadableFile) {
+    std::ostringstream out, err;
+    EXPECT_EQ(RunCommandLine({"calendar", kSample}, out, err), 0);
+    EXPECT_EQ(out.str().rfind("BEGIN:VCALENDAR\r\n", 0), 0u);
+    EXPECT_NE(out.str().find("END:VCALENDAR\r\n"), std::string::npos);
+    std::ostringstream none;
+    EXPECT_EQ(RunCommandLine({"calendar", kSample + ".fehlt"}, none, err), 2);
+    EXPECT_EQ(none.str(), "");
 }
 
 } // namespace
