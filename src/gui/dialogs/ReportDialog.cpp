@@ -3,11 +3,11 @@
 #include "base/Cp1252Text.h"
 #include "base/ReportPrinter.h"
 #include "base/ReportTableModel.h"
+#include "base/TextExport.h"
 #include "common/Prompter.h"
 #include "dialogs/CReportPrintDlg.h"
 #include "dialogs/DialogParts.h"
 #include "dialogs/DialogText.h"
-#include "io/SafeWrite.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -196,18 +196,7 @@ void ReportDialog::CopyToClipboard() {
 }
 
 bool ReportDialog::SaveCsv(const QString& path) {
-    const std::string csv = ReportCsv(GetReport());
-    const auto produce = [&csv](const PieceWriter& put) {
-        put({reinterpret_cast<const uint8_t*>(csv.data()), csv.size()});
-    };
-    PosixFileSystem files;
-    const int saved = SaveFile(files, path.toStdString(), produce);
-    if (saved < 0) {
-        m_prompter.Tell("Die Datei \"" + path.toStdString() +
-                            "\" kann nicht geschrieben werden: " + FileErrorReason(saved) + ".",
-                        Prompter::kCaption, PromptIcon::Warning);
-    }
-    return saved == 0;
+    return SaveExportedText(ReportCsv(GetReport()), path, m_prompter);
 }
 
 void ReportDialog::ChooseCsvFile() {

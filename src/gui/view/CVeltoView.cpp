@@ -17,6 +17,7 @@
 #include "model/NumberFormat.h"
 #include "view/AlarmBell.h"
 #include "view/CNotePane.h"
+#include "view/CalendarExport.h"
 
 #include <QAction>
 #include <QApplication>
@@ -248,6 +249,7 @@ void CVeltoView::RegisterCommands() {
     c.Add(cmd::HoursReport,
           [this] { CHoursReportDlg(m_doc.m_pFirstNode, m_doc.GetPrompter(), this).exec(); });
     c.Add(cmd::CostReport, [this] { CCostReportDlg(m_doc.m_pFirstNode, m_doc.GetPrompter(), this).exec(); });
+    c.Add(cmd::ExportCalendar, [this] { velto::ExportCalendar(this, m_doc); });
 
     // Commands of features still to come (search, my tasks, printing): claimed disabled,
     // so that the frame's handler of a shared id never runs while a project is open.

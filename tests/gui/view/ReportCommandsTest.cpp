@@ -1,10 +1,12 @@
-// The view opens the reports on its project.
+// The view opens the reports on its project and exports its calendar.
 #include "base/CommandIds.h"
 #include "base/ShellState.h"
 #include "dialogs/ReportDialog.h"
 #include "document/CVeltoDoc.h"
 #include "support/ScriptedPrompter.h"
+#include "support/TempDir.h"
 #include "view/CVeltoView.h"
+#include "view/CalendarExport.h"
 #include "view/ViewContext.h"
 
 #include <QApplication>
@@ -36,6 +38,16 @@ TEST(ReportCommands, HoursAndCostReportOpenFromTheView) {
         EXPECT_TRUE(view.OnCommand(id));
         EXPECT_EQ(shown, title);
     }
+}
+
+TEST(ReportCommands, TheCalendarIsSavedThroughTheSafeWrite) {
+    ScriptedPrompter prompter;
+    CVeltoDoc doc(prompter);
+    doc.OnNewDocument();
+    testsupport::TempDir folder;
+    ASSERT_TRUE(SaveCalendar(doc, QString::fromStdString(folder.PathOf("plan.ics"))));
+    EXPECT_EQ(testsupport::ReadFile(folder.PathOf("plan.ics")).rfind("BEGIN:VCALENDAR\r\n", 0), 0u);
+    EXPECT_EQ(folder.Names(), std::vector<std::string>{"plan.ics"}) << "no temporary file left";
 }
 
 } // namespace
