@@ -45,8 +45,8 @@ protected:
                                  {1, kKindNote, "Notiz"}}));
         m_first->m_timeReminder = CTime(2026, 7, 1, 9, 30, 0);
         CProjectNode* done = m_first->m_pNext;
-        done->m_strTitle =
-            std::string(60, 'T') + " \xC4rger; mit, Komma \\ und \xFC\xFC\xFC\xFC\xFC\xFC\xFC\xFC";
+        // Two-octet characters from the first fold on, so that a fold meets one in its middle.
+        done->m_strTitle = std::string(40, '\xFC') + " \xC4rger; mit, Komma \\ und " + std::string(60, 'T');
         done->m_strNote = "{\\rtf1\\ansi Zeile eins; a,b\\par Zeile zwei\\par}";
         done->m_bDone = 1;
         done->m_timeDone = CTime(2026, 3, 12, 17, 45, 0);
@@ -102,7 +102,9 @@ TEST_F(ICalendarTest, LinesAreFoldedAndUidsStayTheSame) {
     size_t start = 0;
     for (size_t end = text.find("\r\n"); end != std::string::npos; end = text.find("\r\n", start = end + 2))
         EXPECT_LE(end - start, 75u) << text.substr(start, end - start);
-    EXPECT_NE(text.find("\r\n "), std::string::npos) << "the long title is folded";
+    ASSERT_NE(text.find("\r\n "), std::string::npos) << "the long title is folded";
+    for (size_t fold = text.find("\r\n "); fold != std::string::npos; fold = text.find("\r\n ", fold + 1))
+        EXPECT_NE(static_cast<unsigned char>(text[fold + 3]) & 0xC0, 0x80) << "a fold splits a character";
 
     std::set<std::string> uids;
     Calendar once = Parsed();
