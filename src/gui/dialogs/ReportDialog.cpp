@@ -22,6 +22,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -131,6 +132,10 @@ QWidget* ReportDialog::BuildButtonRow() {
     layout->addWidget(buttons);
 
     connect(remove, &QPushButton::clicked, this, &ReportDialog::RemoveSelected);
+    // The Delete key in the list does what "ENTF" says.
+    auto* deleteKey = new QShortcut(QKeySequence::Delete, m_list);
+    deleteKey->setContext(Qt::WidgetShortcut);
+    connect(deleteKey, &QShortcut::activated, this, &ReportDialog::RemoveSelected);
     connect(copy, &QPushButton::clicked, this, &ReportDialog::CopyToClipboard);
     connect(print, &QPushButton::clicked, this, &ReportDialog::Print);
     connect(csv, &QPushButton::clicked, this, &ReportDialog::ChooseCsvFile);

@@ -21,6 +21,7 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTableView>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -105,7 +106,10 @@ TEST_F(ReportDialogs, RemoveAndCopyWorkOnTheSelectedRows) {
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(),
               "02.03.2026\tMO\t08:00\t09:00\tFenster\tAnna\tZeile 2\t1,00\n"
               "04.03.2026\tMI\t08:00\t12:00\tDach\tAnna\tZeile 4\t4,00\n");
-    Child<QPushButton>(dialog, "remove")->click();
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    List(dialog).setFocus();
+    QTest::keyClick(&List(dialog), Qt::Key_Delete);
     EXPECT_EQ(List(dialog).model()->rowCount(), 1);
     EXPECT_EQ(Total(dialog), "2,00 h");
     EXPECT_EQ(first->m_pNext->m_pHours.size(), 2u) << "the project keeps its entries";
