@@ -1,12 +1,16 @@
 // The reports on 100,000 nodes with three hours entries each (300,000 rows): filling the core's
 // report, refilling the dialog's list, and formatting every row for the clipboard.
 #include "BenchProject.h"
+#include "base/ReportPrinter.h"
 #include "dialogs/CHoursReportDlg.h"
 #include "model/NodeList.h"
 #include "outline/HoursReport.h"
 
 #include <QCoreApplication>
 #include <QDateEdit>
+#include <QDir>
+#include <QFile>
+#include <QPrinter>
 
 #include <benchmark/benchmark.h>
 
@@ -63,6 +67,28 @@ void BM_HoursReportClipboardText(benchmark::State& state) {
     FreeNodeList(first);
 }
 BENCHMARK(BM_HoursReportClipboardText)->Unit(benchmark::kMillisecond);
+
+// Printing every row to a PDF file: the column widths measured over all rows, then page by page.
+void BM_HoursReportPrintPdf(benchmark::State& state) {
+    CProjectNode* first = bench::BuildProject(kNodes, true);
+    const HoursReport report(first, WholeTime(), kAllHoursColumns);
+    const QString path = QDir::temp().filePath("velto-report-bench.pdf");
+    int pages = 0;
+    for (auto _ : state) {
+        ReportPrinter printer("Stunden - Report", 10, QDateTime::currentDateTime());
+        printer.AddReport(report);
+        QPrinter device(QPrinter::HighResolution);
+        device.setOutputFormat(QPrinter::PdfFormat);
+        device.setOutputFileName(path);
+        // Argument 1 stops after the first page: what the layout over all rows costs.
+        pages =
+            printer.Print(device, [&state](int printed, int) { return state.range(0) == 0 || printed == 0; });
+    }
+    state.counters["pages"] = pages;
+    QFile::remove(path);
+    FreeNodeList(first);
+}
+BENCHMARK(BM_HoursReportPrintPdf)->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -3,12 +3,18 @@
 #include "base/Cp1252Text.h"
 #include "outline/Report.h"
 
+#include <QHash>
 #include <QPagedPaintDevice>
 #include <QPainter>
 
 #include <algorithm>
+#include <optional>
 
 namespace velto {
+
+namespace {
+constexpr size_t kRowsBetweenProgress = 4096;
+} // namespace
 
 struct ReportPrinter::Layout {
     int width = 0;
@@ -63,7 +69,9 @@ QString ReportPrinter::StartedText(const QDateTime& started) {
                              time.hour(), time.minute(), time.second());
 }
 
-ReportPrinter::Layout ReportPrinter::MakeLayout(QPainter& painter, const QPagedPaintDevice& device) const {
+std::optional<ReportPrinter::Layout> ReportPrinter::MakeLayout(QPainter& painter,
+                                                               const QPagedPaintDevice& device,
+                                                               const PageProgress& progress) const {
     const QFontMetrics metrics = painter.fontMetrics();
     Layout layout;
     layout.width = device.width();
@@ -79,10 +87,21 @@ ReportPrinter::Layout ReportPrinter::MakeLayout(QPainter& painter, const QPagedP
     std::vector<int> widths;
     for (const QString& title : m_titles)
         widths.push_back(metrics.horizontalAdvance(title) + gap);
-    for (const QStringList& row : m_rows)
-        for (int column = 0; column < std::min<int>(row.size(), int(widths.size())); ++column)
-            widths[size_t(column)] =
-                std::max(widths[size_t(column)], metrics.horizontalAdvance(row[column]) + gap);
+    // Days, times, names and remarks repeat down a report: each text is measured once per column.
+    std::vector<QHash<QString, int>> measured(widths.size());
+    for (size_t row = 0; row < m_rows.size(); ++row) {
+        const QStringList& cells = m_rows[row];
+        for (int column = 0; column < std::min<int>(cells.size(), int(widths.size())); ++column) {
+            auto known = measured[size_t(column)].find(cells[column]);
+            if (known == measured[size_t(column)].end())
+                known = measured[size_t(column)].insert(cells[column],
+                                                        metrics.horizontalAdvance(cells[column]) + gap);
+            widths[size_t(column)] = std::max(widths[size_t(column)], *known);
+        }
+        // Measuring a long report takes a moment: the caller may show it and stop it.
+        if (progress && row % kRowsBetweenProgress == kRowsBetweenProgress - 1 && !progress(0, 0))
+            return std::nullopt;
+    }
     // Too wide for the page: every column gives up the same share, and its texts are elided.
     int total = 0;
     for (int width : widths)
@@ -134,10 +153,15 @@ void ReportPrinter::DrawFooter(QPainter& painter, const Layout& layout, int page
                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, StartedText(m_started));
 }
 
-int ReportPrinter::Print(QPagedPaintDevice& device) const {
+int ReportPrinter::Print(QPagedPaintDevice& device, const PageProgress& progress) const {
     QPainter painter(&device);
     painter.setFont(m_font);
-    const Layout layout = MakeLayout(painter, device);
+    const std::optional<Layout> measured = MakeLayout(painter, device, progress);
+    if (!measured)
+        return 0;
+    const Layout& layout = *measured;
+    const size_t perPage = size_t(layout.rowsPerPage);
+    const int total = int(std::max<size_t>(1, (m_rows.size() + perPage - 1) / perPage));
     int pages = 0;
     size_t next = 0;
     do {
@@ -145,10 +169,12 @@ int ReportPrinter::Print(QPagedPaintDevice& device) const {
             device.newPage();
         ++pages;
         DrawTop(painter, layout);
-        const size_t end = std::min(m_rows.size(), next + size_t(layout.rowsPerPage));
+        const size_t end = std::min(m_rows.size(), next + perPage);
         for (int line = 0; next < end; ++next, ++line)
             DrawRow(painter, layout, m_rows[next], layout.bodyTop + line * layout.lineHeight);
         DrawFooter(painter, layout, pages);
+        if (progress && !progress(pages, total))
+            break;
     } while (next < m_rows.size());
     return pages;
 }

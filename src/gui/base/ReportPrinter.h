@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+#include <optional>
 #include <vector>
 
 class QPagedPaintDevice;
@@ -25,8 +27,11 @@ public:
     // Takes the shown columns and every row of a report.
     void AddReport(const Report& report);
 
-    // Prints onto the device, which must be fresh; returns the number of pages.
-    int Print(QPagedPaintDevice& device) const;
+    // Told after each page the pages printed and the pages in all (0 and 0 while the columns are
+    // measured); false stops printing.
+    using PageProgress = std::function<bool(int printed, int pages)>;
+    // Prints onto the device, which must be fresh; returns the number of pages printed.
+    int Print(QPagedPaintDevice& device, const PageProgress& progress = {}) const;
 
     // "Page : 3".
     static QString PageText(int page);
@@ -35,7 +40,9 @@ public:
 
 private:
     struct Layout;
-    Layout MakeLayout(QPainter& painter, const QPagedPaintDevice& device) const;
+    // Nothing when progress stopped it.
+    std::optional<Layout> MakeLayout(QPainter& painter, const QPagedPaintDevice& device,
+                                     const PageProgress& progress) const;
     void DrawTop(QPainter& painter, const Layout& layout) const;
     void DrawRow(QPainter& painter, const Layout& layout, const QStringList& cells, double y) const;
     void DrawFooter(QPainter& painter, const Layout& layout, int page) const;

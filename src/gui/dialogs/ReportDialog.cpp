@@ -11,6 +11,7 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -21,6 +22,7 @@
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTableView>
@@ -213,13 +215,6 @@ void ReportDialog::ChooseCsvFile() {
     SaveCsv(path);
 }
 
-int ReportDialog::PrintTo(QPagedPaintDevice& device, const QString& headerLine, int fontSize,
-                          const QDateTime& started) const {
-    ReportPrinter printer(headerLine, fontSize, started);
-    printer.AddReport(GetReport());
-    return printer.Print(device);
-}
-
 void ReportDialog::Print() {
     const QString headerLine = windowTitle() + "  " + m_from->date().toString("dd.MM.yyyy") + " - " +
                                m_to->date().toString("dd.MM.yyyy");
@@ -228,8 +223,22 @@ void ReportDialog::Print() {
         return;
     QPrinter printer(QPrinter::HighResolution);
     QPrintDialog choose(&printer, this);
-    if (choose.exec() == QDialog::Accepted)
-        PrintTo(printer, settings.HeaderLine(), settings.FontSize(), QDateTime::currentDateTime());
+    if (choose.exec() != QDialog::Accepted)
+        return;
+    ReportPrinter report(settings.HeaderLine(), settings.FontSize(), QDateTime::currentDateTime());
+    report.AddReport(GetReport());
+    // A report of thousands of pages takes a while: the window stays responsive and can stop it.
+    QProgressDialog progress("Der Report wird gedruckt ...", "Abbrechen", 0, 1, this);
+    progress.setWindowModality(Qt::WindowModal);
+    // While the columns are measured the pages are not known yet: the bar only shows activity.
+    const auto showPage = [&progress](int printed, int pages) {
+        progress.setMaximum(pages);
+        progress.setValue(printed);
+        QCoreApplication::processEvents();
+        return !progress.wasCanceled();
+    };
+    if (report.Print(printer, showPage) < std::max(1, progress.maximum()))
+        printer.abort();
 }
 
 } // namespace velto

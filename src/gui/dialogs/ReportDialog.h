@@ -12,10 +12,8 @@
 
 class QCheckBox;
 class QDateEdit;
-class QDateTime;
 class QLabel;
 class QLineEdit;
-class QPagedPaintDevice;
 class QTableView;
 class QVBoxLayout;
 
@@ -38,9 +36,6 @@ public:
     void CopyToClipboard();
     // Writes the rows shown as CSV; a German message when that fails.
     bool SaveCsv(const QString& path);
-    // Prints the rows shown onto a device; the number of pages.
-    int PrintTo(QPagedPaintDevice& device, const QString& headerLine, int fontSize,
-                const QDateTime& started) const;
 
 protected:
     // The report the controls describe; the subclasses add their own choices.

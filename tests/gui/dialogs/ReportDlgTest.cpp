@@ -169,6 +169,12 @@ TEST(ReportPrinterTest, EveryPageHasTheHeaderRowsAndTheFooter) {
         rows += onPage;
     }
     EXPECT_EQ(rows, kRows) << "no row lost or split across pages";
+
+    QPrinter stopped(QPrinter::HighResolution);
+    stopped.setOutputFormat(QPrinter::PdfFormat);
+    stopped.setOutputFileName(pdf);
+    EXPECT_EQ(printer.Print(stopped, [pages](int printed, int all) { return all == pages && printed < 2; }),
+              2);
 }
 
 } // namespace
