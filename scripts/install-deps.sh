@@ -15,7 +15,7 @@ PACKAGES=(
   xvfb xauth
   python3
   librsvg2-bin dpkg-dev
-  poppler-utils
+  poppler-utils libical-dev
 )
 if [ "${1:-}" = "--ci" ]; then
   PACKAGES+=(libreoffice-writer-nogui desktop-file-utils appstream libxml2-utils)

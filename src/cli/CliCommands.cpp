@@ -1,7 +1,9 @@
 #include "CliCommands.h"
 
+#include "CalendarCommand.h"
 #include "ExitStatus.h"
 #include "ProjectCommands.h"
+#include "ReportCommands.h"
 #include "RtfCommands.h"
 #include "SearchCommand.h"
 #include "VeltoVersion.h"
@@ -30,6 +32,7 @@ constexpr Command kCommands[] = {
     {"resave", nullptr, RunResave},
     {"rtf-text", RunRtfText},
     {"rtf-rewrite", RunRtfRewrite},
+    {"calendar", RunCalendar},
 };
 
 constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE | --help | --version
@@ -43,6 +46,10 @@ constexpr std::string_view kUsage = R"(Aufruf: velto-cli BEFEHL ARGUMENTE | --he
                       die Knoten, die TEXT enthalten: Nummer, Teile (t Titel, n Notiz,
                       h Stunden, c kalkulierte, b benötigte Kosten) und Titel je Zeile;
                       --case beachtet Groß- und Kleinschreibung
+  calendar DATEI      das Projekt als iCalendar-Datei (.ics) auf die Standardausgabe
+  report hours|costs DATEI --from JJJJ-MM-TT --to JJJJ-MM-TT [--columns LISTE]
+         [--list calculated|needed] [--contains TEXT] [--no-done] [--no-undone] [--csv]
+                      Stunden- oder Kosten-Report wie "In Zwischenablage kopieren" bzw. als CSV
   --help              diese Hilfe
   --version           die Versionsnummer
 Exit-Status: 0 gelungen, 1 falscher Aufruf, 2 Datei nicht lesbar oder schreibbar bzw.
@@ -63,6 +70,8 @@ int RunCommandLine(const std::vector<std::string>& words, std::ostream& out, std
     if (!words.empty() && words[0] == "search" &&
         (words.size() == 3 || (words.size() == 4 && words[3] == "--case")))
         return RunSearch(words[1], words[2], words.size() == 4, out, err);
+    if (!words.empty() && words[0] == "report")
+        return RunReport({words.begin() + 1, words.end()}, out, err);
     for (const Command& command : kCommands) {
         if (words.empty() || words[0] != command.name)
             continue;

@@ -17,7 +17,14 @@ void JsonWriter::String(std::string_view utf8) {
     static constexpr char kHex[] = "0123456789abcdef";
     Separate();
     m_out += '"';
-    for (const char c : utf8) {
+    // Runs that need no escape go in one piece: texts are long and escapes rare.
+    size_t run = 0;
+    for (size_t i = 0; i < utf8.size(); ++i) {
+        const unsigned char c = static_cast<unsigned char>(utf8[i]);
+        if (c >= 0x20 && c != '"' && c != '\\')
+            continue;
+        m_out.append(utf8.substr(run, i - run));
+        run = i + 1;
         switch (c) {
         case '"':
             m_out += "\\\"";
@@ -35,15 +42,12 @@ void JsonWriter::String(std::string_view utf8) {
             m_out += "\\t";
             break;
         default:
-            if (static_cast<unsigned char>(c) < 0x20) {
-                m_out += "\\u00";
-                m_out += kHex[c >> 4];
-                m_out += kHex[c & 0xF];
-            } else {
-                m_out += c;
-            }
+            m_out += "\\u00";
+            m_out += kHex[c >> 4];
+            m_out += kHex[c & 0xF];
         }
     }
+    m_out.append(utf8.substr(run));
     m_out += '"';
 }
 
@@ -64,6 +68,8 @@ void JsonWriter::Close(char bracket) {
 }
 
 void JsonWriter::Separate() {
+    if (m_out.size() >= kFlushBytes)
+        Flush();
     if (m_afterKey) {
         m_afterKey = false;
         return;
@@ -76,6 +82,11 @@ void JsonWriter::Separate() {
     if (!level.oneLine)
         NewLine();
     level.empty = false;
+}
+
+void JsonWriter::Flush() {
+    m_sink.write(m_out.data(), std::streamsize(m_out.size()));
+    m_out.clear();
 }
 
 void JsonWriter::NewLine() {

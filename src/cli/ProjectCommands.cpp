@@ -111,7 +111,7 @@ int RunDump(const std::string& path, std::ostream& out, std::ostream& err) {
     ReadResult result;
     const int status = LoadProject(path, content, result, err);
     if (status != kExitFileError)
-        out << ProjectToJson(content);
+        WriteProjectJson(content, out);
     return status;
 }
 

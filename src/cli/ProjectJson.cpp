@@ -314,13 +314,12 @@ private:
 
 } // namespace
 
-std::string ProjectToJson(const ProjectContent& content) {
-    JsonWriter writer;
+void WriteProjectJson(const ProjectContent& content, std::ostream& out) {
+    JsonWriter writer(out);
     DumpVisitor visitor(writer);
     writer.BeginObject();
     ContentJson(visitor, content);
     writer.EndObject();
-    return writer.Take();
 }
 
 bool ProjectFromJson(std::string_view text, ProjectContent& content, std::string& error) {

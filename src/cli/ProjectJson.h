@@ -3,12 +3,14 @@
 // texts in UTF-8. Building from the JSON that dumping gave yields the same file bytes.
 #include "document/ProjectFile.h"
 
+#include <ostream>
 #include <string>
 #include <string_view>
 
 namespace velto {
 
-std::string ProjectToJson(const ProjectContent& content);
+// Writes the JSON to out as it goes.
+void WriteProjectJson(const ProjectContent& content, std::ostream& out);
 
 // Fills content from JSON text. False, with a message naming the field (as a path such as
 // nodes[2].hours[0].remark), when a field is missing or unknown, of the wrong kind, out of range,

@@ -83,8 +83,17 @@ std::optional<char32_t> DecodeUtf8(std::string_view s, size_t& pos) {
 std::string ToUtf8(std::string_view bytes) {
     std::string out;
     out.reserve(bytes.size() + bytes.size() / 8);
-    for (char b : bytes)
-        AppendUtf8(out, ToUnicode(static_cast<unsigned char>(b)));
+    // ASCII is the same in both: runs of it are copied in one piece.
+    size_t run = 0;
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        const auto b = static_cast<unsigned char>(bytes[i]);
+        if (b < 0x80)
+            continue;
+        out.append(bytes.substr(run, i - run));
+        AppendUtf8(out, ToUnicode(b));
+        run = i + 1;
+    }
+    out.append(bytes.substr(run));
     return out;
 }
 

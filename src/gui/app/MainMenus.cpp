@@ -35,7 +35,9 @@ QMenu* FileMenu(MenuSet set, ActionSet& actions, QWidget* parent) {
     } else {
         Fill(menu, actions,
              {FileNew, FileOpen, FileClose, FileSave, FileSaveAs, FileRestoreBackup, kSeparator, ImportVt4,
-              kSeparator, FilePrint, FilePrintDirect, FilePrintPreview, kSeparator});
+              kSeparator, FilePrint, FilePrintDirect, FilePrintPreview});
+        Fill(menu->addMenu(QString::fromUtf8("&Exportieren")), actions, {ExportCalendar});
+        menu->addSeparator();
     }
     for (int i = 0; i < RecentFileCount; ++i)
         menu->addAction(actions.Get(FileMru1 + i));

@@ -81,6 +81,8 @@ inline constexpr int NoteBullets = 32819;
 inline constexpr int NoteNumbering = 32820;
 inline constexpr int NoteIndentMore = 32821;
 inline constexpr int NoteIndentLess = 32822;
+// "Datei → Exportieren"; numbers of the program's own range.
+inline constexpr int ExportCalendar = 32840;
 
 // Private messages of the modeless dialogs and the note pane to the view and the chart
 inline constexpr int SaveNote = 138;

@@ -163,6 +163,8 @@ std::vector<CommandInfo> BuildTable() {
 
         {HoursReport, "St&unden-Report...", "Listet die erfassten Stunden eines Zeitraums.\nStunden-Report"},
         {CostReport, "K&osten-Report...", "Listet die erfassten Kosten.\nKosten-Report"},
+        {ExportCalendar, "&Kalender (.ics)...",
+         "Speichert Aufgaben, Meilensteine und Erinnerungen als Kalenderdatei.\nKalender exportieren"},
         {ImportVt4, "VT4 Datei &importieren",
          "Startet das Umwandlungsprogramm für Projekte der Version 4.\nVT4 importieren"},
         {Manual, "&Einführung", "Öffnet das Handbuch.\nEinführung", Keys({QKeyCombination(Qt::Key_F1)}),

@@ -10,6 +10,8 @@
 #include "chart/CGrafik.h"
 #include "common/Prompter.h"
 #include "dialogs/CAlarmDlg.h"
+#include "dialogs/CCostReportDlg.h"
+#include "dialogs/CHoursReportDlg.h"
 #include "dialogs/NodeDialogs.h"
 #include "files/ClockJournal.h"
 #include "files/DataDir.h"
@@ -17,6 +19,7 @@
 #include "model/NumberFormat.h"
 #include "view/AlarmBell.h"
 #include "view/CNotePane.h"
+#include "view/CalendarExport.h"
 #include "view/ChartPrinting.h"
 #include "view/NodeFinders.h"
 
@@ -248,10 +251,11 @@ void CVeltoView::RegisterCommands() {
         [this](CommandState& s) { s.enabled = m_alarmNode.IsFollowing(); }, Guard::WhenEnabled);
     m_finders->RegisterCommands(c);
 
-    // Commands of features still to come (reports): claimed disabled, so that the frame's handler of
-    // a shared id never runs while a project is open.
-    for (int id : {cmd::HoursReport, cmd::CostReport})
-        c.AddDisabled(id);
+    // The reports read the project as it is and never change it.
+    c.Add(cmd::HoursReport,
+          [this] { CHoursReportDlg(m_doc.m_pFirstNode, m_doc.GetPrompter(), this).exec(); });
+    c.Add(cmd::CostReport, [this] { CCostReportDlg(m_doc.m_pFirstNode, m_doc.GetPrompter(), this).exec(); });
+    c.Add(cmd::ExportCalendar, [this] { velto::ExportCalendar(this, m_doc); });
 
     for (const auto& [id, mode] :
          {std::pair{cmd::FilePrint, PrintMode::Dialog}, std::pair{cmd::FilePrintDirect, PrintMode::Direct},

@@ -288,14 +288,6 @@ TEST_F(ViewCommands, CutAndPasteThroughTheViewTakeTheUndoCopy) {
     EXPECT_EQ(Outline(), "0:R 1:N 1:M") << "the paste took the copy";
 }
 
-TEST_F(ViewCommands, LaterFeaturesAreClaimedSoTheFramesSharedIdsStayQuiet) {
-    MakeView();
-    for (int id : {cmd::HoursReport, cmd::CostReport}) {
-        EXPECT_FALSE(Query(id).enabled) << id;
-        EXPECT_TRUE(Run(id)) << id;
-    }
-}
-
 TEST_F(ViewCommands, EveryPrintCommandRefusesWithoutASelectedNodeBeforeAnyDialog) {
     MakeView();
     SelectOnly(doc.m_pFirstNode, nullptr);
