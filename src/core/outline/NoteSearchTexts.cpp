@@ -11,6 +11,10 @@
 #include <thread>
 #include <vector>
 
+#ifdef __linux__
+#include <sys/resource.h>
+#endif
+
 namespace velto {
 
 namespace {
@@ -64,6 +68,18 @@ struct NoteSearchTexts::Batch {
         for (size_t i = next++; i < notes.size(); i = next++)
             texts[i] = NoteSearchText(notes[i]);
     }
+    void WorkInBackground() {
+        LowerPriority();
+        Work();
+    }
+    // The window's thread and what the user runs besides come first; the notes are parsed with what
+    // is left over. On Linux this lowers the calling thread alone, not the whole program.
+    static void LowerPriority() {
+#ifdef __linux__
+        setpriority(PRIO_PROCESS, 0, kBackgroundNice);
+#endif
+    }
+    static constexpr int kBackgroundNice = 5;
 };
 
 namespace {
@@ -71,6 +87,11 @@ namespace {
 // Fewer notes than this are parsed as they are asked for: threads would cost more than they save.
 constexpr size_t kMinBackgroundNotes = 256;
 constexpr unsigned kMaxThreads = 8;
+
+// The cores besides the one of the window's thread, but at least one.
+unsigned SpareCores() {
+    return std::clamp(std::thread::hardware_concurrency(), 2u, kMaxThreads + 1) - 1;
+}
 
 } // namespace
 
@@ -113,10 +134,10 @@ void NoteSearchTexts::StartPreparing(const CProjectNode* first) {
     if (batch->notes.size() < kMinBackgroundNotes)
         return;
     batch->texts.resize(batch->notes.size());
-    const unsigned cores = std::clamp(std::thread::hardware_concurrency(), 1u, kMaxThreads);
+    const unsigned cores = SpareCores();
     try {
         for (unsigned i = 0; i < cores; ++i)
-            batch->threads.emplace_back(&Batch::Work, batch.get());
+            batch->threads.emplace_back(&Batch::WorkInBackground, batch.get());
     } catch (const std::system_error&) {
         // No thread to be had: the threads that did start and the next Get share the work.
     }

@@ -1,8 +1,8 @@
 #pragma once
 // The notes' plain text as the text search reads it, each note parsed once. Parsing is the costly
 // part of a search (about 5 ms per MB of RTF, against well under 1 ms to look through the text), so
-// the texts are kept from one step to the next, and the first search after a project opened parses
-// its notes on every core.
+// the texts are kept from one step to the next, and the notes of a project are parsed in the
+// background from the moment its window shows, so that its first search finds them ready.
 //
 // A note is known by the address of its text: notes are never changed in place (a changed note is a
 // new text), and the entry keeps a reference to the text, so no other note can take its address while
@@ -33,9 +33,9 @@ public:
 
     // NoteSearchText of the note. The text stays where it is until ForgetUnused forgets it.
     std::string_view Get(const NoteText& note);
-    // Starts parsing the notes of the list that are not known yet, in the background on every core,
-    // and returns at once; the next Get first helps to finish them. Opening the search dialog calls it,
-    // so that the notes are ready by the time the third character is typed.
+    // Starts parsing the notes of the list that are not known yet, in the background on the cores the
+    // window's thread leaves spare and at low priority, and returns at once; the next Get first helps
+    // to finish them. The threads keep copies of the notes, so the list may change or go meanwhile.
     void StartPreparing(const CProjectNode* first);
     // Forgets the notes not asked for since the last call: the old texts of changed notes and the
     // notes of deleted nodes.

@@ -131,6 +131,7 @@ CVeltoView::~CVeltoView() {
 void CVeltoView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     Redraw();
+    m_finders->OnViewShown();
 }
 
 void CVeltoView::resizeEvent(QResizeEvent* event) {

@@ -10,6 +10,8 @@
 #include "model/NodeList.h"
 #include "view/CVeltoView.h"
 
+#include <utility>
+
 namespace velto {
 
 NodeFinders::NodeFinders(CVeltoView& view) : m_view(view) {}
@@ -47,14 +49,24 @@ void NodeFinders::RefreshMyTasks() {
         m_myTasks->Refresh();
 }
 
+void NodeFinders::OnViewShown() {
+    if (std::exchange(m_shown, true))
+        return;
+    QMetaObject::invokeMethod(this, &NodeFinders::PrepareSearch, Qt::QueuedConnection);
+}
+
+void NodeFinders::PrepareSearch() {
+    m_texts.StartPreparing(m_view.GetDocument().m_pFirstNode);
+}
+
 void NodeFinders::OpenSearch() {
     delete m_search;
     m_search = new CSearchDlg(FromCoreText(m_view.GetDocument().GetTitle()), &m_view);
     connect(m_search, &CSearchDlg::stepRequested, this, [this] { m_view.OnCommand(cmd::SearchStep); });
     connect(m_search, &QDialog::finished, m_search, &QObject::deleteLater);
     ShowAtLowerRight(m_search);
-    // The notes are parsed while the first characters are typed.
-    m_texts.StartPreparing(m_view.GetDocument().m_pFirstNode);
+    // Notes changed since the view showed are parsed while the first characters are typed.
+    PrepareSearch();
 }
 
 void NodeFinders::SearchStep() {

@@ -25,6 +25,9 @@ public:
     void RegisterCommands(CommandMap& commands);
     // "Meine Aufgaben" follows the project once the command that changed it is through.
     void OnDocumentUpdated();
+    // The first time the view shows, starts parsing the notes for the search in the background once
+    // the window is up, so that a search soon after opening finds them parsed.
+    void OnViewShown();
 
     // The open dialogs, or null.
     CSearchDlg* SearchDialog() const;
@@ -36,6 +39,7 @@ private:
     void OpenMyTasks();
     void GoToChosenTask();
     void RefreshMyTasks();
+    void PrepareSearch();
     void GoTo(CProjectNode* node);
     // Puts the dialog's lower right corner on the view's and shows it.
     void ShowAtLowerRight(QWidget* dialog);
@@ -44,6 +48,7 @@ private:
     QPointer<CSearchDlg> m_search;
     QPointer<CMyTasksDlg> m_myTasks;
     bool m_refreshPending = false;
+    bool m_shown = false;
     SearchTexts m_texts;
 };
 

@@ -185,11 +185,18 @@ TEST_F(TextSearchTest, NotesParsedInTheBackgroundAreTheSameAsParsedOneByOne) {
             wanted = node;
     }
     texts.StartPreparing(first);
+    wanted->m_pPrev->m_strNote = Note("Nummer 598 neu"); // edited while the threads parse
     Select("R");
     EXPECT_EQ(SearchStep(first, SearchText("nummer 599", false), kSearchForward, texts).node, wanted);
-    // A cache that is thrown away while its threads still run waits for them.
+    EXPECT_EQ(SearchStep(first, SearchText("598 neu", false), kSearchForward, texts).node, wanted->m_pPrev);
+    // A project closed while its notes are parsed: the threads hold their own copies of the notes,
+    // and the cache, thrown away while they still run, waits for them.
+    CProjectNode* closed = DeepCopyList(first);
+    for (CProjectNode* node = closed; node; node = node->m_pNext)
+        node->m_strNote = Note("eigene Notiz");
     auto early = std::make_unique<SearchTexts>();
-    early->StartPreparing(first);
+    early->StartPreparing(closed);
+    FreeNodeList(closed);
     early.reset();
 }
 
