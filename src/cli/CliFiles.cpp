@@ -4,6 +4,9 @@
 #include "io/FileRead.h"
 #include "io/SafeWrite.h"
 
+#include <algorithm>
+#include <fcntl.h>
+
 namespace velto {
 
 namespace {
@@ -17,6 +20,27 @@ bool ReadInput(const std::string& path, std::string& bytes, std::string& error) 
     if (read < 0)
         error = CannotReadMessage(path, read);
     return read == 0;
+}
+
+bool ReadInputInPieces(const std::string& path, const std::function<void(const JsonPieceReader&)>& consume,
+                       std::string& error) {
+    const std::string target = ResolveFileLink(path);
+    const int fd = files.Open(target, O_RDONLY);
+    if (fd < 0) {
+        error = CannotReadMessage(path, NameFolder(files, target, fd));
+        return false;
+    }
+    int failure = 0;
+    consume([&](char* buffer, size_t size) {
+        const ssize_t got = files.Read(fd, buffer, size);
+        failure = got < 0 ? int(got) : failure;
+        return int64_t(got);
+    });
+    const int closed = files.Close(fd);
+    failure = failure < 0 ? failure : std::min(closed, 0);
+    if (failure < 0)
+        error = CannotReadMessage(path, failure);
+    return failure == 0;
 }
 
 bool ReadProjectInput(const std::string& path, ProjectContent& content, ReadResult& result,

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <nlohmann/json.hpp>
+#include <optional>
 #include <string_view>
 
 namespace velto::jsonfloat {
@@ -45,7 +45,7 @@ std::optional<float> FromNaNText(std::string_view text) {
     return std::bit_cast<float>(bits);
 }
 
-std::optional<float> FromString(std::string_view text) {
+std::optional<float> SpecialFromString(std::string_view text) {
     if (text == "NaN")
         return std::bit_cast<float>(kDefaultNaN);
     if (text == "Infinity")
@@ -61,6 +61,8 @@ std::optional<float> FromString(std::string_view text) {
 // the float whose shortest decimal gives this very double wins.
 float NearestFloat(double value) {
     const float rounded = static_cast<float>(value);
+    if (double(rounded) == value) // exactly a float: no neighbour's shortest decimal can be this close
+        return rounded;
     for (const float candidate :
          {rounded, std::nextafter(rounded, -HUGE_VALF), std::nextafter(rounded, HUGE_VALF)})
         if (std::isfinite(candidate) && ReadDouble(Shortest(candidate)) == value)
@@ -86,21 +88,19 @@ std::string Format(float value) {
     return text;
 }
 
-ParseError Parse(const nlohmann::json& value, float& out) {
-    if (value.is_string()) {
-        const std::optional<float> special = FromString(value.get_ref<const std::string&>());
-        if (!special)
-            return ParseError::NotAFloat;
-        out = *special;
-        return ParseError::None;
-    }
-    if (!value.is_number())
-        return ParseError::NotAFloat;
-    const double number = value.get<double>();
+ParseError FromNumber(double number, float& out) {
     const float nearest = NearestFloat(number);
     if (std::isinf(nearest) || (nearest == 0 && number != 0))
         return ParseError::OutOfRange;
     out = nearest;
+    return ParseError::None;
+}
+
+ParseError FromString(std::string_view text, float& out) {
+    const std::optional<float> special = SpecialFromString(text);
+    if (!special)
+        return ParseError::NotAFloat;
+    out = *special;
     return ParseError::None;
 }
 

@@ -3,9 +3,8 @@
 // that reads back to the same float; negative zero as -0.0; the strings "Infinity", "-Infinity",
 // "NaN" for the positive quiet NaN 0x7FC00000, and "NaN(0xXXXXXXXX)" with the bit pattern for every
 // other NaN, whose payload and sign a plain "NaN" would lose.
-#include <nlohmann/json_fwd.hpp>
-#include <optional>
 #include <string>
+#include <string_view>
 
 namespace velto::jsonfloat {
 
@@ -14,9 +13,11 @@ std::string Format(float value);
 
 enum class ParseError { None, NotAFloat, OutOfRange };
 
-// The float a JSON value stands for. A number is taken as the float whose shortest decimal it is;
-// other decimals are rounded to the nearest float. Beyond the float range (or a non-zero value that
-// would round to zero) is OutOfRange; a value of another kind or another string is NotAFloat.
-ParseError Parse(const nlohmann::json& value, float& out);
+// The float a JSON number (as the double nearest to its decimal) stands for: the float whose shortest
+// decimal it is; other decimals are rounded to the nearest float. Beyond the float range (or a
+// non-zero value that would round to zero) is OutOfRange.
+ParseError FromNumber(double number, float& out);
+// The float one of the strings above stands for; any other string is NotAFloat.
+ParseError FromString(std::string_view text, float& out);
 
 } // namespace velto::jsonfloat

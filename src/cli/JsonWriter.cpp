@@ -1,59 +1,78 @@
 #include "JsonWriter.h"
 
+#include "JsonText.h"
+#include "model/Cp1252.h"
+
+#include <algorithm>
+#include <cstring>
+
 namespace velto {
+
+namespace {
+
+// The longest form of one byte of a text: \u00XX.
+constexpr size_t kLongestEscape = 6;
+
+} // namespace
 
 void JsonWriter::Key(std::string_view name) {
     String(name);
-    m_out += ": ";
+    Put(": ");
     m_afterKey = true;
 }
 
 void JsonWriter::Raw(std::string_view text) {
     Separate();
-    m_out += text;
+    Put(text);
 }
 
-void JsonWriter::String(std::string_view utf8) {
-    static constexpr char kHex[] = "0123456789abcdef";
+// Room for the longest form of the whole text is made first, so that the runs and escapes are
+// copied without a check each.
+void JsonWriter::String(std::string_view text) {
     Separate();
-    m_out += '"';
-    // Runs that need no escape go in one piece: texts are long and escapes rare.
-    size_t run = 0;
-    for (size_t i = 0; i < utf8.size(); ++i) {
-        const unsigned char c = static_cast<unsigned char>(utf8[i]);
-        if (c >= 0x20 && c != '"' && c != '\\')
-            continue;
-        m_out.append(utf8.substr(run, i - run));
-        run = i + 1;
-        switch (c) {
-        case '"':
-            m_out += "\\\"";
-            break;
-        case '\\':
-            m_out += "\\\\";
-            break;
-        case '\n':
-            m_out += "\\n";
-            break;
-        case '\r':
-            m_out += "\\r";
-            break;
-        case '\t':
-            m_out += "\\t";
-            break;
-        default:
-            m_out += "\\u00";
-            m_out += kHex[c >> 4];
-            m_out += kHex[c & 0xF];
-        }
+    char* out = Room(text.size() * kLongestEscape + 2);
+    *out++ = '"';
+    for (const char *at = text.data(), *end = at + text.size(); at < end;) {
+        const size_t run = jsontext::PlainRun(at, end);
+        std::memcpy(out, at, run);
+        out += run;
+        at += run;
+        if (at < end)
+            out = Escape(static_cast<unsigned char>(*at++), out);
     }
-    m_out.append(utf8.substr(run));
-    m_out += '"';
+    *out++ = '"';
+    m_size = size_t(out - m_text.get());
+}
+
+char* JsonWriter::Escape(unsigned char byte, char* out) {
+    static constexpr char kHex[] = "0123456789abcdef";
+    const auto put = [out](std::string_view text) { return std::copy(text.begin(), text.end(), out); };
+    switch (byte) {
+    case '"':
+        return put("\\\"");
+    case '\\':
+        return put("\\\\");
+    case '\n':
+        return put("\\n");
+    case '\r':
+        return put("\\r");
+    case '\t':
+        return put("\\t");
+    default:
+        break;
+    }
+    if (byte < 0x80) {
+        const char control[] = {'\\', 'u', '0', '0', kHex[byte >> 4], kHex[byte & 0xF]};
+        return put({control, sizeof control});
+    }
+    std::string utf8;
+    cp1252::AppendUtf8(utf8, cp1252::ToUnicode(byte));
+    return put(utf8);
 }
 
 void JsonWriter::Open(char bracket, bool oneLine) {
     Separate();
-    m_out += bracket;
+    Put(bracket);
     m_levels.push_back({oneLine});
 }
 
@@ -62,13 +81,13 @@ void JsonWriter::Close(char bracket) {
     m_levels.pop_back();
     if (!level.oneLine && !level.empty)
         NewLine();
-    m_out += bracket;
+    Put(bracket);
     if (m_levels.empty())
-        m_out += '\n';
+        Put('\n');
 }
 
 void JsonWriter::Separate() {
-    if (m_out.size() >= kFlushBytes)
+    if (m_size >= kFlushBytes)
         Flush();
     if (m_afterKey) {
         m_afterKey = false;
@@ -78,20 +97,44 @@ void JsonWriter::Separate() {
         return;
     Level& level = m_levels.back();
     if (!level.empty)
-        m_out += level.oneLine ? ", " : ",";
+        Put(level.oneLine ? ", " : ",");
     if (!level.oneLine)
         NewLine();
     level.empty = false;
 }
 
 void JsonWriter::Flush() {
-    m_sink.write(m_out.data(), std::streamsize(m_out.size()));
-    m_out.clear();
+    m_sink.write(m_text.get(), std::streamsize(m_size));
+    m_size = 0;
 }
 
 void JsonWriter::NewLine() {
-    m_out += '\n';
-    m_out.append(2 * m_levels.size(), ' ');
+    const size_t indent = 2 * m_levels.size();
+    char* out = Room(indent + 1);
+    *out = '\n';
+    std::memset(out + 1, ' ', indent);
+    m_size += indent + 1;
+}
+
+char* JsonWriter::Room(size_t count) {
+    if (m_size + count > m_capacity) {
+        const size_t capacity = std::max({m_capacity * 2, m_size + count, kFlushBytes * 2});
+        auto text = std::make_unique_for_overwrite<char[]>(capacity);
+        std::copy_n(m_text.get(), m_size, text.get());
+        m_text = std::move(text);
+        m_capacity = capacity;
+    }
+    return m_text.get() + m_size;
+}
+
+void JsonWriter::Put(std::string_view text) {
+    std::memcpy(Room(text.size()), text.data(), text.size());
+    m_size += text.size();
+}
+
+void JsonWriter::Put(char c) {
+    *Room(1) = c;
+    ++m_size;
 }
 
 } // namespace velto

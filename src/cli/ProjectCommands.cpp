@@ -116,14 +116,18 @@ int RunDump(const std::string& path, std::ostream& out, std::ostream& err) {
 }
 
 int RunBuild(const std::string& jsonPath, const std::string& outPath, std::ostream&, std::ostream& err) {
-    std::string text, error;
-    if (!ReadInput(jsonPath, text, error)) {
-        err << error << '\n';
+    ProjectContent content;
+    bool built = false;
+    std::string readError, jsonError;
+    const auto build = [&](const JsonPieceReader& read) {
+        built = ProjectFromJson(read, content, jsonError);
+    };
+    if (!ReadInputInPieces(jsonPath, build, readError)) {
+        err << readError << '\n';
         return kExitFileError;
     }
-    ProjectContent content;
-    if (!ProjectFromJson(text, content, error)) {
-        err << jsonPath << ": " << error << '\n';
+    if (!built) {
+        err << jsonPath << ": " << jsonError << '\n';
         return kExitFileError;
     }
     return Save(content, outPath, err);

@@ -3,136 +3,144 @@
 #include "JsonFloat.h"
 #include "JsonWriter.h"
 #include "model/Cp1252.h"
+#include "model/NodeList.h"
 
 #include <algorithm>
+#include <array>
 #include <deque>
+#include <functional>
 #include <limits>
-#include <nlohmann/json.hpp>
+#include <optional>
+#include <tuple>
+#include <vector>
 
 namespace velto {
 
-using nlohmann::json;
-
 namespace {
 
-// The JSON names in file order, written once for both directions: the dump visitor writes the
-// values, the build visitor reads them. The last argument of List says whether an element fits on
-// one line.
-struct HoursJson {
-    template <class Visitor, class Entry> void operator()(Visitor& v, Entry& entry) const {
-        v.Field("day", entry.m_time1);
-        v.Field("begin", entry.m_time2);
-        v.Field("end", entry.m_time3);
-        v.Field("assignee", entry.m_str1);
-        v.Field("remark", entry.m_str2);
-    }
+// ---- the JSON names in file order, written once for both directions ----
+
+template <class Member> struct Field {
+    const char* name;
+    Member member; // a pointer to a data member, or a function giving the member
 };
 
-struct CostJson {
-    template <class Visitor, class Entry> void operator()(Visitor& v, Entry& entry) const {
-        v.Field("date", entry.m_timeDate);
-        v.Field("quantity", entry.m_fQuantity);
-        v.Field("unitPrice", entry.m_fUnitPrice);
-        v.Field("amount", entry.m_fAmount);
-        v.Field("assignee", entry.m_str1);
-        v.Field("remark", entry.m_str2);
-    }
+// A list of objects: the nodes, or the entries of a node. oneLine: an element fits on one line.
+template <class Member> struct List {
+    const char* name;
+    Member member;
+    bool oneLine;
 };
 
-struct NodeJson {
-    template <class Visitor, class Node> void operator()(Visitor& v, Node& node) const {
-        v.Field("kind", node.m_nKind);
-        v.Field("title", node.m_strTitle);
-        v.Field("level", node.m_nLevel);
-        v.Field("done", node.m_bDone);
-        v.Field("selected", node.m_bSelected);
-        v.Field("visible", node.m_bVisible);
-        v.Field("expanded", node.m_bExpanded);
-        v.Field("start", node.m_timeStart);
-        v.Field("due", node.m_timeDue);
-        v.Field("note", node.m_strNote);
-        v.Field("reminder", node.m_timeReminder);
-        v.Field("fontName", node.m_strFontName);
-        v.Field("color", node.m_crColor);
-        v.Field("strikeOut", node.m_bStrikeOut);
-        v.Field("bold", node.m_bBold);
-        v.Field("italic", node.m_bItalic);
-        v.Field("underline", node.m_bUnderline);
-        v.Field("hoursPlanned", node.m_fHoursPlanned);
-        v.Field("hoursNeeded", node.m_fHoursNeeded);
-        v.Field("hourlyRate", node.m_fHourlyRate);
-        v.Field("costPlanned", node.m_fCostPlanned);
-        v.Field("costNeeded", node.m_fCostNeeded);
-        v.Field("created", node.m_timeCreated);
-        v.Field("changed", node.m_timeChanged);
-        v.Field("doneTime", node.m_timeDone);
-        v.Field("remind1", node.m_nRemind1);
-        v.Field("remind2", node.m_nRemind2);
-        v.Field("remind3", node.m_nRemind3);
-        v.Field("remind4", node.m_nRemind4);
-        v.Field("remind5", node.m_nRemind5);
-        v.Field("remindTime1", node.m_timeRemind1);
-        v.Field("remindTime2", node.m_timeRemind2);
-        v.Field("text2", node.m_strText2);
-        v.Field("responsible", node.m_strResponsible);
-        v.List("hours", node.m_pHours, HoursJson{}, true);
-        v.List("costsCalculated", node.m_pCosts, CostJson{}, true);
-        v.List("costsNeeded", node.m_pCosts2, CostJson{}, true);
-    }
+// A value of the window part of the project.
+template <class T> struct InView {
+    T ProjectViewValues::*member;
+    T& operator()(ProjectContent& content) const { return content.view.*member; }
+    const T& operator()(const ProjectContent& content) const { return content.view.*member; }
 };
 
-template <class Visitor, class Content> void ContentJson(Visitor& v, Content& content) {
-    v.Field("chartWidth1", content.view.chartWidth1);
-    v.Field("chartWidth2", content.view.chartWidth2);
-    v.Field("maximized", content.view.maximized);
-    v.Field("windowRect", content.view.windowRect);
-    v.Field("zoom", content.view.zoom);
-    v.Field("assigneeHistory", content.assigneeHistory);
-    v.Field("remarkHistory", content.remarkHistory);
-    v.List("nodes", content.firstNode, NodeJson{}, false);
-}
+// Spelled out for compilers without deduction for aggregates.
+template <class Member> Field(const char*, Member) -> Field<Member>;
+template <class Member> List(const char*, Member, bool) -> List<Member>;
+template <class T> InView(T ProjectViewValues::*) -> InView<T>;
+
+template <class Object> struct JsonFields;
+
+template <> struct JsonFields<CHoursEntry> {
+    static constexpr auto kFields =
+        std::tuple(Field{"day", &CHoursEntry::m_time1}, Field{"begin", &CHoursEntry::m_time2},
+                   Field{"end", &CHoursEntry::m_time3}, Field{"assignee", &CHoursEntry::m_str1},
+                   Field{"remark", &CHoursEntry::m_str2});
+};
+
+template <> struct JsonFields<CCostEntry> {
+    static constexpr auto kFields =
+        std::tuple(Field{"date", &CCostEntry::m_timeDate}, Field{"quantity", &CCostEntry::m_fQuantity},
+                   Field{"unitPrice", &CCostEntry::m_fUnitPrice}, Field{"amount", &CCostEntry::m_fAmount},
+                   Field{"assignee", &CCostEntry::m_str1}, Field{"remark", &CCostEntry::m_str2});
+};
+
+template <> struct JsonFields<CProjectNode> {
+    using N = CProjectNode;
+    static constexpr auto kFields = std::tuple(
+        Field{"kind", &N::m_nKind}, Field{"title", &N::m_strTitle}, Field{"level", &N::m_nLevel},
+        Field{"done", &N::m_bDone}, Field{"selected", &N::m_bSelected}, Field{"visible", &N::m_bVisible},
+        Field{"expanded", &N::m_bExpanded}, Field{"start", &N::m_timeStart}, Field{"due", &N::m_timeDue},
+        Field{"note", &N::m_strNote}, Field{"reminder", &N::m_timeReminder},
+        Field{"fontName", &N::m_strFontName}, Field{"color", &N::m_crColor},
+        Field{"strikeOut", &N::m_bStrikeOut}, Field{"bold", &N::m_bBold}, Field{"italic", &N::m_bItalic},
+        Field{"underline", &N::m_bUnderline}, Field{"hoursPlanned", &N::m_fHoursPlanned},
+        Field{"hoursNeeded", &N::m_fHoursNeeded}, Field{"hourlyRate", &N::m_fHourlyRate},
+        Field{"costPlanned", &N::m_fCostPlanned}, Field{"costNeeded", &N::m_fCostNeeded},
+        Field{"created", &N::m_timeCreated}, Field{"changed", &N::m_timeChanged},
+        Field{"doneTime", &N::m_timeDone}, Field{"remind1", &N::m_nRemind1}, Field{"remind2", &N::m_nRemind2},
+        Field{"remind3", &N::m_nRemind3}, Field{"remind4", &N::m_nRemind4}, Field{"remind5", &N::m_nRemind5},
+        Field{"remindTime1", &N::m_timeRemind1}, Field{"remindTime2", &N::m_timeRemind2},
+        Field{"text2", &N::m_strText2}, Field{"responsible", &N::m_strResponsible},
+        List{"hours", &N::m_pHours, true}, List{"costsCalculated", &N::m_pCosts, true},
+        List{"costsNeeded", &N::m_pCosts2, true});
+};
+
+template <> struct JsonFields<ProjectContent> {
+    using V = ProjectViewValues;
+    static constexpr auto kFields = std::tuple(
+        Field{"chartWidth1", InView{&V::chartWidth1}}, Field{"chartWidth2", InView{&V::chartWidth2}},
+        Field{"maximized", InView{&V::maximized}}, Field{"windowRect", InView{&V::windowRect}},
+        Field{"zoom", InView{&V::zoom}}, Field{"assigneeHistory", &ProjectContent::assigneeHistory},
+        Field{"remarkHistory", &ProjectContent::remarkHistory},
+        List{"nodes", &ProjectContent::firstNode, false});
+};
+
+template <class Object>
+constexpr size_t kFieldCount = std::tuple_size_v<decltype(JsonFields<Object>::kFields)>;
+
+template <class Object>
+constexpr auto kNamesOf = std::apply(
+    [](const auto&... member) { return std::array<std::string_view, sizeof...(member)>{member.name...}; },
+    JsonFields<Object>::kFields);
 
 // ---- dump ----
 
-class DumpVisitor {
+class Dumper {
 public:
-    explicit DumpVisitor(JsonWriter& writer) : m_writer(writer) {}
+    explicit Dumper(JsonWriter& writer) : m_writer(writer) {}
 
-    template <class T> void Field(const char* name, const T& value) {
-        m_writer.Key(name);
-        Value(value);
-    }
-
-    template <class Item, class Fields>
-    void List(const char* name, const Item* head, Fields fields, bool oneLine) {
-        m_writer.Key(name);
-        m_writer.BeginArray();
-        for (; head; head = head->m_pNext)
-            Element(*head, fields, oneLine);
-        m_writer.EndArray();
-    }
-
-    template <class Entry, class Fields>
-    void List(const char* name, const EntryList<Entry>& list, Fields fields, bool oneLine) {
-        m_writer.Key(name);
-        m_writer.BeginArray();
-        for (const Entry entry : list)
-            Element(entry, fields, oneLine);
-        m_writer.EndArray();
+    template <class Object> void Fields(const Object& object) {
+        std::apply([&](const auto&... member) { (Member(object, member), ...); },
+                   JsonFields<Object>::kFields);
     }
 
 private:
-    template <class Item, class Fields> void Element(const Item& item, Fields fields, bool oneLine) {
-        m_writer.BeginObject(oneLine);
-        fields(*this, item);
-        m_writer.EndObject();
+    template <class Object, class M> void Member(const Object& object, const Field<M>& field) {
+        m_writer.Key(field.name);
+        Value(std::invoke(field.member, object));
+    }
+
+    template <class Object, class M> void Member(const Object& object, const List<M>& list) {
+        m_writer.Key(list.name);
+        m_writer.BeginArray();
+        ForEach(std::invoke(list.member, object), [&](const auto& element) {
+            m_writer.BeginObject(list.oneLine);
+            Fields(element);
+            m_writer.EndObject();
+        });
+        m_writer.EndArray();
+    }
+
+    template <class Each> static void ForEach(const CProjectNode* head, Each each) {
+        for (; head; head = head->m_pNext)
+            each(*head);
+    }
+    template <class Entry, class Each> static void ForEach(const EntryList<Entry>& list, Each each) {
+        for (const Entry entry : list)
+            each(entry);
     }
 
     void Value(int32_t value) { m_writer.Raw(std::to_string(value)); }
     void Value(uint32_t value) { m_writer.Raw(std::to_string(value)); }
     void Value(CTime value) { Value(value.GetTime()); }
     void Value(float value) { m_writer.Raw(jsonfloat::Format(value)); }
-    void Value(std::string_view value) { m_writer.String(cp1252::ToUtf8(value)); }
+    void Value(std::string_view value) { m_writer.String(value); }
     void Value(const SharedText& value) { Value(value.str()); }
     template <class T, size_t N> void Value(const std::array<T, N>& values) {
         m_writer.BeginArray(true);
@@ -146,201 +154,297 @@ private:
 
 // ---- build ----
 
-// Reads the fields of one JSON object. The first problem is kept in the shared error text; after
-// it, nothing more is read.
-class BuildVisitor {
+// Reads the values straight from the JSON reader into the project. Each read consumes its value
+// and gives its problem as the message to show, or "" when there is none. After the first problem
+// in a list the rest of the list is only checked, not built.
+class Builder {
 public:
-    BuildVisitor(const json& object, std::string path, std::string& error)
-        : m_object(object), m_path(std::move(path)), m_error(error) {}
+    explicit Builder(JsonReader& reader) : m_reader(reader) {}
 
-    template <class T> void Field(const char* name, T& value) {
-        if (const json* item = Find(name))
-            Read(*item, value, name, -1);
-    }
-
-    template <class Fields> void List(const char* name, CProjectNode*& head, Fields fields, bool) {
-        const json* array = FindArray(name);
-        if (!array)
-            return;
-        CProjectNode** tail = &head;
-        CProjectNode* previous = nullptr;
-        for (size_t i = 0; i < array->size() && m_error.empty(); ++i) {
-            const json& element = (*array)[i];
-            if (!element.is_object())
-                return Fail(name, int(i), "Objekt erwartet");
-            auto* item = new CProjectNode(NodeDefaults{}); // every stored field comes from the JSON
-            item->m_pPrev = previous;
-            *tail = previous = item;
-            tail = &item->m_pNext;
-            BuildVisitor inner(element, Where(name, int(i)), m_error);
-            fields(inner, *item);
-            inner.RejectOtherKeys();
-        }
-    }
-
-    // The texts of an entry are kept in the visitor of its element until the entry is stored.
-    template <class Entry, class Fields>
-    void List(const char* name, EntryList<Entry>& list, Fields fields, bool) {
-        const json* array = FindArray(name);
-        if (!array)
-            return;
-        typename EntryList<Entry>::Builder builder(array->size());
-        for (size_t i = 0; i < array->size() && m_error.empty(); ++i) {
-            const json& element = (*array)[i];
-            if (!element.is_object())
-                return Fail(name, int(i), "Objekt erwartet");
-            BuildVisitor inner(element, Where(name, int(i)), m_error);
-            Entry entry;
-            fields(inner, entry);
-            inner.RejectOtherKeys();
-            if (m_error.empty() && !builder.Add(entry))
-                return Fail(name, int(i), "Texte der Liste länger als 4 GiB");
-        }
-        list = builder.Finish();
-    }
-
-    void RejectOtherKeys() {
-        if (!m_error.empty() || m_known.size() == m_object.size())
-            return;
-        for (const auto& [key, value] : m_object.items())
-            if (std::find(m_known.begin(), m_known.end(), key) == m_known.end()) {
-                m_error = (m_path.empty() ? "" : m_path + ": ") + "unbekanntes Feld \"" + key + "\"";
-                return;
+    // The object at the reader into object. Its problem is that of the first field in field order:
+    // the field missing or its value wrong; then the smallest unknown key in byte order.
+    template <class Object> std::string ReadObject(Object& object) {
+        constexpr size_t count = kFieldCount<Object>;
+        std::array<bool, count> seen{};
+        std::vector<std::pair<size_t, std::string>> problems;
+        std::optional<std::string> unknown;
+        size_t expected = 0; // keys usually come in field order
+        m_reader.EnterObject();
+        for (bool first = true; m_reader.NextMember(first, m_key); first = false) {
+            const size_t index = FieldIndex(kNamesOf<Object>, m_key, expected);
+            if (index == count) {
+                if (!unknown || m_key < *unknown)
+                    unknown = std::string(m_key);
+                m_reader.SkipValue();
+                continue;
             }
+            expected = index + 1;
+            seen[index] = true;
+            std::erase_if(problems, [index](const auto& problem) { return problem.first == index; });
+            if (std::string problem = (this->*kReadersOf<Object>[index])(object); !problem.empty())
+                problems.emplace_back(index, std::move(problem));
+        }
+        for (size_t index = 0; index < count; ++index) {
+            if (!seen[index])
+                return Where(kNamesOf<Object>[index].data()) + ": Feld fehlt";
+            for (auto& [field, problem] : problems)
+                if (field == index)
+                    return problem;
+        }
+        if (unknown)
+            return (m_path.empty() ? "" : Where(nullptr) + ": ") + "unbekanntes Feld \"" + *unknown + "\"";
+        return {};
     }
 
 private:
-    const json* FindArray(const char* name) {
-        const json* array = Find(name);
-        if (array && !array->is_array()) {
-            Fail(name, -1, "Liste erwartet");
-            return nullptr;
-        }
-        return array;
+    // The place of a list element, for messages.
+    struct Step {
+        const char* list;
+        size_t index;
+    };
+
+    template <size_t N>
+    static size_t FieldIndex(const std::array<std::string_view, N>& names, std::string_view key,
+                             size_t expected) {
+        if (expected < N && names[expected] == key)
+            return expected;
+        return size_t(std::find(names.begin(), names.end(), key) - names.begin());
     }
 
-    const json* Find(const char* name) {
-        if (!m_error.empty())
-            return nullptr;
-        const auto found = m_object.find(name);
-        if (found == m_object.end()) {
-            Fail(name, -1, "Feld fehlt");
-            return nullptr;
-        }
-        m_known.push_back(name);
-        return &*found;
+    template <class Object, size_t I> std::string ReadField(Object& object) {
+        return Read(object, std::get<I>(JsonFields<Object>::kFields));
+    }
+    template <class Object, size_t... I> static constexpr auto ReadersOf(std::index_sequence<I...>) {
+        return std::array{&Builder::ReadField<Object, I>...};
+    }
+    // The function that reads each field, by its place.
+    template <class Object>
+    static constexpr auto kReadersOf = ReadersOf<Object>(std::make_index_sequence<kFieldCount<Object>>());
+
+    template <class Object, class M> std::string Read(Object& object, const Field<M>& field) {
+        return ReadValue(std::invoke(field.member, object), field.name, -1);
+    }
+    template <class Object, class M> std::string Read(Object& object, const List<M>& list) {
+        return ReadList(std::invoke(list.member, object), list.name);
     }
 
-    std::string Where(const char* name, int index) const {
-        std::string where = m_path.empty() ? name : m_path + "." + name;
-        if (index >= 0)
-            where += "[" + std::to_string(index) + "]";
+    // The path of a field (or, without a name, of the object being read): nodes[3].hours[1].remark.
+    std::string Where(const char* name, int index = -1) const {
+        std::string where;
+        const auto add = [&where](const char* part, int subscript) {
+            if (!where.empty())
+                where += '.';
+            where += part;
+            if (subscript >= 0)
+                where.append("[").append(std::to_string(subscript)).append("]");
+        };
+        for (const Step& step : m_path)
+            add(step.list, int(step.index));
+        if (name)
+            add(name, index);
         return where;
     }
 
-    void Fail(const char* name, int index, const std::string& problem) {
-        if (m_error.empty())
-            m_error = Where(name, index) + ": " + problem;
-    }
-
-    template <class Integer> void ReadInteger(const json& item, Integer& value, const char* name, int index) {
+    template <class Integer> std::string ReadInteger(Integer& value, const char* name, int index) {
         using Limits = std::numeric_limits<Integer>;
-        bool fits = false;
-        if (item.is_number_unsigned())
-            fits = item.get<uint64_t>() <= uint64_t(Limits::max());
-        else if (item.is_number_integer())
-            fits = item.get<int64_t>() >= int64_t(Limits::min()) &&
-                   item.get<int64_t>() <= int64_t(Limits::max());
-        if (!fits)
-            return Fail(name, index,
-                        "ganze Zahl von " + std::to_string(Limits::min()) + " bis " +
-                            std::to_string(Limits::max()) + " erwartet");
-        value = item.get<Integer>();
-    }
-
-    void Read(const json& item, int32_t& value, const char* name, int index) {
-        ReadInteger(item, value, name, index);
-    }
-    void Read(const json& item, uint32_t& value, const char* name, int index) {
-        ReadInteger(item, value, name, index);
-    }
-    void Read(const json& item, CTime& value, const char* name, int index) {
-        uint32_t seconds = 0;
-        ReadInteger(item, seconds, name, index);
-        value = CTime(seconds);
-    }
-    void Read(const json& item, float& value, const char* name, int index) {
-        switch (jsonfloat::Parse(item, value)) {
-        case jsonfloat::ParseError::None:
-            return;
-        case jsonfloat::ParseError::NotAFloat:
-            return Fail(name, index,
-                        "Zahl oder \"NaN\", \"Infinity\", \"-Infinity\", \"NaN(0x...)\" erwartet");
-        case jsonfloat::ParseError::OutOfRange:
-            return Fail(name, index, "Zahl außerhalb des Bereichs einer 32-Bit-Gleitkommazahl");
+        if (m_reader.Peek() == JsonKind::Number) {
+            JsonNumber number;
+            m_reader.ReadNumber(number);
+            if (number.kind == JsonNumber::Kind::Unsigned &&
+                number.unsignedValue <= uint64_t(Limits::max())) {
+                value = Integer(number.unsignedValue);
+                return {};
+            }
+            if (number.kind == JsonNumber::Kind::Signed && number.signedValue >= int64_t(Limits::min()) &&
+                number.signedValue <= int64_t(Limits::max())) {
+                value = Integer(number.signedValue);
+                return {};
+            }
+        } else {
+            m_reader.SkipValue();
         }
-    }
-    void Read(const json& item, SharedText& value, const char* name, int index) {
-        std::string text;
-        Read(item, text, name, index);
-        value = text;
-    }
-    void Read(const json& item, std::string_view& value, const char* name, int index) {
-        Read(item, m_texts.emplace_back(), name, index);
-        value = m_texts.back();
-    }
-    void Read(const json& item, std::string& value, const char* name, int index) {
-        if (!item.is_string())
-            return Fail(name, index, "Text erwartet");
-        std::optional<std::string> text = cp1252::FromUtf8(item.get_ref<const std::string&>());
-        if (!text)
-            return Fail(name, index, "Text enthält Zeichen, die Windows-1252 nicht darstellen kann");
-        value = std::move(*text);
-    }
-    template <class T, size_t N>
-    void Read(const json& item, std::array<T, N>& values, const char* name, int) {
-        if (!item.is_array() || item.size() != N)
-            return Fail(name, -1, "Liste mit " + std::to_string(N) + " Werten erwartet");
-        for (size_t i = 0; i < N; ++i)
-            Read(item[i], values[i], name, int(i));
+        return Where(name, index) + ": ganze Zahl von " + std::to_string(Limits::min()) + " bis " +
+               std::to_string(Limits::max()) + " erwartet";
     }
 
-    const json& m_object;
-    std::string m_path;
-    std::string& m_error;
-    std::vector<std::string_view> m_known;
-    std::deque<std::string> m_texts;
+    std::string ReadValue(int32_t& value, const char* name, int index) {
+        return ReadInteger(value, name, index);
+    }
+    std::string ReadValue(uint32_t& value, const char* name, int index) {
+        return ReadInteger(value, name, index);
+    }
+    std::string ReadValue(CTime& value, const char* name, int index) {
+        uint32_t seconds = 0;
+        std::string problem = ReadInteger(seconds, name, index);
+        value = CTime(seconds);
+        return problem;
+    }
+
+    std::string ReadValue(float& value, const char* name, int index) {
+        jsonfloat::ParseError result = jsonfloat::ParseError::NotAFloat;
+        switch (m_reader.Peek()) {
+        case JsonKind::Number: {
+            JsonNumber number;
+            m_reader.ReadNumber(number);
+            result = jsonfloat::FromNumber(number.AsDouble(), value);
+            break;
+        }
+        case JsonKind::String:
+            m_reader.ReadUtf8(m_text);
+            result = jsonfloat::FromString(m_text, value);
+            break;
+        default:
+            m_reader.SkipValue();
+        }
+        switch (result) {
+        case jsonfloat::ParseError::None:
+            return {};
+        case jsonfloat::ParseError::NotAFloat:
+            return Where(name, index) +
+                   ": Zahl oder \"NaN\", \"Infinity\", \"-Infinity\", \"NaN(0x...)\" erwartet";
+        case jsonfloat::ParseError::OutOfRange:
+            break;
+        }
+        return Where(name, index) + ": Zahl außerhalb des Bereichs einer 32-Bit-Gleitkommazahl";
+    }
+
+    std::string ReadValue(std::string& value, const char* name, int index) {
+        if (m_reader.Peek() != JsonKind::String) {
+            m_reader.SkipValue();
+            return Where(name, index) + ": Text erwartet";
+        }
+        if (!m_reader.ReadText(value))
+            return Where(name, index) + ": Text enthält Zeichen, die Windows-1252 nicht darstellen kann";
+        return {};
+    }
+    std::string ReadValue(SharedText& value, const char* name, int index) {
+        std::string problem = ReadValue(m_text, name, index);
+        value = SharedText(m_text);
+        return problem;
+    }
+    // An entry's text stays in the builder until its list is made.
+    std::string ReadValue(std::string_view& value, const char* name, int index) {
+        if (m_entryTextsUsed == m_entryTexts.size())
+            m_entryTexts.emplace_back();
+        std::string& text = m_entryTexts[m_entryTextsUsed++];
+        std::string problem = ReadValue(text, name, index);
+        value = text;
+        return problem;
+    }
+
+    // A list of a fixed length: the length is checked before the values.
+    template <class T, size_t N> std::string ReadValue(std::array<T, N>& values, const char* name, int) {
+        std::string problem;
+        size_t count = 0;
+        if (m_reader.Peek() == JsonKind::Array) {
+            m_reader.EnterArray();
+            for (bool first = true; m_reader.NextElement(first); first = false, ++count) {
+                if (count >= N) {
+                    m_reader.SkipValue();
+                } else if (std::string wrong = ReadValue(values[count], name, int(count)); problem.empty()) {
+                    problem = std::move(wrong);
+                }
+            }
+        } else {
+            m_reader.SkipValue();
+        }
+        return count == N ? problem : Where(name) + ": Liste mit " + std::to_string(N) + " Werten erwartet";
+    }
+
+    std::string ReadList(CProjectNode*& head, const char* name) {
+        FreeNodeList(std::exchange(head, nullptr)); // of a repeated key the last list counts
+        CProjectNode** tail = &head;
+        CProjectNode* previous = nullptr;
+        return ReadElements(name, [&] {
+            auto* node = new CProjectNode(NodeDefaults{}); // every stored field comes from the JSON
+            node->m_pPrev = previous;
+            *tail = previous = node;
+            tail = &node->m_pNext;
+            return ReadObject(*node);
+        });
+    }
+
+    template <class Entry> std::string ReadList(EntryList<Entry>& list, const char* name) {
+        std::vector<Entry>& entries = EntriesBeingRead<Entry>();
+        entries.clear();
+        m_entryTextsUsed = 0;
+        if (std::string problem = ReadElements(name, [&] { return ReadObject(entries.emplace_back()); });
+            !problem.empty())
+            return problem;
+        typename EntryList<Entry>::Builder builder(entries.size());
+        for (size_t i = 0; i < entries.size(); ++i)
+            if (!builder.Add(entries[i]))
+                return Where(name, int(i)) + ": Texte der Liste länger als 4 GiB";
+        list = builder.Finish();
+        return {};
+    }
+
+    template <class ReadElement> std::string ReadElements(const char* name, ReadElement readElement) {
+        if (m_reader.Peek() != JsonKind::Array) {
+            m_reader.SkipValue();
+            return Where(name) + ": Liste erwartet";
+        }
+        std::string problem;
+        size_t index = 0;
+        m_reader.EnterArray();
+        for (bool first = true; m_reader.NextElement(first); first = false, ++index) {
+            if (!problem.empty()) {
+                m_reader.SkipValue();
+            } else if (m_reader.Peek() != JsonKind::Object) {
+                m_reader.SkipValue();
+                problem = Where(name, int(index)) + ": Objekt erwartet";
+            } else {
+                m_path.push_back({name, index});
+                problem = readElement();
+                m_path.pop_back();
+            }
+        }
+        return problem;
+    }
+
+    template <class Entry> std::vector<Entry>& EntriesBeingRead() {
+        if constexpr (std::is_same_v<Entry, CHoursEntry>)
+            return m_hours;
+        else
+            return m_costs;
+    }
+
+    JsonReader& m_reader;
+    std::vector<Step> m_path;
+    std::string_view m_key;
+    std::string m_text;
+    // The entries of the list being read and their texts; reused from list to list.
+    std::vector<CHoursEntry> m_hours;
+    std::vector<CCostEntry> m_costs;
+    std::deque<std::string> m_entryTexts;
+    size_t m_entryTextsUsed = 0;
 };
 
 } // namespace
 
 void WriteProjectJson(const ProjectContent& content, std::ostream& out) {
     JsonWriter writer(out);
-    DumpVisitor visitor(writer);
     writer.BeginObject();
-    ContentJson(visitor, content);
+    Dumper(writer).Fields(content);
     writer.EndObject();
 }
 
-bool ProjectFromJson(std::string_view text, ProjectContent& content, std::string& error) {
-    json root;
-    try {
-        root = json::parse(text);
-    } catch (const json::parse_error& e) {
-        error = std::string("kein gültiges JSON: ") + e.what();
-        return false;
-    }
-    if (!root.is_object()) {
-        error = "kein JSON-Objekt";
-        return false;
-    }
+bool ProjectFromJson(const JsonPieceReader& read, ProjectContent& content, std::string& error) {
+    JsonReader reader(read);
     ProjectContent built;
-    error.clear();
-    BuildVisitor visitor(root, "", error);
-    ContentJson(visitor, built);
-    visitor.RejectOtherKeys();
-    if (!error.empty())
+    std::string problem = "kein JSON-Objekt";
+    if (reader.Peek() == JsonKind::Object)
+        problem = Builder(reader).ReadObject(built);
+    else
+        reader.SkipValue();
+    reader.ExpectEnd();
+    // A text that is no JSON at all says so first, whatever else is wrong in it.
+    if (reader.Failed())
+        problem = "kein gültiges JSON: " + reader.Error();
+    if (!problem.empty()) {
+        error = problem;
         return false;
+    }
     content = std::move(built);
     return true;
 }

@@ -252,6 +252,46 @@ TEST_F(CliTest, BuildRejectsBadValuesNamingTheFieldAndLeavesNoOutput) {
     }
 }
 
+// The independent library writes keys sorted by name, so "nodes" comes before "zoom" here: the
+// message still names the problem of the first field in file order, and a syntax error anywhere
+// comes before both.
+TEST_F(CliTest, BuildNamesTheFirstProblemInFieldOrderWhateverTheKeyOrder) {
+    json both = DumpOfRichProject();
+    both["zoom"] = -1;
+    both["nodes"][1]["title"] = "Ω";
+    json node = DumpOfRichProject();
+    node["nodes"][1].erase("hours");
+    node["nodes"][1]["zz"] = 1;
+    node["nodes"][1]["Menge"] = 1;
+    json unknown = DumpOfRichProject();
+    unknown["nodes"][1]["zz"] = 1;
+    unknown["nodes"][1]["Menge"] = 1;
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {both.dump(), "zoom: ganze Zahl"},
+        {node.dump(), "nodes[1].hours: Feld fehlt"},
+        {unknown.dump(), "nodes[1]: unbekanntes Feld \"Menge\""},
+        {both.dump() + " x", "kein gültiges JSON: Zeile 1, Spalte "},
+        {"{\"zoom\": 1e400}", "kein gültiges JSON: Zeile 1, Spalte 15: Zahl zu groß"},
+        {"[]", "kein JSON-Objekt"},
+    };
+    for (const auto& [text, message] : cases) {
+        WriteFile(PathOf("in.json"), text);
+        const CliRun build = Run({"build", PathOf("in.json"), PathOf("b.VT5")});
+        EXPECT_EQ(build.status, 2) << message;
+        EXPECT_EQ(build.err.find(PathOf("in.json") + ": " + message), 0u) << build.err;
+    }
+}
+
+// Of a key given twice the last value counts, as in the independent library; a byte order mark is
+// passed over.
+TEST_F(CliTest, BuildTakesTheLastOfARepeatedKeyAndAByteOrderMark) {
+    std::string text = DumpOfRichProject().dump();
+    text.insert(1, "\"zoom\": -1, \"nodes\": [{}], ");
+    WriteFile(PathOf("in.json"), "\xEF\xBB\xBF" + text);
+    ASSERT_EQ(Run({"build", PathOf("in.json"), PathOf("b.VT5")}).status, 0);
+    EXPECT_EQ(ReadFileBytes(PathOf("b.VT5")), ReadFileBytes(PathOf("a.VT5")));
+}
+
 TEST_F(CliTest, SampleProjectJsonBuildsTheCommittedFile) {
     const fs::path examples = fs::path(VELTO_SOURCE_DIR) / "examples";
     ASSERT_EQ(Run({"build", (examples / "Beispielprojekt.json").string(), PathOf("b.VT5")}).status, 0);
