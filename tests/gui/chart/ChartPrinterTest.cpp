@@ -96,11 +96,6 @@ TEST_F(ChartPrinterTest, TimelinePagesRepeatTheHeaderAndCarryEveryRowFromTheSele
     EXPECT_EQ(Occurrences(all, TaskTitle(9)), 0);
     for (int i = 10; i < 60; ++i)
         EXPECT_EQ(Occurrences(all, TaskTitle(i)), 1) << TaskTitle(i);
-
-    // Portrait pages are taller: fewer of them.
-    QPdfWriter portrait(QString::fromStdString(Pdf("portrait.pdf")));
-    portrait.setPageSize(QPageSize(QPageSize::A4));
-    EXPECT_LT(PrintTimeline(chart, portrait, *what), pageCount);
 }
 
 TEST_F(ChartPrinterTest, MindMapTakesTheChosenPagesAndShowsEveryTitle) {
