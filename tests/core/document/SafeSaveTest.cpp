@@ -105,7 +105,6 @@ const FailurePoint kFailurePoints[] = {
      Outcome::NotWritten,
      "Festplatte voll!"},
     {"Bk4Refused", {{Op::Rename, ".BK5", EACCES}}, Outcome::NotWritten, "Datei kann nicht angelegt werden!"},
-    {"Bk1Refused", {{Op::Rename, ".BK2", EACCES}}, Outcome::NotWritten, "Datei kann nicht angelegt werden!"},
     {"Bk0Refused", {{Op::Rename, ".BK1", EBUSY}}, Outcome::NotWritten, "Datei kann nicht angelegt werden!"},
     {"Replace", {{Op::Rename, "Plan.VT5", EACCES}}, Outcome::NotReplaced, "Die Datei \""},
     {"KeptToBk0", {{Op::Rename, ".BK0", EIO}}, Outcome::Saved},

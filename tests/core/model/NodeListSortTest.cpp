@@ -48,18 +48,6 @@ std::string Sorted(const std::vector<NodeSpec>& specs, bool byDue, bool ascendin
     return Outline(tree.first);
 }
 
-TEST(NodeListSort, SiblingsMoveWithTheirSubtreesByTheChosenDateAndDirection) {
-    const std::vector<NodeSpec> nested{{0, "R"},         {1, "A", 0, 300}, {2, "a2", 0, 20}, {2, "a1", 0, 10},
-                                       {1, "B", 0, 100}, {1, "C", 0, 200}, {2, "c", 0, 5}};
-    EXPECT_EQ(Sorted(nested, false, false), "0:R 1:A 2:a2 2:a1 1:C 2:c 1:B");
-    EXPECT_EQ(Sorted(nested, false, true), "0:R 1:B 1:C 2:c 1:A 2:a1 2:a2");
-    const std::vector<NodeSpec> datesDisagree{{0, "R"}, {1, "A", 0, 10, 900}, {1, "B", 0, 20, 800}};
-    EXPECT_EQ(Sorted(datesDisagree, true, true), "0:R 1:B 1:A");
-    EXPECT_EQ(Sorted(datesDisagree, false, true), "0:R 1:A 1:B");
-    EXPECT_EQ(Sorted({{0, "R", 0, 10}, {1, "r"}, {0, "S", 0, 20}, {1, "s"}}, false, false),
-              "0:S 1:s 0:R 1:r");
-}
-
 TEST(NodeListSort, VeryDeepNestingNeitherRecursesNorLosesNodes) {
     std::vector<NodeSpec> specs;
     std::string expected = "0:n 1:sibling";

@@ -228,19 +228,6 @@ TEST(NodeListShow, CollapseAllSelectsTheHeadAndExpandAllKeepsTheSelection) {
     EXPECT_EQ(Flagged(tree.first, &CProjectNode::m_bSelected), "B");
 }
 
-TEST(NodeListQuery, CountChildrenAndSubtreeBounds) {
-    TestTree tree{{0, "R"}, {1, "A"}, {3, "a"}, {2, "b"}, {1, "B"}};
-    EXPECT_EQ(CountNodes(tree.first), 5);
-    EXPECT_EQ(CountNodes(nullptr), 0);
-    EXPECT_TRUE(HasChildren(tree["A"]));
-    EXPECT_FALSE(HasChildren(tree["b"]));
-    EXPECT_FALSE(HasChildren(tree["B"]));
-    EXPECT_EQ(SubtreeEnd(tree["A"]), tree["B"]);
-    EXPECT_EQ(SubtreeLast(tree["A"]), tree["b"]);
-    EXPECT_EQ(SubtreeEnd(tree.first), nullptr);
-    EXPECT_EQ(SubtreeLast(tree["B"]), tree["B"]);
-}
-
 } // namespace
 
 } // namespace velto
