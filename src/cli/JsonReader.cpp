@@ -258,12 +258,7 @@ JsonKind JsonReader::Peek() {
     return JsonKind::Invalid;
 }
 
-void JsonReader::EnterObject() {
-    if (!Failed())
-        ++m_pos;
-}
-
-void JsonReader::EnterArray() {
+void JsonReader::Enter() {
     if (!Failed())
         ++m_pos;
 }
@@ -324,7 +319,7 @@ void JsonReader::SkipValue() {
         case JsonKind::Object:
         case JsonKind::Array:
             open.push_back(m_window[m_pos] == '{' ? '}' : ']');
-            ++m_pos;
+            Enter();
             first = true;
             break;
         case JsonKind::String: {

@@ -37,13 +37,12 @@ public:
     // Invalid, and a syntax error, when no value starts there.
     JsonKind Peek();
 
-    // At an object: steps inside. NextMember then reads the next key (as UTF-8, valid until the
-    // next call) and its colon, or steps past the closing brace and returns false. first: no member
-    // was read before.
-    void EnterObject();
+    // At an object or an array: steps inside. In an object NextMember then reads the next key (as
+    // UTF-8, valid until the next call) and its colon, or steps past the closing brace and returns
+    // false; in an array NextElement returns true when a value follows, false past the ']'. first:
+    // nothing was read inside before.
+    void Enter();
     bool NextMember(bool first, std::string_view& key);
-    // At an array: steps inside. NextElement returns true when a value follows, false past the ']'.
-    void EnterArray();
     bool NextElement(bool first);
 
     // Reads a string value into text as Windows-1252; false when a character has no byte there

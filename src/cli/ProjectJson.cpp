@@ -2,7 +2,6 @@
 
 #include "JsonFloat.h"
 #include "JsonWriter.h"
-#include "model/Cp1252.h"
 #include "model/NodeList.h"
 
 #include <algorithm>
@@ -169,7 +168,7 @@ public:
         std::vector<std::pair<size_t, std::string>> problems;
         std::optional<std::string> unknown;
         size_t expected = 0; // keys usually come in field order
-        m_reader.EnterObject();
+        m_reader.Enter();
         for (bool first = true; m_reader.NextMember(first, m_key); first = false) {
             const size_t index = FieldIndex(kNamesOf<Object>, m_key, expected);
             if (index == count) {
@@ -337,7 +336,7 @@ private:
         std::string problem;
         size_t count = 0;
         if (m_reader.Peek() == JsonKind::Array) {
-            m_reader.EnterArray();
+            m_reader.Enter();
             for (bool first = true; m_reader.NextElement(first); first = false, ++count) {
                 if (count >= N) {
                     m_reader.SkipValue();
@@ -386,7 +385,7 @@ private:
         }
         std::string problem;
         size_t index = 0;
-        m_reader.EnterArray();
+        m_reader.Enter();
         for (bool first = true; m_reader.NextElement(first); first = false, ++index) {
             if (!problem.empty()) {
                 m_reader.SkipValue();

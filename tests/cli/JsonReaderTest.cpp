@@ -144,7 +144,7 @@ TEST(JsonReader, ReadsTextsAsWindows1252AndTellsWhatDoesNotFit) {
         JsonReader reader(Pieces(text, window), window);
         std::string first, second;
         reader.Peek();
-        reader.EnterArray();
+        reader.Enter();
         ASSERT_TRUE(reader.NextElement(true));
         reader.Peek();
         EXPECT_TRUE(reader.ReadText(first));
